@@ -1,0 +1,48 @@
+# Two entry points for a fresh Debian 12 machine:
+#   make run   installs what is missing, builds in Release and starts velorin
+#   make test  installs what is missing, builds and runs every test
+# (plus the sanitizer build of the core tests).
+
+BUILD      ?= build
+BUILD_SAN  ?= build-san
+JOBS       ?= $(shell nproc)
+SUDO       := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
+
+PAQUETS := cmake g++ make pkg-config qt6-base-dev qt6-svg-dev qt6-translations-l10n \
+           libgtest-dev libgmock-dev libbenchmark-dev libmuparser-dev \
+           xvfb xauth xdotool
+# A package is missing when dpkg does not report it installed.
+MANQUANTS = $(shell for p in $(PAQUETS); do dpkg-query -W -f='$${Status}\n' $$p 2>/dev/null | grep -q 'install ok installed' || echo $$p; done)
+
+.PHONY: deps build run test bench clean
+
+deps:
+	@m="$(MANQUANTS)"; if [ -n "$$m" ]; then \
+	  echo "Installation de : $$m"; \
+	  $(SUDO) apt-get update && DEBIAN_FRONTEND=noninteractive $(SUDO) apt-get install -y $$m; \
+	fi
+
+build: deps
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release
+	cmake --build $(BUILD) -j $(JOBS)
+
+run: build
+	@if [ -n "$$DISPLAY$$WAYLAND_DISPLAY" ]; then \
+	  $(BUILD)/velorin; \
+	else \
+	  echo "Pas d'écran (ni DISPLAY ni WAYLAND_DISPLAY) : travail sans fenêtre."; \
+	  $(BUILD)/velorin sansfenetre; \
+	fi
+
+test: build
+	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+	cmake -S . -B $(BUILD_SAN) -DCMAKE_BUILD_TYPE=Debug -DVELORIN_SANITIZE=ON
+	cmake --build $(BUILD_SAN) -j $(JOBS) --target core_tests
+	cd $(BUILD_SAN) && ctest --output-on-failure -j $(JOBS)
+
+bench: deps
+	cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DVELORIN_BENCH=ON
+	cmake --build build-bench -j $(JOBS)
+
+clean:
+	rm -rf $(BUILD) $(BUILD_SAN) build-bench

@@ -1,0 +1,17 @@
+// The formula engine's globals: the three formulas of the current function,
+// the point the last evaluation left, and the kind of the current function.
+#pragma once
+#include <string>
+
+namespace velorin {
+
+struct GlobalesMoteur {
+    std::string formuleF1, formuleF2, formuleF3;
+    double pointX = 0, pointY = 0, pointZ = 0;
+    int genreCourbe = 0;
+    // Set when an evaluation met unbalanced brackets: the message to show
+    // ("Formule incorrecte" or "Formule incorrecte,désolé"); empty otherwise.
+    std::string erreurFormule;
+};
+
+}  // namespace velorin

@@ -1,0 +1,42 @@
+// The whole state of one Velorin session, owned by one object and passed by
+// reference. A test builds a fresh state with `velorin::Etat etat;`.
+#pragma once
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "engine/globales.h"
+#include "settings/couleurs.h"
+#include "settings/parametres.h"
+#include "view/vue.h"
+#include "plot/table_courbes.h"
+
+namespace velorin {
+
+// Window state kept between commands.
+struct EtatFenetre {
+    std::string cheminEspaceCourbes, cheminEspaceFig, cheminPlanCourbes, cheminPlanFig;
+    std::string dossierCourbes, dossierFig;   // the folders in force (end with '/')
+    std::string fichierCatalogue = "Lisurf.lsu";
+    bool modeEspace = true;
+    bool modePlan = false;                    // always !modeEspace
+    bool pauseActive = true;
+    bool inversionVideo = false;
+    int choixReglage = 0;                     // 0..6: Xv Yv Zv Xd Yd Zd Rotadir
+    double largeurVue = 0, hauteurVue = 0;
+    int Cht = 0, Trt = 0;
+    int tics = 0;                             // tenths of a second of tracing
+    void metsModeEspace(bool espace) { modeEspace = espace; modePlan = !espace; }
+};
+
+struct Etat {
+    Parametres param;
+    CouleursDefaut defaut;
+    SchemaCouleurs couleurs;
+    EtatFenetre fenetre;
+    GlobalesMoteur moteur;
+    Vue vue;
+    TableCourbes courbes;
+};
+
+}  // namespace velorin

@@ -1,0 +1,46 @@
+// The one drawing surface that all drawing goes through, in surface units
+// (twips: 15 per pixel at 96 dpi), origin at the top left, y downwards.
+// Implementations: the QPainter one of the program (window bitmap, image, SVG,
+// PDF, printer) and the recording one (tests, text journal).
+#pragma once
+#include <string>
+
+#include "settings/couleurs.h"
+
+namespace velorin {
+
+class Surface {
+public:
+    virtual ~Surface() = default;
+
+    // Segment in `couleur` with the current DrawWidth and DrawStyle; the
+    // current position moves to (x2, y2).
+    virtual void Line(double x1, double y1, double x2, double y2, Couleur couleur) = 0;
+    // One point; the current position moves to (x, y).
+    virtual void PSet(double x, double y, Couleur couleur) = 0;
+    // Circle outline.
+    virtual void Circle(double x, double y, double rayon, Couleur couleur) = 0;
+    // Text at (CurrentX, CurrentY) in ForeColor with the current font.
+    virtual void Print(const std::string& texte) = 0;
+    // Clears the whole surface to `fond`.
+    virtual void Clear(Couleur fond) = 0;
+    // Surface size in twips.
+    virtual double Width() const = 0;
+    virtual double Height() const = 0;
+    // Width and height of a text in the current font, in twips (for layout).
+    virtual double TextWidth(const std::string& texte) const = 0;
+    virtual double TextHeight() const = 0;
+
+    // Pen and font state; stays in force until changed.
+    double CurrentX = 0, CurrentY = 0;
+    Couleur ForeColor = 0;
+    int DrawWidth = 1;   // pixels
+    int DrawStyle = 0;   // 0 solid, 2 dotted
+    std::string FontName = "Arial";
+    double FontSize = 8; // points
+};
+
+// The 16-colour console palette (QBColor 0..15).
+Couleur QBColor(int index);
+
+}  // namespace velorin
