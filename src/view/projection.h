@@ -1,0 +1,28 @@
+// Viewing model: the viewing set-up, the projection of a point of space or of
+// the plane onto the surface, and the calibration after a change of the
+// window size or of the ranges.
+#pragma once
+#include "settings/parametres.h"
+#include "view/vue.h"
+
+namespace velorin {
+
+double normeCarree(double a, double b, double c);
+void produitVectoriel(double a1, double a2, double a3, double b1, double b2, double b3,
+                      double& c1, double& c2, double& c3);
+double cosinusAngle(double a, double b, double c);
+
+// Centre of the picture plane and the two reference points (space mode only).
+void prepareVue(const Parametres& p, bool modeEspace, Vue& v);
+
+// Projects (x, y, z) onto the surface. Returns false when the point cannot be
+// projected (a point at the viewer): the caller does not draw it.
+bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, double y, double z,
+              double& sx, double& sy);
+
+// Calibration for the surface size v.W x v.H. Returns false when the ranges
+// are refused: the bounds are then reset to -10 and 10 and the caller shows
+// "Pas pochible,je rétablis la base [-10,10 ]".
+bool calibre(Parametres& p, Vue& v, bool modeEspace);
+
+}  // namespace velorin
