@@ -9,6 +9,7 @@
 #include "settings/couleurs.h"
 #include "settings/parametres.h"
 #include "view/vue.h"
+#include "plot/etat_trace.h"
 #include "plot/table_courbes.h"
 
 namespace velorin {
@@ -37,6 +38,7 @@ struct Etat {
     GlobalesMoteur moteur;
     Vue vue;
     TableCourbes courbes;
+    EtatTrace trace;
 };
 
 }  // namespace velorin
