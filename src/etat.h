@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/catalogue.h"
 #include "engine/globales.h"
 #include "settings/couleurs.h"
 #include "settings/parametres.h"
@@ -39,6 +40,7 @@ struct Etat {
     Vue vue;
     TableCourbes courbes;
     EtatTrace trace;
+    Catalogue catalogue;          // the catalogue file in force
 };
 
 }  // namespace velorin

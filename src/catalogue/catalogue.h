@@ -1,0 +1,66 @@
+// The catalogue file: fixed records of 302 bytes, numbered from 1, record n
+// at byte (n - 1) * 302, no header. A record is the kind of the entry (signed
+// 16-bit little-endian; 0 or less marks a deleted record) followed by the
+// entry text, 300 Windows-1252 bytes padded with blanks. In memory the text
+// is UTF-8.
+//
+// The file is not kept open: every operation opens it, does its work and
+// closes it, so that the count always follows the file on disk. Failures
+// are returned as a French message; nothing is thrown and a failing write
+// leaves the file as it was (a record is written in place, the file is
+// never truncated).
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velorin {
+
+constexpr int tailleEnregistrement = 302;
+constexpr int longueurTexte = 300;
+constexpr const char* enteteListeCatalogue = " Listes des courbes ou surfaces";
+
+struct LigneCatalogue {
+    std::int16_t typeFonction = 0;
+    std::string texte;  // UTF-8; as read: 300 characters with the padding
+};
+
+struct Catalogue {
+    std::string chemin;               // full path of the catalogue in force
+    int nbLignesCatalogue = 0;        // whole records in the file
+    // One byte per record, index 1..nbLignesCatalogue (index 0 unused);
+    // resized keeping its contents at each opening.
+    std::vector<std::uint8_t> marquesCatalogue = std::vector<std::uint8_t>(1, 0);
+};
+
+// Takes `chemin` as the catalogue in force, creating an empty file when it
+// does not exist, and counts its records (a trailing partial record is
+// ignored). On failure the catalogue keeps its previous path and count.
+std::optional<std::string> ouvrirCatalogue(Catalogue& cat, const std::string& chemin);
+// Opens again the catalogue in force (the count follows the file on disk).
+std::optional<std::string> ouvrirCatalogue(Catalogue& cat);
+
+// Kind 0 and an all-blank text.
+void viderLigne(LigneCatalogue& ligne);
+
+// Reads record n (1..nbLignesCatalogue).
+std::optional<std::string> lisLigne(const Catalogue& cat, int n, LigneCatalogue& ligne);
+// Writes record n (1..nbLignesCatalogue + 1; the last value appends). The
+// text is converted to Windows-1252, cut or padded to 300 bytes.
+std::optional<std::string> ecrisLigne(Catalogue& cat, int n, const LigneCatalogue& ligne);
+
+// The list of the catalogue: reopens it, then item 0 is the header line and
+// item n is record n: n as "0000", "]", the 300-character text, "[", the
+// kind as "00". When the catalogue cannot be read, the list holds the header
+// and the records read so far, and `erreur` (if given) receives the message.
+std::vector<std::string> listerCatalogue(Catalogue& cat, std::optional<std::string>* erreur = nullptr);
+
+// The list line of one record (item n of the list above).
+std::string ligneListeCatalogue(int n, const LigneCatalogue& ligne);
+
+// An integer on at least `chiffres` digits with leading zeros, the sign in
+// front of them ("00" gives "07", "-07"; "0000" gives "0012", "12345").
+std::string entierFormate(long long valeur, int chiffres);
+
+}  // namespace velorin
