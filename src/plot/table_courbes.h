@@ -1,18 +1,87 @@
 // The drawn-curves table: one row of 32 values per drawn curve, enough to
 // redraw the curve exactly as first drawn. The column order is also the
-// order of the figure file.
+// order of the figure file (its values 1 to 32 are the columns 0 to 31).
 #pragma once
 #include <array>
 #include <cstdint>
+#include <string>
 #include <vector>
+
+#include "settings/couleurs.h"
 
 namespace velorin {
 
-using LigneCourbe = std::array<double, 32>;
+struct Etat;
+
+// Columns of a row (0-based). Colours are stored as their 24-bit value,
+// check boxes as 0 or 1, ordreBoucles as 0..3, avecMoirure as 0 or 1.
+enum ColonneCourbe : int {
+    // The seven curve and projection colours of the colour scheme.
+    colCouleurTrace,
+    colCouleurProjXOy,
+    colCouleurProjXOz,
+    colCouleurProjYOz,
+    colCouleurProjOx,
+    colCouleurProjOy,
+    colCouleurProjOz,
+    // Ranges and steps of t and a.
+    colTmin,
+    colTmax,
+    colPasT,
+    colAmin,
+    colAmax,
+    colPasA,
+    // Drawing flags.
+    colTraceContinu,
+    colProjXOy,
+    colProjXOz,
+    colProjYOz,
+    colProjOx,
+    colProjOy,
+    colProjOz,
+    colAvecRayon,
+    // Calculation counts.
+    colNbrCalX,
+    colNbrCalY,
+    colNbrCalZ,
+    // The remaining colours and flags.
+    colCouleurFamille,
+    colCouleurTangente,
+    colCouleurRayon,
+    colAvecSegmentTangent,
+    colOrdreBoucles,
+    colAvecMoirure,
+    // What was drawn: the catalogue record number and the kind it had.
+    colNumero,
+    colTypeFonction,
+    nbColonnesCourbe
+};
+static_assert(nbColonnesCourbe == 32, "a row of the drawn-curves table holds 32 values");
+
+using LigneCourbe = std::array<double, nbColonnesCourbe>;
 
 struct TableCourbes {
-    std::vector<LigneCourbe> lignes;
-    std::int16_t nbCourbes = 0;
+    std::vector<LigneCourbe> lignes;   // row i of the user is lignes[i - 1]
+    std::int16_t nbCourbes = 0;        // rows in use (== lignes.size())
 };
+
+// The row of the drawing values in force for record `numero` of kind `type`.
+LigneCourbe ligneDepuisParametres(const Etat& etat, int numero, int type);
+// Copies the drawing values of a row back into the parameters and colours.
+void appliqueLigne(const LigneCourbe& ligne, Etat& etat);
+
+// Adds a row at the end (nbCourbes follows) and returns its number (1-based).
+int ajouteCourbe(TableCourbes& table, const LigneCourbe& ligne);
+// Forgets every drawn curve.
+void videCourbes(TableCourbes& table);
+
+// Name of a curve colour in the list of drawn curves: "En noir:", "En rouge:",
+// "En vert:", "En bleu:", "En jaune:", "En blanc:", or "En panaché" for any
+// other value.
+std::string nomCouleur(Couleur couleur);
+// Line of drawn curve i (1-based) in the list of drawn curves: the kind as
+// "00", "/", the curve number as "000 " and the colour name, e.g.
+// "01/003 En rouge:".
+std::string ligneCourbeTracee(const TableCourbes& table, int i);
 
 }  // namespace velorin

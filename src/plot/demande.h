@@ -1,0 +1,59 @@
+// The plot request: draws one entry of the catalogue in force, remembering it
+// in the drawn-curves table, and the redraw of everything already drawn.
+#pragma once
+#include <string>
+
+#include "etat.h"
+#include "plot/crochets.h"
+#include "view/surface.h"
+
+namespace velorin {
+
+// Colour mode of a multiple sending from the list of available curves:
+// "Unique" draws every entry in the curve colour in force; "Cycle" gives each
+// entry of the selection its own colour (couleurCycle). The list sets it in
+// the options of each request of the sending.
+enum class ModeCouleurs { Unique, Cycle };
+
+struct OptionsTrace {
+    // 0: a new curve, whose row is filled from the drawing values in force.
+    // i >= 1: redraw of drawn curve i with the values stored in its row.
+    int ligne = 0;
+    ModeCouleurs couleurs = ModeCouleurs::Unique;
+    int rang = 0;  // rank of the entry in a multiple sending (0 for the first)
+};
+
+struct ResultatTrace {
+    bool trace = false;        // a tracer ran (completely or until interrupted)
+    bool interrompu = false;   // the user stopped the tracing
+    int ligne = 0;             // row of the drawn-curves table drawn (0: none)
+    std::string message;       // French message to show, empty when none
+    std::string legende;       // caption shown during the tracing
+    double dureeMs = 0;        // tracing time, measured by the core
+};
+
+// Draws record `numero` of etat.catalogue. A new curve gets a new row only
+// when it passes the bracket test. Whatever happens, the drawing values and
+// colours in force are the same afterwards as before: a redraw borrows the
+// row's values for its tracing only, so that redrawing everything (zoom,
+// rotation, resize) never changes the settings the user chose.
+ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const OptionsTrace& options,
+                           const CrochetsTrace& crochets);
+
+// Redraws every row of the drawn-curves table, in order, with its stored
+// values. Stops at an interruption. Returns the messages met, one a line
+// (empty when none).
+std::string retraceTout(Etat& etat, Surface& surface, const CrochetsTrace& crochets);
+
+// Curve colour of the entry of rank `rang` in a "Cycle" sending: rank 0 keeps
+// `couleurEnCours`, the next ranks run through red, green, blue, yellow,
+// cyan, magenta, orange, then again.
+Couleur couleurCycle(const CouleursDefaut& defaut, Couleur couleurEnCours, int rang);
+
+// Caption during the tracing: "[" + entry text (trailing blanks dropped) +
+// "]" + " TRACE DE COURBES...".
+std::string legendeTrace(const std::string& texteEntree);
+// Caption after it: the caption + "__" + tenths of a second as "00.00".
+std::string legendeFinTrace(const std::string& legende, int dixiemes);
+
+}  // namespace velorin
