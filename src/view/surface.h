@@ -20,9 +20,12 @@ public:
     virtual void PSet(double x, double y, Couleur couleur) = 0;
     // Circle outline.
     virtual void Circle(double x, double y, double rayon, Couleur couleur) = 0;
-    // Text at (CurrentX, CurrentY) in ForeColor with the current font.
+    // Text (UTF-8) with the top left corner of its first line at
+    // (CurrentX, CurrentY), in ForeColor with the current font. Afterwards
+    // the position goes to the start of the next line: CurrentX = 0 and
+    // CurrentY grows by TextHeight(), so successive Prints step down.
     virtual void Print(const std::string& texte) = 0;
-    // Clears the whole surface to `fond`.
+    // Clears the whole surface to `fond`; the position goes back to (0, 0).
     virtual void Clear(Couleur fond) = 0;
     // Surface size in twips.
     virtual double Width() const = 0;
@@ -30,6 +33,10 @@ public:
     // Width and height of a text in the current font, in twips (for layout).
     virtual double TextWidth(const std::string& texte) const = 0;
     virtual double TextHeight() const = 0;
+    // Puts on the device whatever the surface still holds back (a surface
+    // may gather consecutive segments into one polyline). Call it before the
+    // picture is shown, saved or printed; drawing may go on afterwards.
+    virtual void Acheve() {}
 
     // Pen and font state; stays in force until changed.
     double CurrentX = 0, CurrentY = 0;

@@ -1,0 +1,179 @@
+#include "view/surface_enregistreuse.h"
+
+#include <charconv>
+
+namespace velorin {
+
+std::size_t nombreCaracteres(const std::string& texte)
+{
+    std::size_t n = 0;
+    for (unsigned char c : texte)
+        if ((c & 0xC0) != 0x80)  // not a continuation byte
+            ++n;
+    return n;
+}
+
+SurfaceEnregistreuse::SurfaceEnregistreuse(double largeur, double hauteur)
+    : largeur_(largeur), hauteur_(hauteur)
+{
+}
+
+OperationDessin SurfaceEnregistreuse::nouvelle(OperationDessin::Genre genre, Couleur couleur) const
+{
+    OperationDessin op;
+    op.genre = genre;
+    op.couleur = couleur;
+    op.largeur = DrawWidth;
+    op.style = DrawStyle;
+    return op;
+}
+
+void SurfaceEnregistreuse::Line(double x1, double y1, double x2, double y2, Couleur couleur)
+{
+    OperationDessin op = nouvelle(OperationDessin::Genre::Ligne, couleur);
+    op.x1 = x1;
+    op.y1 = y1;
+    op.x2 = x2;
+    op.y2 = y2;
+    operations_.push_back(op);
+    CurrentX = x2;
+    CurrentY = y2;
+}
+
+void SurfaceEnregistreuse::PSet(double x, double y, Couleur couleur)
+{
+    OperationDessin op = nouvelle(OperationDessin::Genre::Point, couleur);
+    op.x1 = x;
+    op.y1 = y;
+    operations_.push_back(op);
+    CurrentX = x;
+    CurrentY = y;
+}
+
+void SurfaceEnregistreuse::Circle(double x, double y, double rayon, Couleur couleur)
+{
+    OperationDessin op = nouvelle(OperationDessin::Genre::Cercle, couleur);
+    op.x1 = x;
+    op.y1 = y;
+    op.rayon = rayon;
+    operations_.push_back(op);
+}
+
+void SurfaceEnregistreuse::Print(const std::string& texte)
+{
+    OperationDessin op = nouvelle(OperationDessin::Genre::Texte, ForeColor);
+    op.x1 = CurrentX;
+    op.y1 = CurrentY;
+    op.police = FontName;
+    op.taille = FontSize;
+    op.texte = texte;
+    operations_.push_back(op);
+    CurrentX = 0;
+    CurrentY += TextHeight();
+}
+
+void SurfaceEnregistreuse::Clear(Couleur fond)
+{
+    operations_.push_back(nouvelle(OperationDessin::Genre::Effacement, fond));
+    CurrentX = 0;
+    CurrentY = 0;
+}
+
+double SurfaceEnregistreuse::TextWidth(const std::string& texte) const
+{
+    return 0.6 * FontSize * 20 * static_cast<double>(nombreCaracteres(texte));
+}
+
+double SurfaceEnregistreuse::TextHeight() const
+{
+    return 1.2 * FontSize * 20;
+}
+
+namespace {
+
+// Shortest text that reads back as the same double, "." always.
+std::string nombre(double v)
+{
+    char tampon[32];
+    return std::string(tampon, std::to_chars(tampon, tampon + sizeof tampon, v).ptr);
+}
+
+std::string entier(long long v)
+{
+    char tampon[24];
+    return std::string(tampon, std::to_chars(tampon, tampon + sizeof tampon, v).ptr);
+}
+
+std::string entreGuillemets(const std::string& texte)
+{
+    std::string s = "\"";
+    for (char c : texte) {
+        if (c == '"')
+            s += "\"\"";
+        else if (c == '\n' || c == '\r')
+            s += ' ';
+        else
+            s += c;
+    }
+    return s + '"';
+}
+
+}  // namespace
+
+void SurfaceEnregistreuse::ecrisJournal(std::ostream& sortie) const
+{
+    sortie << journal();
+}
+
+// Built with std::to_chars only, so that no locale of a stream can slip a
+// decimal comma or a thousands separator into the journal.
+std::string SurfaceEnregistreuse::journal() const
+{
+    using G = OperationDessin::Genre;
+    std::string s;
+    auto champ = [&s](const std::string& t) { s += ' '; s += t; };
+    for (const OperationDessin& op : operations_) {
+        switch (op.genre) {
+        case G::Ligne:
+            s += "LINE";
+            for (double v : {op.x1, op.y1, op.x2, op.y2})
+                champ(nombre(v));
+            champ(entier(op.couleur));
+            champ(entier(op.largeur));
+            champ(entier(op.style));
+            break;
+        case G::Point:
+            s += "PSET";
+            champ(nombre(op.x1));
+            champ(nombre(op.y1));
+            champ(entier(op.couleur));
+            champ(entier(op.largeur));
+            break;
+        case G::Cercle:
+            s += "CIRCLE";
+            for (double v : {op.x1, op.y1, op.rayon})
+                champ(nombre(v));
+            champ(entier(op.couleur));
+            champ(entier(op.largeur));
+            champ(entier(op.style));
+            break;
+        case G::Texte:
+            s += "PRINT";
+            champ(nombre(op.x1));
+            champ(nombre(op.y1));
+            champ(entier(op.couleur));
+            champ(entreGuillemets(op.police));
+            champ(nombre(op.taille));
+            champ(entreGuillemets(op.texte));
+            break;
+        case G::Effacement:
+            s += "CLEAR";
+            champ(entier(op.couleur));
+            break;
+        }
+        s += '\n';
+    }
+    return s;
+}
+
+}  // namespace velorin

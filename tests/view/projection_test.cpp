@@ -1,0 +1,173 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "view/projection.h"
+
+namespace velorin {
+namespace {
+
+struct Espace {
+    Parametres p;
+    Vue v;
+    explicit Espace(double vx = 10, double vy = 0, float vz = 0, double dx = -1, double dy = 0,
+                    double dz = 0, double rota = 0)
+    {
+        p.Xviseur = vx; p.Yviseur = vy; p.Zviseur = vz;
+        p.Xdirection = dx; p.Ydirection = dy; p.Zdirection = dz;
+        p.Rotadir = rota;
+        v.W = 11600; v.H = 8800;
+        prepareVue(p, true, v);
+    }
+    bool image(double x, double y, double z, double& sx, double& sy) const
+    {
+        return projette(p, v, true, x, y, z, sx, sy);
+    }
+};
+
+TEST(Projection, VectorHelpers)
+{
+    EXPECT_EQ(normeCarree(1, -2, 3), 14);
+    double c1, c2, c3;
+    produitVectoriel(-1, 0, 0, 0, 0, 1, c1, c2, c3);
+    EXPECT_EQ(c1, 0); EXPECT_EQ(c2, 1); EXPECT_EQ(c3, 0);
+    EXPECT_DOUBLE_EQ(cosinusAngle(5, 3, 4), 0);   // right angle
+    EXPECT_DOUBLE_EQ(cosinusAngle(1, 1, 1), 0.5); // equilateral
+    EXPECT_EQ(cosinusAngle(1, 0, 1), 0);          // zero side: empty result
+}
+
+TEST(Projection, PlaneCalibration)
+{
+    struct Cas { int ortho; double ex, ey; };
+    for (Cas c : {Cas{0, 500, 400}, Cas{1, 400, 400}}) {
+        Parametres p;
+        p.repereOrthonorme = c.ortho;
+        Vue v;
+        v.W = 11600; v.H = 8800;
+        ASSERT_TRUE(calibre(p, v, false));
+        EXPECT_EQ(v.echelleX, c.ex);
+        EXPECT_EQ(v.echelleY, c.ey);
+        double sx, sy;
+        ASSERT_TRUE(projette(p, v, false, 0, 0, 123, sx, sy));
+        EXPECT_EQ(sx, 5100); EXPECT_EQ(sy, 4050);
+        EXPECT_EQ(v.origineEcranX, 5100); EXPECT_EQ(v.origineEcranY, 4050);
+        ASSERT_TRUE(projette(p, v, false, 2, 1, 0, sx, sy));
+        EXPECT_EQ(sx, 5100 + 2 * c.ex); EXPECT_EQ(sy, 4050 - c.ey);
+    }
+}
+
+TEST(Projection, RefusedRangesGoBackToTheBase)
+{
+    struct Cas { bool espace; double xmin, xmax, ymin, ymax; float zmin; double zmax; bool admis; };
+    for (Cas c : {Cas{true, 5, 5, -1, 1, -1, 1, false}, Cas{true, -1, 1, 3, 2, -1, 1, false},
+                  Cas{false, 4, -4, -1, 1, -1, 1, false}, Cas{false, -1, 1, 0, 0, 0, 0, false},
+                  Cas{true, -1, 1, -2, 2, 3, -3, true}, Cas{false, -1, 1, -2, 2, 3, -3, true}}) {
+        Parametres p;
+        p.xmin = c.xmin; p.xmax = c.xmax; p.ymin = c.ymin; p.ymax = c.ymax;
+        p.zmin = c.zmin; p.zmax = c.zmax;
+        Vue v;
+        prepareVue(p, c.espace, v);
+        EXPECT_EQ(calibre(p, v, c.espace), c.admis) << c.xmin << " " << c.ymin;
+        if (c.admis) {
+            EXPECT_EQ(p.zmin, c.zmin);  // reversed z kept as it is
+            EXPECT_EQ(p.xmax, c.xmax);
+        } else {
+            for (double borne : {p.xmin, p.ymin, double(p.zmin)}) EXPECT_EQ(borne, -10);
+            for (double borne : {p.xmax, p.ymax, p.zmax}) EXPECT_EQ(borne, 10);
+            EXPECT_EQ(v.etendueX, 20);  // calibrated on the base
+        }
+    }
+}
+
+TEST(Projection, SpaceViewFromPlusX)
+{
+    Espace e;
+    Parametres p = e.p;
+    ASSERT_TRUE(calibre(p, e.v, true));
+    const double cx = (11600 - 1400) / 2.0, cy = (8800 - 800) / 2.0;
+    EXPECT_NEAR(e.v.origineEcranX, cx, 1e-6);
+    EXPECT_NEAR(e.v.origineEcranY, cy, 1e-6);
+    // (0,1,0) to the right, (0,0,1) above, (1,0,0) on the line of sight.
+    // (The vertical reference point is single precision: 1e-3 twips.)
+    EXPECT_GT(e.v.imageUyX, cx + 100); EXPECT_NEAR(e.v.imageUyY, cy, 1e-3);
+    EXPECT_NEAR(e.v.imageUzX, cx, 1e-3); EXPECT_LT(e.v.imageUzY, cy - 100);
+    EXPECT_NEAR(e.v.imageUxX, cx, 1e-3); EXPECT_NEAR(e.v.imageUxY, cy, 1e-3);
+    // Central projection: the unit point at distance 10 is seen 1/10 away.
+    EXPECT_NEAR(e.v.imageUyX - cx, 0.1 * cx, 1e-3);
+}
+
+TEST(Projection, HeadAngleTurnsTheUpVector)
+{
+    // Looking down -x, a head angle of pi/2 makes y the up reference: the
+    // image of (0,1,0) is above the centre and (0,0,1) to the left.
+    Espace e(10, 0, 0, -1, 0, 0, 3.141592653589793 / 2);
+    double sx, sy, ox, oy;
+    ASSERT_TRUE(e.image(0, 0, 0, ox, oy));
+    ASSERT_TRUE(e.image(0, 1, 0, sx, sy));
+    EXPECT_NEAR(sx, ox, 1e-6); EXPECT_LT(sy, oy - 100);
+    ASSERT_TRUE(e.image(0, 0, 1, sx, sy));
+    EXPECT_LT(sx, ox - 100); EXPECT_NEAR(sy, oy, 1e-6);
+}
+
+TEST(Projection, PointsAbreastBehindAndAtTheViewer)
+{
+    Espace e;
+    const double cx = 5100, cy = 4000;
+    double sx = -1, sy = -1;
+    // Abreast (the cosine is exactly 0 for these distances 0.75 and 1.25):
+    // thrown with the factor 10^6, 10^6 half-widths to the right.
+    ASSERT_TRUE(e.image(10, 0.75, 0, sx, sy));
+    EXPECT_NEAR((sx - cx) / (1e6 * cx), 1, 1e-3);
+    EXPECT_NEAR(sy, cy, 1);
+    // Behind: through the viewer to the other side.
+    ASSERT_TRUE(e.image(20, 1, 0, sx, sy));
+    EXPECT_NEAR(sx, cx - 0.1 * cx, 1e-3);
+    // At the viewer: refused, nothing written.
+    sx = sy = 7;
+    EXPECT_FALSE(e.image(10, 0, 0, sx, sy));
+    EXPECT_EQ(sx, 7); EXPECT_EQ(sy, 7);
+}
+
+TEST(Projection, NoNanComesOutOfAnAcceptedProjection)
+{
+    // Degenerate set-ups: zero direction (the set-up keeps its previous
+    // values), direction along the up vector, huge and failed points.
+    struct Cas { double dx, dy, dz; };
+    for (Cas c : {Cas{0, 0, 0}, Cas{0, 0, -1}, Cas{0, 0, 1}, Cas{-1, 0, 0}}) {
+        Espace e(10, 0, 0, c.dx, c.dy, c.dz);
+        for (double x : {0.0, 1.0, -1e9, 1e9, 1e300, 10.0, HUGE_VAL}) {
+            double sx = 0, sy = 0;
+            if (e.image(x, 0.5, 0.25, sx, sy)) {
+                EXPECT_TRUE(std::isfinite(sx) && std::isfinite(sy)) << c.dx << c.dz << " " << x;
+            }
+        }
+    }
+}
+
+TEST(Projection, ZeroDirectionKeepsThePreviousSetUp)
+{
+    Espace e;
+    const Vue avant = e.v;
+    e.p.Xdirection = 0;
+    prepareVue(e.p, true, e.v);
+    EXPECT_EQ(e.v.centreVueX, avant.centreVueX);
+    EXPECT_EQ(e.v.repereHY, avant.repereHY);
+    EXPECT_EQ(e.v.repereVZ, avant.repereVZ);
+    // Plane mode: the set-up does nothing at all.
+    e.p.Xdirection = 1;
+    prepareVue(e.p, false, e.v);
+    EXPECT_EQ(e.v.centreVueX, avant.centreVueX);
+}
+
+TEST(Projection, SinglePrecisionMembersStaySingle)
+{
+    // The viewer's z and the vertical reference point are stored in single
+    // precision: their values are exactly floats.
+    Espace e(3, 4, 0.1f, -3, -4, -0.1);
+    const double cz = double(0.1f) + (-0.1) / std::sqrt(25.01);
+    EXPECT_EQ(e.v.repereVZ, static_cast<float>(cz + 25 / (5 * std::sqrt(625.25))));
+    EXPECT_EQ(e.v.centreVueZ, cz);
+}
+
+}  // namespace
+}  // namespace velorin
