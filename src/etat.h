@@ -28,6 +28,8 @@ struct EtatFenetre {
     double largeurVue = 0, hauteurVue = 0;
     int Cht = 0, Trt = 0;
     int tics = 0;                             // tenths of a second of tracing
+    int politiqueCouleurs = 0;                // colour scheme policy, menu "Comment Tracer?" 0..2
+    int orientationImprimante = 1;            // 0 portrait, 1 landscape
     void metsModeEspace(bool espace) { modeEspace = espace; modePlan = !espace; }
 };
 
