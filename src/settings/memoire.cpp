@@ -1,0 +1,248 @@
+#include "settings/memoire.h"
+
+#include <charconv>
+#include <cfloat>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <variant>
+#include <vector>
+
+#include "settings/texte_nombre.h"
+
+namespace velorin {
+
+namespace {
+
+using Membre = std::variant<double Parametres::*, float Parametres::*, std::int16_t Parametres::*,
+                            int Parametres::*>;  // int: a check box, 0 or 1
+
+struct Champ {
+    const char* nom;
+    Membre membre;
+};
+
+#define CHAMP(m) Champ{#m, &Parametres::m}
+// Lines 1 to 5 of the file, in order; line 6 is written apart.
+const std::vector<std::vector<Champ>>& lignesFichier()
+{
+    static const std::vector<std::vector<Champ>> lignes = {
+        {CHAMP(xmin), CHAMP(xmax), CHAMP(ymin), CHAMP(ymax), CHAMP(zmin), CHAMP(zmax)},
+        {CHAMP(tmin), CHAMP(tmax), CHAMP(pasT), CHAMP(amin), CHAMP(amax), CHAMP(pasA)},
+        {CHAMP(nbrCalX), CHAMP(nbrCalY), CHAMP(nbrCalZ), CHAMP(Xviseur), CHAMP(Yviseur),
+         CHAMP(Zviseur)},
+        {CHAMP(pasRota), CHAMP(Xdirection), CHAMP(Ydirection), CHAMP(Zdirection), CHAMP(Rotadir),
+         CHAMP(repereOrthonorme), CHAMP(traceContinu), CHAMP(avecSegmentTangent)},
+        {CHAMP(projXOy), CHAMP(projXOz), CHAMP(projYOz), CHAMP(projOx), CHAMP(projOy),
+         CHAMP(projOz), CHAMP(axesVisibles), CHAMP(avecRayon), CHAMP(fondBlanc)},
+    };
+    return lignes;
+}
+const Champ champPause = CHAMP(pauseMs);
+#undef CHAMP
+
+std::string entier(long long v)
+{
+    char tampon[24];
+    return std::string(tampon, std::to_chars(tampon, tampon + sizeof tampon, v).ptr);
+}
+
+std::string texteChamp(const Parametres& p, const Membre& m)
+{
+    struct Ecrit {
+        const Parametres& p;
+        std::string operator()(double Parametres::*m) const { return texteNombre(p.*m, 15); }
+        std::string operator()(float Parametres::*m) const { return texteNombre(p.*m, 7); }
+        std::string operator()(std::int16_t Parametres::*m) const { return entier(p.*m); }
+        std::string operator()(int Parametres::*m) const { return entier(p.*m); }
+    };
+    return std::visit(Ecrit{p}, m);
+}
+
+bool estFini(const Parametres& p, const Membre& m)
+{
+    if (auto d = std::get_if<double Parametres::*>(&m))
+        return std::isfinite(p.**d);
+    if (auto f = std::get_if<float Parametres::*>(&m))
+        return std::isfinite(p.**f);
+    return true;
+}
+
+std::string enTete(const std::string& chemin, int ligne)
+{
+    return "Fichier " + chemin + ", ligne " + std::to_string(ligne) + " : ";
+}
+
+std::string valeursTrouvees(std::size_t n)
+{
+    if (n == 0)
+        return "aucune trouvée";
+    return std::to_string(n) + (n == 1 ? " trouvée" : " trouvées");
+}
+
+std::string sansBlancs(const std::string& s)
+{
+    const auto debut = s.find_first_not_of(" \t");
+    if (debut == std::string::npos)
+        return "";
+    return s.substr(debut, s.find_last_not_of(" \t") - debut + 1);
+}
+
+std::vector<std::string> valeursDeLigne(const std::string& ligne)
+{
+    std::vector<std::string> valeurs;
+    if (sansBlancs(ligne).empty())
+        return valeurs;
+    std::istringstream flux(ligne);
+    std::string v;
+    while (std::getline(flux, v, ','))
+        valeurs.push_back(sansBlancs(v));
+    if (!ligne.empty() && ligne.back() == ',')
+        valeurs.push_back("");
+    return valeurs;
+}
+
+// A number in plain or scientific decimal text with "."; false otherwise
+// (also for a value beyond the range of a double).
+bool litNombre(const std::string& texte, double& v)
+{
+    const char* debut = texte.data();
+    const char* fin = debut + texte.size();
+    if (debut != fin && *debut == '+')
+        ++debut;
+    if (debut == fin || *debut == '+' || (*debut == '-' && debut != texte.data()))
+        return false;
+    const auto r = std::from_chars(debut, fin, v);
+    return r.ec == std::errc() && r.ptr == fin && std::isfinite(v);
+}
+
+// Converts one value into its member of `p`; returns the message's end on
+// failure.
+std::optional<std::string> convertis(const std::string& texte, const Champ& champ, Parametres& p)
+{
+    const bool caseACocher = std::holds_alternative<int Parametres::*>(champ.membre);
+    double v;
+    if (caseACocher && (texte == "#TRUE#" || texte == "#FALSE#")) {
+        v = texte == "#TRUE#" ? 1 : 0;
+    } else if (texte.empty()) {
+        return std::string("valeur vide (") + champ.nom + ")";
+    } else if (!litNombre(texte, v)) {
+        return "« " + texte + " » n'est pas un nombre (" + champ.nom + ")";
+    }
+    const std::string hors = texte + " est hors des limites de " + champ.nom;
+    if (auto f = std::get_if<float Parametres::*>(&champ.membre)) {
+        if (std::fabs(v) > FLT_MAX)
+            return hors + " (simple précision)";
+        p.**f = static_cast<float>(v);
+    } else if (auto e = std::get_if<std::int16_t Parametres::*>(&champ.membre)) {
+        const double arrondi = std::nearbyint(v);
+        if (arrondi < -32768 || arrondi > 32767)
+            return hors + " (-32768 à 32767)";
+        p.**e = static_cast<std::int16_t>(arrondi);
+    } else if (auto c = std::get_if<int Parametres::*>(&champ.membre)) {
+        if (v != 0 && v != 1)
+            return texte + " pour " + champ.nom + " : 0 ou 1 attendu";
+        p.**c = static_cast<int>(v);
+    } else {
+        p.*std::get<double Parametres::*>(champ.membre) = v;
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+const char* nomFichierMemoire(bool retenu)
+{
+    return retenu ? "mem.log" : "memprovi.log";
+}
+
+std::string texteMemoire(const Parametres& p)
+{
+    std::string s;
+    for (const auto& ligne : lignesFichier()) {
+        for (std::size_t i = 0; i < ligne.size(); ++i)
+            s += (i ? "," : "") + texteChamp(p, ligne[i].membre);
+        s += "\r\n";
+    }
+    s += entier(p.pauseMs) + "," + entier(p.ordreBoucles) + "," +
+         (p.avecMoirure ? "#TRUE#" : "#FALSE#") + "\r\n";
+    return s;
+}
+
+std::optional<std::string> analyseMemoire(const std::string& contenu, const std::string& chemin,
+                                          Parametres& p)
+{
+    std::vector<std::string> lignes;
+    std::istringstream flux(contenu);
+    for (std::string l; lignes.size() < 6 && std::getline(flux, l);) {
+        if (!l.empty() && l.back() == '\r')
+            l.pop_back();
+        lignes.push_back(l);
+    }
+    Parametres lu = p;  // applied only when the whole file is good
+    for (int n = 1; n <= 6; ++n) {
+        if (n > static_cast<int>(lignes.size()))
+            return enTete(chemin, n) + "ligne manquante";
+        const std::vector<std::string> valeurs = valeursDeLigne(lignes[n - 1]);
+        const std::vector<Champ> champs =
+            n <= 5 ? lignesFichier()[n - 1] : std::vector<Champ>{champPause};
+        const bool exact = n <= 5;
+        if (exact ? valeurs.size() != champs.size() : valeurs.empty())
+            return enTete(chemin, n) + std::to_string(exact ? champs.size() : 3) +
+                   " valeurs attendues, " + valeursTrouvees(valeurs.size());
+        for (std::size_t i = 0; i < champs.size(); ++i)
+            if (auto erreur = convertis(valeurs[i], champs[i], lu))
+                return enTete(chemin, n) + "valeur " + std::to_string(i + 1) + ", " + *erreur;
+    }
+    p = lu;
+    return std::nullopt;
+}
+
+std::optional<std::string> lisMemoire(const std::string& chemin, Parametres& p)
+{
+    std::ifstream f(chemin, std::ios::binary);
+    if (!f)
+        return "Fichier " + chemin + " : introuvable ou illisible";
+    // A memory file holds six short lines: anything huge is not one.
+    constexpr std::size_t limite = 1 << 16;
+    std::string contenu(limite + 1, '\0');
+    f.read(contenu.data(), static_cast<std::streamsize>(contenu.size()));
+    if (f.bad())
+        return "Fichier " + chemin + " : lecture impossible";
+    contenu.resize(static_cast<std::size_t>(f.gcount()));
+    if (contenu.size() > limite)
+        return "Fichier " + chemin + " : trop volumineux pour un fichier de paramètres";
+    return analyseMemoire(contenu, chemin, p);
+}
+
+std::optional<std::string> ecrisMemoire(const std::string& chemin, const Parametres& p)
+{
+    for (const auto& ligne : lignesFichier())
+        for (const Champ& c : ligne)
+            if (!estFini(p, c.membre))
+                return std::string("Fichier ") + chemin + " non écrit : la valeur de " + c.nom +
+                       " n'est pas un nombre fini";
+    const std::string texte = texteMemoire(p);
+    const std::string provisoire = chemin + ".tmp";
+    {
+        std::ofstream f(provisoire, std::ios::binary | std::ios::trunc);
+        if (f)
+            f.write(texte.data(), static_cast<std::streamsize>(texte.size()));
+        f.close();
+        if (!f) {
+            std::error_code ignore;
+            std::filesystem::remove(provisoire, ignore);
+            return "Impossible d'écrire le fichier " + chemin;
+        }
+    }
+    std::error_code erreur;
+    std::filesystem::rename(provisoire, chemin, erreur);
+    if (erreur) {
+        std::filesystem::remove(provisoire, erreur);
+        return "Impossible de remplacer le fichier " + chemin;
+    }
+    return std::nullopt;
+}
+
+}  // namespace velorin

@@ -1,0 +1,54 @@
+// The parameter memory file: "mem.log" (the remembered set, read at start)
+// and "memprovi.log" (the provisional set), six lines in the curves folder
+// in force. Reading and writing report failures as a French message naming
+// the file and the line; nothing is thrown and a failed read changes
+// nothing.
+#pragma once
+#include <optional>
+#include <string>
+
+#include "settings/parametres.h"
+
+namespace velorin {
+
+// "mem.log" for the remembered set, "memprovi.log" for the provisional one.
+const char* nomFichierMemoire(bool retenu);
+
+// The six lines of the file, each ended by CR LF:
+//   xmin,xmax,ymin,ymax,zmin,zmax
+//   tmin,tmax,pasT,amin,amax,pasA
+//   nbrCalX,nbrCalY,nbrCalZ,Xviseur,Yviseur,Zviseur
+//   pasRota,Xdirection,Ydirection,Zdirection,Rotadir,repereOrthonorme,traceContinu,avecSegmentTangent
+//   projXOy,projXOz,projYOz,projOx,projOy,projOz,axesVisibles,avecRayon,fondBlanc
+//   pauseMs,ordreBoucles,avecMoirure
+// Numbers as texteNombre writes them (15 significant digits for a double, 7
+// for a single), check boxes as 0 or 1, avecMoirure as "#TRUE#"/"#FALSE#".
+std::string texteMemoire(const Parametres& p);
+
+// Reads the text of a memory file into `p`. On success returns nothing and
+// `p` holds the values read; otherwise returns the French message (naming
+// `chemin` and the line) and `p` is untouched. Lines 1 to 5 must hold
+// exactly 6, 6, 6, 8 and 9 values; of line 6 only the first value, pauseMs,
+// is read (ordreBoucles and avecMoirure keep their values in force). Lines
+// may end with CR LF or LF; blanks around a value are ignored; lines after
+// the sixth are ignored.
+// Each value converts into its member's type: a single is rounded to single
+// precision and must fit in it; pauseMs is rounded to the nearest integer
+// (half to even) and must lie in -32768..32767; a check box takes 0 or 1,
+// and "#TRUE#"/"#FALSE#" are taken there as 1 and 0 (the other fields need a
+// number).
+std::optional<std::string> analyseMemoire(const std::string& contenu, const std::string& chemin,
+                                          Parametres& p);
+
+// Reads the file `chemin` (see analyseMemoire); a missing or unreadable
+// file is reported the same way.
+std::optional<std::string> lisMemoire(const std::string& chemin, Parametres& p);
+
+// Writes `p` to `chemin`, replacing the file. The text goes first to a
+// temporary file beside it that then takes its name, so that a failure
+// never leaves a half-written memory file. A value that is not finite is
+// refused (it could not be read back). Returns the French message on
+// failure.
+std::optional<std::string> ecrisMemoire(const std::string& chemin, const Parametres& p);
+
+}  // namespace velorin

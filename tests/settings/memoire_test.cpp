@@ -1,0 +1,242 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "../view/locale_virgule.h"
+#include "settings/memoire.h"
+#include "settings/texte_nombre.h"
+
+namespace velorin {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The example set: six lines, values as a user would type them.
+const char* const exemple =
+    "-10,10,-10,10,-10,10\r\n"
+    "0,6.28,0.05,0,6.28,0.1\r\n"
+    "20,20,20,30,20,15\r\n"
+    "5,0,0,1,0,1,1,0\r\n"
+    "0,0,0,0,0,0,1,0,0\r\n"
+    "50,0,#FALSE#\r\n";
+
+std::string lisTout(const fs::path& chemin)
+{
+    std::ifstream f(chemin, std::ios::binary);
+    std::ostringstream s;
+    s << f.rdbuf();
+    return s.str();
+}
+
+TEST(TexteNombre, PlainDecimalWithAtMostTheSignificantDigits)
+{
+    struct Cas { double v; int chiffres; const char* attendu; };
+    for (Cas c : {Cas{6.28, 15, "6.28"}, Cas{0.05, 15, "0.05"}, Cas{-10, 15, "-10"},
+                  Cas{0, 15, "0"}, Cas{-0.0, 15, "0"}, Cas{0.1 + 0.2, 15, "0.3"},
+                  Cas{1.0 / 3, 15, "0.333333333333333"}, Cas{2.0 / 3, 7, "0.6666667"},
+                  Cas{0.0001, 15, "0.0001"}, Cas{0.00001, 15, "1E-05"},
+                  Cas{-1.5e-7, 15, "-1.5E-07"}, Cas{123456789012345, 15, "123456789012345"},
+                  Cas{1e15, 15, "1E+15"}, Cas{1234567, 7, "1234567"},
+                  Cas{12345678, 7, "1.234568E+07"}, Cas{double(15.3f), 7, "15.3"},
+                  Cas{double(15.3f), 15, "15.3000001907349"}, Cas{1e300, 15, "1E+300"},
+                  Cas{9999999.7, 7, "1E+07"}, Cas{0.000999, 15, "0.000999"}})
+        EXPECT_EQ(texteNombre(c.v, c.chiffres), c.attendu) << c.v;
+}
+
+TEST(Memoire, WritesTheSixLinesInFileOrder)
+{
+    Parametres p;
+    p.xmin = -10.5; p.zmin = 0.1f; p.zmax = 3;
+    p.tmin = 1; p.tmax = 2; p.pasT = 3; p.amin = 4; p.amax = 5; p.pasA = 6;
+    p.nbrCalX = 7; p.nbrCalY = 8; p.nbrCalZ = 9; p.Xviseur = 10; p.Yviseur = 11; p.Zviseur = 12;
+    p.pasRota = 13; p.Xdirection = 14; p.Ydirection = 15; p.Zdirection = 16; p.Rotadir = 17;
+    p.repereOrthonorme = 1; p.traceContinu = 0; p.avecSegmentTangent = 1;
+    p.projXOy = 1; p.projOz = 1; p.axesVisibles = 0; p.fondBlanc = 1;
+    p.pauseMs = -3; p.ordreBoucles = 2; p.avecMoirure = true;
+    EXPECT_EQ(texteMemoire(p),
+              "-10.5,10,-10,10,0.1,3\r\n"
+              "1,2,3,4,5,6\r\n"
+              "7,8,9,10,11,12\r\n"
+              "13,14,15,16,17,1,0,1\r\n"
+              "1,0,0,0,0,1,0,0,1\r\n"
+              "-3,2,#TRUE#\r\n");
+}
+
+TEST(Memoire, RoundTripKeepsDoublesAndRoundsSinglesLikeFloats)
+{
+    struct Cas { double d; double s; };
+    for (Cas c : {Cas{6.28, 15.3}, Cas{-1e-9, 1.0 / 3}, Cas{123456.789012345, 16777217},
+                  Cas{1e20, -2.5e-12}, Cas{0.1 + 0.2, 3.14159265}}) {
+        Parametres p;
+        p.xmin = c.d; p.Rotadir = c.d;
+        p.zmin = static_cast<float>(c.s); p.Zviseur = static_cast<float>(c.s);
+        p.pasRota = static_cast<float>(c.s);
+        Parametres lu;
+        ASSERT_EQ(analyseMemoire(texteMemoire(p), "m", lu), std::nullopt);
+        // 15 digits: exact for the values a user types.
+        EXPECT_EQ(lu.xmin, std::stod(texteNombre(c.d, 15)));
+        EXPECT_EQ(lu.Rotadir, lu.xmin);
+        // Singles come back as a float of their 7-digit text.
+        const float attendu = static_cast<float>(std::stod(texteNombre(float(c.s), 7)));
+        EXPECT_EQ(lu.zmin, attendu) << c.s;
+        EXPECT_EQ(lu.Zviseur, attendu);
+        EXPECT_EQ(lu.pasRota, attendu);
+    }
+    Parametres p;
+    p.xmin = 6.28; p.Zviseur = 15.3f;
+    Parametres lu;
+    ASSERT_EQ(analyseMemoire(texteMemoire(p), "m", lu), std::nullopt);
+    EXPECT_EQ(lu.xmin, 6.28);
+    EXPECT_EQ(lu.Zviseur, 15.3f);
+    EXPECT_NE(double(lu.Zviseur), 15.3);
+}
+
+TEST(Memoire, LineSixRestoresOnlyThePause)
+{
+    Parametres p;
+    p.ordreBoucles = 1;
+    p.avecMoirure = false;
+    std::string texte = exemple;
+    texte.replace(texte.find("50,0,#FALSE#"), 12, "50,3,#TRUE#");
+    ASSERT_EQ(analyseMemoire(texte, "m", p), std::nullopt);
+    EXPECT_EQ(p.pauseMs, 50);
+    EXPECT_EQ(p.ordreBoucles, 1);
+    EXPECT_FALSE(p.avecMoirure);
+    EXPECT_EQ(p.Xviseur, 30);
+    EXPECT_EQ(p.pasT, 0.05);
+    EXPECT_EQ(p.axesVisibles, 1);
+}
+
+TEST(Memoire, ToleratedForms)
+{
+    struct Cas { std::string remplace, par; double xmin; int repere; std::int16_t pause; };
+    const Cas cas[] = {
+        {"\r\n", "\n", -10, 1, 50},                         // LF alone
+        {"-10,10,-10", " -10 ,\t10,-10", -10, 1, 50},       // blanks around values
+        {"-10,10,-10", "+.5,10,-10", 0.5, 1, 50},
+        {"-10,10,-10", "-1.5E+01,10,-10", -15, 1, 50},
+        {"5,0,0,1,0,1,1,0", "5,0,0,1,0,#FALSE#,1,0", -10, 0, 50},
+        {"50,0,#FALSE#", "50.5", -10, 1, 50},               // rounded half to even
+        {"50,0,#FALSE#", "-32768,9", -10, 1, -32768},
+    };
+    for (const Cas& c : cas) {
+        std::string texte = std::string(exemple) + "ligne de trop\r\n";
+        for (auto i = texte.find(c.remplace); i != std::string::npos;
+             i = c.remplace == "\r\n" ? texte.find(c.remplace, i + 1) : std::string::npos)
+            texte.replace(i, c.remplace.size(), c.par);
+        Parametres p;
+        ASSERT_EQ(analyseMemoire(texte, "m", p), std::nullopt) << c.par;
+        EXPECT_EQ(p.xmin, c.xmin) << c.par;
+        EXPECT_EQ(p.repereOrthonorme, c.repere) << c.par;
+        EXPECT_EQ(p.pauseMs, c.pause) << c.par;
+    }
+}
+
+TEST(Memoire, DamagedFileNamesFileAndLineAndChangesNothing)
+{
+    struct Cas { std::string remplace, par, message; };
+    const Cas cas[] = {
+        {"20,20,20,30,20,15", "20,20,20,30", "ligne 3 : 6 valeurs attendues, 4 trouvées"},
+        {"0,6.28,0.05,0,6.28,0.1", "", "ligne 2 : 6 valeurs attendues, aucune trouvée"},
+        {"-10,10,-10,10,-10,10", "-10,10,-10,10,-10,10,3", "ligne 1 : 6 valeurs attendues, 7"},
+        {"5,0,0,1,0,1,1,0", "5,0,0,1,0,1,1", "ligne 4 : 8 valeurs attendues, 7 trouvées"},
+        {"0,0,0,0,0,0,1,0,0\r\n50,0,#FALSE#\r\n", "0,0,0,0,0,0,1,0,0\r\n", "ligne 6 : ligne manquante"},
+        {"0,0,0,0,0,0,1,0,0\r\n50,0,#FALSE#\r\n", "", "ligne 5 : ligne manquante"},
+        {exemple, "", "ligne 1 : ligne manquante"},
+        {"20,20,20,30,20,15", "20,20,abc,30,20,15", "ligne 3 : valeur 3, « abc » n'est pas un nombre"},
+        {"20,20,20,30,20,15", "20,20,,30,20,15", "ligne 3 : valeur 3, valeur vide"},
+        {"20,20,20,30,20,15", "20,20,20,3,0,20,15", "ligne 3 : 6 valeurs attendues, 7"},
+        {"-10,10,-10", "1,2..5,-10", "ligne 1 : valeur 2"},
+        {"-10,10,-10", "#TRUE#,10,-10", "ligne 1 : valeur 1"},
+        {"-10,10,-10", "1e999,10,-10", "ligne 1 : valeur 1"},
+        {"-10,10,-10,10,-10,10", "-10,10,-10,10,-1e39,10", "ligne 1 : valeur 5, -1e39 est hors des limites de zmin"},
+        {"20,20,20,30,20,15", "20,20,20,30,20,4e38", "ligne 3 : valeur 6, 4e38 est hors"},
+        {"50,0,#FALSE#", "32768,0,#FALSE#", "ligne 6 : valeur 1, 32768 est hors des limites de pauseMs"},
+        {"50,0,#FALSE#", "", "ligne 6 : 3 valeurs attendues, aucune trouvée"},
+        {"0,0,0,0,0,0,1,0,0", "0,0,0,0,0,0,2,0,0", "ligne 5 : valeur 7, 2 pour axesVisibles : 0 ou 1"},
+        {"-10,10,-10", "+-1,10,-10", "ligne 1 : valeur 1"},
+    };
+    for (const Cas& c : cas) {
+        std::string texte = exemple;
+        const auto i = texte.find(c.remplace);
+        ASSERT_NE(i, std::string::npos) << c.remplace;
+        texte.replace(i, c.remplace.size(), c.par);
+        Parametres p;
+        p.xmin = 1.25; p.pauseMs = 7; p.zmax = 99;  // values in force
+        const auto erreur = analyseMemoire(texte, "/d/mem.log", p);
+        ASSERT_TRUE(erreur.has_value()) << c.par;
+        SCOPED_TRACE(c.par);
+        EXPECT_EQ(erreur->rfind("Fichier /d/mem.log, ", 0), 0u) << *erreur;
+        EXPECT_NE(erreur->find(c.message), std::string::npos) << *erreur;
+        EXPECT_EQ(p.xmin, 1.25); EXPECT_EQ(p.pauseMs, 7); EXPECT_EQ(p.zmax, 99);
+    }
+}
+
+TEST(Memoire, PointDecimalsUnderACommaLocale)
+{
+    LocaleVirgule virgule;
+    Parametres p;
+    p.pasT = 0.05; p.tmax = 1234.5; p.zmin = -2.5f;
+    const std::string texte = texteMemoire(p);
+    EXPECT_NE(texte.find("0,1234.5,0.05,"), std::string::npos) << texte;
+    EXPECT_NE(texte.find(",-2.5,"), std::string::npos) << texte;
+    Parametres lu;
+    ASSERT_EQ(analyseMemoire(texte, "m", lu), std::nullopt);
+    EXPECT_EQ(lu.tmax, 1234.5);
+    EXPECT_EQ(lu.zmin, -2.5f);
+}
+
+TEST(Memoire, FilesOnDisk)
+{
+    const fs::path dossier = fs::temp_directory_path() / "velorin_memoire_test";
+    fs::remove_all(dossier);
+    fs::create_directories(dossier);
+    const std::string chemin = (dossier / nomFichierMemoire(false)).string();
+    Parametres p;
+    p.xmax = 7.5;
+    ASSERT_EQ(ecrisMemoire(chemin, p), std::nullopt);
+    EXPECT_EQ(lisTout(chemin), texteMemoire(p));
+    EXPECT_FALSE(fs::exists(chemin + ".tmp"));
+    Parametres lu;
+    ASSERT_EQ(lisMemoire(chemin, lu), std::nullopt);
+    EXPECT_EQ(lu.xmax, 7.5);
+
+    // Failures: missing file, missing folder, a value that is not finite.
+    const std::string absent = (dossier / "absent" / "mem.log").string();
+    auto erreur = lisMemoire(absent, lu);
+    ASSERT_TRUE(erreur);
+    EXPECT_NE(erreur->find(absent), std::string::npos);
+    EXPECT_TRUE(ecrisMemoire(absent, p).has_value());
+    p.Rotadir = std::nan("");
+    erreur = ecrisMemoire(chemin, p);
+    ASSERT_TRUE(erreur);
+    EXPECT_NE(erreur->find("Rotadir"), std::string::npos);
+    EXPECT_EQ(lu.xmax, 7.5);
+    EXPECT_EQ(lisTout(chemin), texteMemoire(lu));  // the old file is intact
+    fs::remove_all(dossier);
+}
+
+TEST(Memoire, ShippedFilesAreWhatTheWriterWrites)
+{
+    for (const char* dossier : {"Espace_courbes", "Plan_courbes"}) {
+        const fs::path chemin = fs::path(VELORIN_SOURCE_DIR) / "data" / dossier / "mem.log";
+        Parametres p;
+        p.axesVisibles = 0;
+        ASSERT_EQ(lisMemoire(chemin.string(), p), std::nullopt) << chemin;
+        Parametres ecrit = p;
+        ecrit.ordreBoucles = 0;  // line 6 is written with the start-up values
+        ecrit.avecMoirure = false;
+        EXPECT_EQ(lisTout(chemin), texteMemoire(ecrit)) << chemin;
+        EXPECT_EQ(p.axesVisibles, 1);
+        EXPECT_EQ(p.traceContinu, 1);
+        EXPECT_EQ(p.pauseMs, 0);
+        EXPECT_EQ(p.xmin, -10); EXPECT_EQ(p.xmax, 10);
+        EXPECT_EQ(p.tmax, 6.28); EXPECT_EQ(p.amax, 6.28);
+    }
+}
+
+}  // namespace
+}  // namespace velorin
