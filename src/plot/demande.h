@@ -1,6 +1,7 @@
 // The plot request: draws one entry of the catalogue in force, remembering it
 // in the drawn-curves table, and the redraw of everything already drawn.
 #pragma once
+#include <array>
 #include <string>
 
 #include "etat.h"
@@ -32,7 +33,8 @@ struct ResultatTrace {
     double dureeMs = 0;        // tracing time, measured by the core
 };
 
-// Draws record `numero` of etat.catalogue. A new curve gets a new row only
+// Draws record `numero` of etat.catalogue (for a redraw, the record number
+// stored in the row is used and `numero` is not read). A new curve gets a new row only
 // when it passes the bracket test. Whatever happens, the drawing values and
 // colours in force are the same afterwards as before: a redraw borrows the
 // row's values for its tracing only, so that redrawing everything (zoom,
@@ -44,6 +46,12 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
 // values. Stops at an interruption. Returns the messages met, one a line
 // (empty when none).
 std::string retraceTout(Etat& etat, Surface& surface, const CrochetsTrace& crochets);
+
+// The formula fields of an entry text, before cleaning: kinds 0 to 4 split at
+// "][", kinds 5 to 9 the pieces after ":[" split at "][" (the closing "]"
+// dropped), any other kind (clouds) split at "<". Each field is trimmed;
+// missing ones are empty, pieces beyond the third are not read.
+std::array<std::string, 3> champsEntree(int type, const std::string& texte);
 
 // Curve colour of the entry of rank `rang` in a "Cycle" sending: rank 0 keeps
 // `couleurEnCours`, the next ranks run through red, green, blue, yellow,

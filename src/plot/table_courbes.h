@@ -70,7 +70,11 @@ LigneCourbe ligneDepuisParametres(const Etat& etat, int numero, int type);
 // Copies the drawing values of a row back into the parameters and colours.
 void appliqueLigne(const LigneCourbe& ligne, Etat& etat);
 
-// Adds a row at the end (nbCourbes follows) and returns its number (1-based).
+// The count is a 16-bit number: at most this many rows.
+inline constexpr int maxCourbes = 32767;
+
+// Adds a row at the end (nbCourbes follows) and returns its number (1-based),
+// or 0 when the table is full.
 int ajouteCourbe(TableCourbes& table, const LigneCourbe& ligne);
 // Forgets every drawn curve.
 void videCourbes(TableCourbes& table);

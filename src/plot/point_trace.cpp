@@ -1,0 +1,108 @@
+#include "plot/point_trace.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "view/projection.h"
+
+namespace velorin {
+
+bool sautAdmissible(const Vue& vue, double x1, double y1, double x2, double y2)
+{
+    return !(std::abs(x2 - x1) > 0.5 * vue.largeurUtile || std::abs(y2 - y1) > 0.5 * vue.hauteurUtile);
+}
+
+bool pointAdmis(const Etat& etat, double sx, double sy, double x, double y, double z)
+{
+    const Parametres& p = etat.param;
+    if (etat.fenetre.modePlan)
+        return !(sx < 0 || sx > etat.vue.W - 1400 || sy < 0 || sy > etat.vue.H - 800) &&
+               std::isfinite(sx) && std::isfinite(sy);
+    // A point is refused as soon as its foot on one axis lies beyond the end
+    // of the drawn half-axis, i.e. one coordinate leaves its range.
+    const double zBas = std::min<double>(p.zmin, p.zmax);
+    const double zHaut = std::max<double>(p.zmin, p.zmax);
+    return x >= p.xmin && x <= p.xmax && y >= p.ymin && y <= p.ymax && z >= zBas && z <= zHaut;
+}
+
+void traceProjection(Etat& etat, Surface& surface, double sx, double sy, double X, double Y,
+                     double Z, Couleur couleur)
+{
+    double px, py;
+    if (!projette(etat.param, etat.vue, etat.fenetre.modeEspace, X, Y, Z, px, py))
+        return;
+    surface.DrawStyle = 2;
+    surface.Line(sx, sy, px, py, couleur);
+    surface.DrawStyle = 0;
+    surface.Circle(px, py, rayonPiedProjection, couleur);
+}
+
+namespace {
+
+// Tangent, radius and projection marks of a tenth point.
+void traceMarques(Etat& etat, Surface& surface)
+{
+    EtatTrace& t = etat.trace;
+    const Parametres& p = etat.param;
+    const SchemaCouleurs& c = etat.couleurs;
+    // A tracer that computes no tangent leaves both ends on the same point:
+    // a segment of no length is not issued.
+    if (t.tangenteX1 != t.tangenteX2 || t.tangenteY1 != t.tangenteY2)
+        surface.Line(t.tangenteX1, t.tangenteY1, t.tangenteX2, t.tangenteY2, c.couleurTangente);
+    if (etat.moteur.genreCourbe == 3 && p.avecRayon)
+        surface.Line(etat.vue.origineEcranX, etat.vue.origineEcranY, t.ecranX, t.ecranY,
+                     c.couleurRayon);
+    const double x = etat.moteur.pointX, y = etat.moteur.pointY, z = etat.moteur.pointZ;
+    if (p.projOx)
+        traceProjection(etat, surface, t.ecranX, t.ecranY, x, 0, 0, c.couleurProjOx);
+    if (p.projOy)
+        traceProjection(etat, surface, t.ecranX, t.ecranY, 0, y, 0, c.couleurProjOy);
+    if (!etat.fenetre.modeEspace)
+        return;
+    if (p.projOz)
+        traceProjection(etat, surface, t.ecranX, t.ecranY, 0, 0, z, c.couleurProjOz);
+    if (p.projXOy)
+        traceProjection(etat, surface, t.ecranX, t.ecranY, x, y, 0, c.couleurProjXOy);
+    if (p.projXOz)
+        traceProjection(etat, surface, t.ecranX, t.ecranY, x, 0, z, c.couleurProjXOz);
+    if (p.projYOz)
+        traceProjection(etat, surface, t.ecranX, t.ecranY, 0, y, z, c.couleurProjYOz);
+}
+
+}  // namespace
+
+void tracePoint(Etat& etat, Surface& surface, int marque, Couleur couleur,
+                const CrochetsTrace& crochets)
+{
+    EtatTrace& t = etat.trace;
+    const Vue& v = etat.vue;
+    const bool dedans = std::isfinite(t.ecranX) && std::isfinite(t.ecranY) &&
+                        !(t.ecranX < 1 || t.ecranY < 16 || t.ecranX > v.largeurUtile ||
+                          t.ecranY > v.hauteurUtile + 15);
+    t.pointVisible = dedans ? 1 : 0;
+    etat.couleurs.couleurProjXOy = couleurProjectionXOy;
+    if (marque == 1 && dedans)
+        traceMarques(etat, surface);
+
+    const std::int16_t pause = etat.param.pauseMs;
+    if (etat.fenetre.pauseActive && pause >= 1 && crochets.pause)
+        crochets.pause(pause);
+
+    if (dedans) {
+        if (etat.param.traceContinu != 1) {
+            surface.PSet(t.ecranX, t.ecranY, couleur);
+        } else {
+            if (t.nbVisiblesSuite > 0 && sautAdmissible(v, t.precX, t.precY, t.ecranX, t.ecranY))
+                surface.Line(t.precX, t.precY, t.ecranX, t.ecranY, couleur);
+            else
+                surface.PSet(t.ecranX, t.ecranY, couleur);
+            t.precX = t.ecranX;
+            t.precY = t.ecranY;
+        }
+        ++t.nbVisiblesSuite;
+    } else {
+        t.nbVisiblesSuite = 0;
+    }
+}
+
+}  // namespace velorin

@@ -1,0 +1,346 @@
+#include "plot/traceurs.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "engine/points.h"
+#include "plot/point_trace.h"
+#include "view/projection.h"
+
+namespace velorin {
+
+namespace {
+
+std::string texteNombre(double v)
+{
+    char tampon[32];
+    const auto fin = std::to_chars(tampon, tampon + sizeof tampon, v);
+    return std::string(tampon, fin.ptr);
+}
+
+// A counted loop as the drawings have always walked it: the variable starts
+// at `debut` and the step is added at each turn, in the precision T, while
+// the variable has not gone past `fin`. A step of the wrong sign walks no
+// value; a zero step, a bound or step that is not finite, or a step too small
+// to move the variable is refused, so that no walk can hang.
+template <typename T>
+struct Boucle {
+    T debut, fin, pas;
+
+    bool valide() const
+    {
+        return std::isfinite(debut) && std::isfinite(fin) && std::isfinite(pas) && pas != 0 &&
+               debut + pas != debut;
+    }
+    // Number of values walked (an estimate, for the cap on points).
+    double nombre() const
+    {
+        if (!valide())
+            return 0;
+        const double n = std::floor((double(fin) - double(debut)) / double(pas)) + 1;
+        return n > 0 ? n : 0;
+    }
+    // Calls f(v) for every value; stops and answers false when f does.
+    template <typename F>
+    bool parcourt(F&& f) const
+    {
+        for (T v = debut; pas > 0 ? v <= fin : v >= fin;) {
+            if (!f(v))
+                return false;
+            const T suivant = v + pas;
+            if (suivant == v)  // the step no longer moves the variable
+                break;
+            v = suivant;
+        }
+        return true;
+    }
+};
+
+template <typename T>
+std::string messageBoucle(const char* nom, const Boucle<T>& b)
+{
+    return std::string("L'intervalle de ") + nom + " (de " + texteNombre(b.debut) + " à " +
+           texteNombre(b.fin) + " par pas de " + texteNombre(b.pas) +
+           ") ne donne aucun point : rien n'est tracé.";
+}
+
+std::string messageTropDePoints(double n)
+{
+    return "Trop de points à calculer (" + texteNombre(std::floor(n)) + ") : au plus " +
+           texteNombre(maxPointsTrace) + " par tracé. Augmentez le pas.";
+}
+
+// Bookkeeping of one tracing: counts the points, stops at a formula error
+// and asks the interruption hook every few hundred points.
+class Tracage {
+public:
+    Tracage(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
+        : etat(etat), surface(surface), crochets(crochets) {}
+
+    // After each evaluation: false when the tracing must stop.
+    bool continuer()
+    {
+        if (!etat.moteur.erreurFormule.empty()) {
+            fin.message = etat.moteur.erreurFormule;
+            return false;
+        }
+        if (++points % pointsEntreInterrogations == 0 && crochets.interrompu &&
+            crochets.interrompu()) {
+            fin.interrompu = true;
+            return false;
+        }
+        return true;
+    }
+
+    // Pen up and counter back to 0: the start of a new curve.
+    void nouvelleCourbe()
+    {
+        etat.trace.nbVisiblesSuite = 0;
+        compteur = 0;
+    }
+
+    // Hands the point at (sx, sy) to the point step, marked on the tenth.
+    void pose(double sx, double sy, Couleur couleur)
+    {
+        etat.trace.ecranX = sx;
+        etat.trace.ecranY = sy;
+        if (compteur == 10) {
+            tracePoint(etat, surface, 1, couleur, crochets);
+            compteur = 0;
+        } else {
+            tracePoint(etat, surface, 0, couleur, crochets);
+        }
+    }
+
+    // The evaluated point (pointX, pointY, pointZ) of a parametric or family
+    // tracer: projected, then drawn only when admitted. A point that cannot
+    // be projected or is refused lifts the pen, so that a curve leaving the
+    // frame and coming back is not joined across the gap.
+    void poseEvalue(Couleur couleur)
+    {
+        ++compteur;
+        const GlobalesMoteur& m = etat.moteur;
+        double sx, sy;
+        if (!projette(etat.param, etat.vue, etat.fenetre.modeEspace, m.pointX, m.pointY, m.pointZ,
+                      sx, sy) ||
+            !pointAdmis(etat, sx, sy, m.pointX, m.pointY, m.pointZ)) {
+            etat.trace.nbVisiblesSuite = 0;
+            return;
+        }
+        pose(sx, sy, couleur);
+    }
+
+    // Tracers that compute no tangent leave both ends on the image of (0, 0).
+    void tangenteAuRepos()
+    {
+        EtatTrace& t = etat.trace;
+        t.tangenteX1 = t.tangenteX2 = etat.vue.origineEcranX;
+        t.tangenteY1 = t.tangenteY2 = etat.vue.origineEcranY;
+    }
+
+    Etat& etat;
+    Surface& surface;
+    const CrochetsTrace& crochets;
+    FinTrace fin;
+    long long points = 0;
+    int compteur = 0;
+};
+
+// Surface image of (x, y) for the explicit curve: the plane map written out,
+// or (x, y, 0) through the projection in space.
+bool imageExplicite(const Etat& etat, double x, double y, double& sx, double& sy)
+{
+    if (!etat.fenetre.modeEspace) {
+        sx = etat.vue.decalX + etat.vue.echelleX * x;
+        sy = etat.vue.decalY - etat.vue.echelleY * y;
+        return true;
+    }
+    return projette(etat.param, etat.vue, true, x, y, 0, sx, sy);
+}
+
+// Tangent of the explicit curve at (x, y): slope by a forward difference of
+// step pasX/20, a segment of half length demiTangente in range units on each
+// side of the point. Leaves pointX, pointY as they were.
+void calculeTangente(Etat& etat, double x, double y)
+{
+    EtatTrace& t = etat.trace;
+    GlobalesMoteur& m = etat.moteur;
+    pointcourbe(m, x + t.pasX / 20);
+    const double pente = (m.pointY - y) * 20 / t.pasX;
+    const double phi = std::atan(pente);
+    double x1, y1;
+    if (imageExplicite(etat, x + t.demiTangente * std::cos(phi), y + t.demiTangente * std::sin(phi),
+                       x1, y1)) {
+        t.tangenteX1 = x1;
+        t.tangenteY1 = y1;
+        t.tangenteX2 = 2 * t.ecranX - x1;
+        t.tangenteY2 = 2 * t.ecranY - y1;
+    }
+    m.pointX = x;
+    m.pointY = y;
+}
+
+// Single curve of parameter t (kinds 1 and 3).
+FinTrace traceCourbeT(Etat& etat, Surface& surface, const CrochetsTrace& crochets,
+                      void (*evalue)(GlobalesMoteur&, double, bool))
+{
+    const Parametres& p = etat.param;
+    const Boucle<double> bt{p.tmin, p.tmax, p.pasT};
+    if (bt.nombre() == 0)
+        return {false, messageBoucle("t", bt)};
+    if (bt.nombre() > maxPointsTrace)
+        return {false, messageTropDePoints(bt.nombre())};
+    Tracage tr(etat, surface, crochets);
+    tr.tangenteAuRepos();
+    tr.nouvelleCourbe();
+    bt.parcourt([&](double t) {
+        evalue(etat.moteur, t, etat.fenetre.modeEspace);
+        if (!tr.continuer())
+            return false;
+        tr.poseEvalue(etat.couleurs.couleurTrace);
+        return true;
+    });
+    return tr.fin;
+}
+
+void evalueParametre(GlobalesMoteur& m, double t, bool espace) { pointparametre(m, t, 1, espace); }
+void evaluePolaire(GlobalesMoteur& m, double t, bool espace) { pointpolaire(m, t, espace); }
+
+// A family of curves of (a, t) (kinds 2 and 4), in the loop order
+// ordreBoucles: 0 a outer, 1 t outer, 2 both (trellis) in the family colour,
+// 3 both with the t-outer curves red and the a-outer curves green. t is
+// walked in double precision, a in single precision (bounds, step and
+// variable), which decides how many values of a are reached.
+FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochets,
+                      void (*evalue)(GlobalesMoteur&, double, double))
+{
+    const Parametres& p = etat.param;
+    const Boucle<double> bt{p.tmin, p.tmax, p.pasT};
+    const Boucle<float> ba{float(p.amin), float(p.amax), float(p.pasA)};
+    if (bt.nombre() == 0)
+        return {false, messageBoucle("t", bt)};
+    if (ba.nombre() == 0)
+        return {false, messageBoucle("a", ba)};
+    const int ordre = p.ordreBoucles & 3;
+    const double points = bt.nombre() * ba.nombre() * (ordre >= 2 ? 2 : 1);
+    if (points > maxPointsTrace)
+        return {false, messageTropDePoints(points)};
+
+    Tracage tr(etat, surface, crochets);
+    tr.tangenteAuRepos();
+    int moirure = 0;
+    auto debutCourbe = [&] {
+        tr.nouvelleCourbe();
+        if (etat.param.avecMoirure) {
+            moirure = moirureSuivante(moirure);
+            etat.couleurs.couleurFamille = QBColor(moirure);
+        }
+    };
+    auto point = [&](double a, double t) {
+        evalue(etat.moteur, a, t);
+        if (!tr.continuer())
+            return false;
+        tr.poseEvalue(etat.couleurs.couleurFamille);
+        return true;
+    };
+    auto passeAExterieur = [&] {
+        return ba.parcourt([&](float a) {
+            debutCourbe();
+            return bt.parcourt([&](double t) { return point(a, t); });
+        });
+    };
+    auto passeTExterieur = [&] {
+        return bt.parcourt([&](double t) {
+            debutCourbe();
+            return ba.parcourt([&](float a) { return point(a, t); });
+        });
+    };
+
+    switch (ordre) {
+    case 0: passeAExterieur(); break;
+    case 1: passeTExterieur(); break;
+    case 2:
+        if (passeTExterieur())
+            passeAExterieur();
+        break;
+    default:
+        etat.couleurs.couleurFamille = 255;
+        if (passeTExterieur()) {
+            etat.couleurs.couleurFamille = 65280;
+            passeAExterieur();
+        }
+    }
+    return tr.fin;
+}
+
+void evalueSurface(GlobalesMoteur& m, double a, double t) { pointsurface(m, a, t); }
+void evalueSpherique(GlobalesMoteur& m, double a, double t) { pointspherique(m, a, t); }
+
+}  // namespace
+
+int moirureSuivante(int compteur)
+{
+    ++compteur;
+    return compteur >= 16 ? 2 : compteur;
+}
+
+FinTrace traceExplicite(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
+{
+    const Parametres& p = etat.param;
+    EtatTrace& t = etat.trace;
+    GlobalesMoteur& m = etat.moteur;
+    t.demiTangente = std::sqrt((p.xmax - p.xmin) * (p.xmax - p.xmin) +
+                               (p.ymax - p.ymin) * (p.ymax - p.ymin)) / 8;
+    t.pasX = (p.xmax - p.xmin) / p.nbrCalX;
+    const Boucle<double> bx{p.xmin, p.xmax, t.pasX};
+    if (!(p.nbrCalX > 0) || bx.nombre() == 0)
+        return {false, messageBoucle("x", bx)};
+    if (bx.nombre() > maxPointsTrace)
+        return {false, messageTropDePoints(bx.nombre())};
+
+    Tracage tr(etat, surface, crochets);
+    tr.tangenteAuRepos();
+    tr.nouvelleCourbe();
+    bx.parcourt([&](double x) {
+        ++tr.compteur;
+        m.pointX = x;
+        pointcourbe(m, x);
+        if (!tr.continuer())
+            return false;
+        double sx, sy;
+        const bool image = imageExplicite(etat, x, m.pointY, sx, sy);
+        if (!image || (etat.fenetre.modeEspace && !pointAdmis(etat, sx, sy, x, m.pointY, 0))) {
+            t.nbVisiblesSuite = 0;
+            return true;
+        }
+        t.ecranX = sx;
+        t.ecranY = sy;
+        if (tr.compteur == 10 && p.avecSegmentTangent)
+            calculeTangente(etat, x, m.pointY);
+        tr.pose(sx, sy, etat.couleurs.couleurTrace);
+        return true;
+    });
+    return tr.fin;
+}
+
+FinTrace parcours1(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
+{
+    return traceCourbeT(etat, surface, crochets, evalueParametre);
+}
+
+FinTrace parcours2(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
+{
+    return traceFamille(etat, surface, crochets, evalueSurface);
+}
+
+FinTrace parcours3(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
+{
+    return traceCourbeT(etat, surface, crochets, evaluePolaire);
+}
+
+FinTrace parcours4(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
+{
+    return traceFamille(etat, surface, crochets, evalueSpherique);
+}
+
+}  // namespace velorin
