@@ -1,0 +1,162 @@
+// Builds a shipped gallery (a catalogue file) from its readable source, one
+// entry per line "kind|text", the text as the editors store it. Lines that
+// are empty or start with "#" are skipped. Every entry is checked against
+// the entry syntax of its kind before anything is written, so that a typing
+// error in a source fails the build instead of shipping a broken entry.
+//
+//   fabrique_galerie espace|plan SOURCE CATALOGUE [COPIE]
+//
+// writes CATALOGUE (replacing it whole) and, when COPIE is given and does not
+// exist yet, copies CATALOGUE there: the user's own copy is never overwritten.
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "catalogue/catalogue.h"
+
+namespace fs = std::filesystem;
+using namespace velorin;
+
+namespace {
+
+struct Entree {
+    int genre = 0;
+    std::string texte;
+};
+
+bool commencePar(const std::string& s, const std::string& debut) { return s.rfind(debut, 0) == 0; }
+
+// Splits "A][B][C" into its pieces.
+std::vector<std::string> morceaux(const std::string& s)
+{
+    std::vector<std::string> r;
+    std::size_t debut = 0, p;
+    while ((p = s.find("][", debut)) != std::string::npos) {
+        r.push_back(s.substr(debut, p - debut));
+        debut = p + 2;
+    }
+    r.push_back(s.substr(debut));
+    return r;
+}
+
+// Empty when `texte` follows the entry syntax of kind `genre`; else why not.
+std::string controle(int genre, const std::string& texte, bool espace)
+{
+    static const char* invites[5][3] = {
+        {"y = f(x)=", "", ""},
+        {"x=f1(t)=", "y=f2(t)=", "z=f3(t)="},
+        {"x=f1(a,t)=", "y=f2(a,t)=", "z=f3(a,t)="},
+        {"R=f1(t)=", "Agh=f2(t)=", "Agv=f3(t)="},
+        {"R=f1(a,t)=", "Agh=f2(a,t)=", "Agv=f3(a,t)="},
+    };
+    if (texte.size() > std::size_t(longueurTexte)) return "texte de plus de 300 caractères";
+    if (genre >= 0 && genre <= 4) {
+        const auto m = morceaux(texte);
+        const std::size_t attendus = genre == 0 ? 1 : (espace ? 3 : 2);
+        if (m.size() != attendus) return "nombre de formules";
+        for (std::size_t i = 0; i < m.size(); ++i)
+            if (!commencePar(m[i], invites[genre][i]) || m[i].size() == std::string(invites[genre][i]).size())
+                return std::string("formule ") + std::to_string(i + 1) + " sans l'invite " + invites[genre][i];
+        return {};
+    }
+    struct Objet { int genre; const char* debut; std::size_t champs; };
+    static const Objet objets[] = {{5, "D(M,u):[", 2}, {6, "P(M,u,v):[", 3}, {8, "Segment:[", 2},
+                                   {9, "Point:[", 1}};
+    if (genre == 7) {
+        const std::string debut = espace ? "Plan:[" : "Droite:[";
+        return commencePar(texte, debut) && texte.back() == ']' ? "" : "attendu " + debut + "...]";
+    }
+    for (const Objet& o : objets) {
+        if (o.genre != genre) continue;
+        if (!commencePar(texte, o.debut) || texte.back() != ']') return std::string("attendu ") + o.debut;
+        const auto m = morceaux(texte.substr(std::string(o.debut).size()));
+        return m.size() == o.champs ? "" : "nombre de points ou de vecteurs";
+    }
+    if (genre == 14 || genre == 15) {
+        const auto a = texte.find('<'), b = texte.find('<', a + 1);
+        if (a == std::string::npos || b == std::string::npos || texte.find('<', b + 1) != std::string::npos)
+            return "attendu g<f<h";
+        return {};
+    }
+    return "genre inconnu";
+}
+
+bool lisSource(const std::string& chemin, bool espace, std::vector<Entree>& entrees)
+{
+    std::ifstream f(chemin);
+    if (!f) {
+        std::fprintf(stderr, "fabrique_galerie : impossible de lire %s\n", chemin.c_str());
+        return false;
+    }
+    std::string ligne;
+    for (int numero = 1; std::getline(f, ligne); ++numero) {
+        if (!ligne.empty() && ligne.back() == '\r') ligne.pop_back();
+        if (ligne.empty() || ligne[0] == '#') continue;
+        const auto barre = ligne.find('|');
+        Entree e;
+        std::string erreur;
+        try {
+            e.genre = std::stoi(ligne.substr(0, barre));
+        } catch (...) {
+            erreur = "genre illisible";
+        }
+        if (barre == std::string::npos) erreur = "attendu genre|texte";
+        else e.texte = ligne.substr(barre + 1);
+        if (erreur.empty()) erreur = controle(e.genre, e.texte, espace);
+        if (!erreur.empty()) {
+            std::fprintf(stderr, "%s:%d : %s\n", chemin.c_str(), numero, erreur.c_str());
+            return false;
+        }
+        entrees.push_back(e);
+    }
+    return true;
+}
+
+bool ecrisCatalogue(const std::string& chemin, const std::vector<Entree>& entrees)
+{
+    std::error_code ec;
+    fs::create_directories(fs::path(chemin).parent_path(), ec);
+    const std::string provisoire = chemin + ".provisoire";
+    fs::remove(provisoire, ec);
+    Catalogue cat;
+    auto erreur = ouvrirCatalogue(cat, provisoire);
+    for (std::size_t i = 0; !erreur && i < entrees.size(); ++i) {
+        LigneCatalogue l;
+        l.typeFonction = static_cast<std::int16_t>(entrees[i].genre);
+        l.texte = entrees[i].texte;
+        erreur = ecrisLigne(cat, static_cast<int>(i) + 1, l);
+    }
+    if (!erreur) fs::rename(provisoire, chemin, ec);
+    if (erreur || ec) {
+        std::fprintf(stderr, "fabrique_galerie : %s\n", erreur ? erreur->c_str() : ec.message().c_str());
+        fs::remove(provisoire, ec);
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    const std::string mode = argc > 1 ? argv[1] : "";
+    if ((argc != 4 && argc != 5) || (mode != "espace" && mode != "plan")) {
+        std::fprintf(stderr, "Usage : fabrique_galerie espace|plan SOURCE CATALOGUE [COPIE]\n");
+        return 2;
+    }
+    std::vector<Entree> entrees;
+    if (!lisSource(argv[2], mode == "espace", entrees) || !ecrisCatalogue(argv[3], entrees)) return 1;
+    if (argc == 5 && !fs::exists(argv[4])) {
+        std::error_code ec;
+        fs::create_directories(fs::path(argv[4]).parent_path(), ec);
+        fs::copy_file(argv[3], argv[4], ec);
+        if (ec) {
+            std::fprintf(stderr, "fabrique_galerie : copie vers %s impossible : %s\n", argv[4],
+                         ec.message().c_str());
+            return 1;
+        }
+    }
+    return 0;
+}
