@@ -1,0 +1,113 @@
+// The formula evaluator: reads a cleaned formula text again at every call
+// and gives its value for the values of its variables. Nothing is kept
+// between calls.
+//
+// Three families share the same reading and differ in their variables:
+//   plane  (evalplan):   "X" and "A" are the first value, "T" and "Y" the second;
+//   space  (evalespace): "X", "T" and "A" are one variable;
+//   cloud  (evalnuage):  "X", "Y", "Z" each have their own value.
+//
+// Failures never leave the evaluator as errors: an arithmetic failure
+// (overflow, division by zero, logarithm or square root out of domain, a
+// negative number to a non-integer power, 0 to a negative power, an integer
+// too large for the integer quotient) becomes a value chosen by the
+// operation that catches it: 0 in operons/combine3/combine4, horsCalcul in
+// the term evaluators and appliquefonction. The number reader and the
+// bracket evaluator catch nothing: their failure goes to their caller. A
+// failure that no operation of the formula catches (a sum of terms that
+// overflows) gives horsCalcul to the caller of evalplan/evalespace/evalnuage.
+// No NaN or infinity is ever returned.
+#pragma once
+#include <string_view>
+
+namespace velorin {
+
+// What the engine returns for a failed computation: 10 raised to 9.
+inline constexpr double horsCalcul = 1e9;
+// The value of "P" in formulas (this short decimal, not full pi).
+inline constexpr double valeurP = 3.141592;
+
+enum class Famille : unsigned char { Plan, Espace, Nuage };
+
+// How one reading ended.
+enum class Issue : unsigned char {
+    Valeur,      // an ordinary value, in `valeur`
+    SansValeur,  // the operation gave no value (a caller reads it as 0)
+    Echec,       // an arithmetic failure not caught yet (never returned
+                 // by evalplan, evalespace, evalnuage)
+    Incorrecte,  // brackets that do not pair up: the formula is unreadable
+};
+
+struct Resultat {
+    Issue issue = Issue::SansValeur;
+    double valeur = 0;
+    // The value an enclosing operation uses: no value reads as 0.
+    double lue() const { return issue == Issue::Valeur ? valeur : 0.0; }
+    // Failures that stop the reading of the enclosing formula at once.
+    bool interrompt() const { return issue == Issue::Echec || issue == Issue::Incorrecte; }
+};
+
+// The message of an unreadable formula: "Formule incorrecte" (plane,
+// cloud) or "Formule incorrecte,désolé" (space).
+const char* messageIncorrecte(Famille f);
+
+// ---- Numeric building blocks ---------------------------------------------
+
+// Number reader: "2", "1.5", "-3P/4", "P/2", "1/4", "2E3"... A lone
+// character that is not a digit reads as `defaut`. `echec` is set (and the
+// value is meaningless) when the reading is an arithmetic failure, e.g.
+// "1/0" or "1E999".
+double lisnombre(std::string_view texte, double defaut, bool& echec);
+// The same for callers outside formulas: a failed reading gives horsCalcul.
+double lisnombre(std::string_view texte, double defaut);
+
+// One binary operation "*", "+", "-", "/", "\" (integer quotient), "^".
+// "/" by exactly 0 gives horsCalcul; any other failure gives 0; another
+// operator character gives no value.
+Resultat operons(char op, double a, double b);
+// a op1 b op2 c: right grouping when op1 is additive, else left.
+Resultat combine3(char op1, char op2, double a, double b, double c);
+// a op1 b op2 c op3 d with the same two-level grouping.
+Resultat combine4(char op1, char op2, char op3, double a, double b, double c, double d);
+// Integer quotient of the "\" operator: both operands rounded to the
+// nearest integer (halves to even), quotient truncated toward zero, on
+// 32-bit integers. False on failure (divisor rounding to 0, operand or
+// quotient outside the 32-bit range).
+bool quotientEntier(double a, double b, double& quotient);
+
+// The function named `nom` applied to x ("SIN", "LN", "RAC", "E"...).
+// `aValeur` is false for a name in no row of the function table; `echec`
+// is set on an arithmetic failure.
+double appliqueNom(std::string_view nom, double x, bool& aValeur, bool& echec);
+// Value of `prefixe(w)`: empty prefix, a digit, a number and an operator
+// ("3*"), or a head and a function name ("-SIN", "2*COS"). Never Echec.
+Resultat appliquefonction(std::string_view prefixe, double w);
+
+// ---- Terms and sums (text without brackets) -----------------------------
+// A term (no "+" or "-"): a constant, or coefficient, "*", "/" or "\", one
+// variable letter and an optional "^" exponent. Never Echec: a failure
+// gives horsCalcul. `xPrecedent` is the x of the previous point, which the
+// space family's "\" divides by.
+Resultat evaltermeplan(std::string_view terme, double u, double v);
+Resultat evaltermeespace(std::string_view terme, double t, double xPrecedent);
+Resultat evaltermenuage(std::string_view terme, double x, double y, double z);
+
+// A flat text cut at every "+" and "-" into terms, summed left to right.
+// May give Echec when the sum overflows.
+Resultat evalsommeplan(std::string_view texte, double u, double v);
+Resultat evalsommeespace(std::string_view texte, double t, double xPrecedent);
+Resultat evalsommenuage(std::string_view texte, double x, double y, double z);
+
+// ---- Whole formulas -------------------------------------------------------
+// The full result of a formula of a family (Valeur, SansValeur or
+// Incorrecte; an uncaught failure already turned into horsCalcul).
+// Variables: plane (u, v), space (t, then xPrecedent), cloud (x, y, z).
+Resultat evalue(Famille f, std::string_view texte, double a, double b, double c);
+
+// Value of a formula as the callers store it: no value and an unreadable
+// formula give 0; `issue`, when given, tells which case it was.
+double evalplan(std::string_view texte, double u, double v, Issue* issue = nullptr);
+double evalespace(std::string_view texte, double t, double xPrecedent, Issue* issue = nullptr);
+double evalnuage(std::string_view texte, double x, double y, double z, Issue* issue = nullptr);
+
+}  // namespace velorin

@@ -1,0 +1,92 @@
+// Evaluation entry points: each evaluates the formulas of the current
+// function in a fixed order and leaves the point in pointX, pointY, pointZ.
+// A formula with no value gives 0; an unreadable formula gives 0 and leaves
+// its message in erreurFormule (never cleared here: the plot request clears
+// it before a tracing and the tracer stops when it is set).
+#include "engine/points.h"
+
+#include <cmath>
+
+#include "engine/lecture.h"
+
+namespace velorin {
+
+namespace {
+
+double retiens(GlobalesMoteur& g, Famille f, double valeur, Issue issue)
+{
+    if (issue == Issue::Incorrecte) g.erreurFormule = messageIncorrecte(f);
+    return valeur;
+}
+
+// Space family, single variable t; its "\" reads the x of the previous
+// point, which is pointX as it stands before this evaluation.
+double espace(GlobalesMoteur& g, const std::string& formule, double t)
+{
+    Issue issue;
+    const double v = evalespace(formule, t, g.pointX, &issue);
+    return retiens(g, Famille::Espace, v, issue);
+}
+
+double plan(GlobalesMoteur& g, const std::string& formule, double u, double v)
+{
+    Issue issue;
+    const double r = evalplan(formule, u, v, &issue);
+    return retiens(g, Famille::Plan, r, issue);
+}
+
+// Radius R, horizontal angle Agh and elevation Agv above the xOy plane.
+void spherique(GlobalesMoteur& g, double r, double agh, double agv)
+{
+    g.pointX = r * std::cos(agv) * std::cos(agh);
+    g.pointY = r * std::cos(agv) * std::sin(agh);
+    g.pointZ = r * std::sin(agv);
+}
+
+}  // namespace
+
+void pointcourbe(GlobalesMoteur& g, double x)
+{
+    g.pointY = espace(g, g.formuleF1, x);
+    g.pointZ = 0;
+}
+
+void pointparametre(GlobalesMoteur& g, double t, int flag, bool modeEspace)
+{
+    if (flag != 1) return;
+    g.pointZ = modeEspace ? espace(g, g.formuleF3, t) : 0.0;
+    g.pointY = espace(g, g.formuleF2, t);
+    g.pointX = espace(g, g.formuleF1, t);
+}
+
+void pointpolaire(GlobalesMoteur& g, double t, bool modeEspace)
+{
+    const double agv = espace(g, g.formuleF3, t);
+    const double agh = espace(g, g.formuleF2, t);
+    const double r = espace(g, g.formuleF1, t);
+    if (modeEspace) {
+        spherique(g, r, agh, agv);
+    } else {
+        // In the plane the radius stays in pointZ for the radius segment.
+        g.pointZ = r;
+        g.pointX = r * std::cos(agh);
+        g.pointY = r * std::sin(agh);
+    }
+}
+
+void pointsurface(GlobalesMoteur& g, double u, double v)
+{
+    g.pointX = plan(g, g.formuleF1, u, v);
+    g.pointY = plan(g, g.formuleF2, u, v);
+    g.pointZ = plan(g, g.formuleF3, u, v);
+}
+
+void pointspherique(GlobalesMoteur& g, double u, double v)
+{
+    const double agv = plan(g, g.formuleF3, u, v);
+    const double agh = plan(g, g.formuleF2, u, v);
+    const double r = plan(g, g.formuleF1, u, v);
+    spherique(g, r, agh, agv);
+}
+
+}  // namespace velorin
