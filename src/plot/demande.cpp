@@ -1,0 +1,189 @@
+#include "plot/demande.h"
+
+#include <chrono>
+
+#include "engine/normalisation.h"
+#include "plot/nuages.h"
+#include "plot/objets.h"
+#include "plot/traceurs.h"
+
+namespace velorin {
+
+namespace {
+
+std::string sansBlancsAutour(const std::string& s)
+{
+    const auto debut = s.find_first_not_of(" \t");
+    if (debut == std::string::npos)
+        return {};
+    return s.substr(debut, s.find_last_not_of(" \t") - debut + 1);
+}
+
+// Splits at every `separateur` into at most three trimmed fields.
+std::array<std::string, 3> coupe(const std::string& texte, const std::string& separateur)
+{
+    std::array<std::string, 3> champs;
+    std::size_t debut = 0;
+    for (int i = 0; i < 3; ++i) {
+        const auto fin = texte.find(separateur, debut);
+        champs[i] = sansBlancsAutour(texte.substr(debut, fin == std::string::npos ? fin : fin - debut));
+        if (fin == std::string::npos)
+            break;
+        debut = fin + separateur.size();
+    }
+    return champs;
+}
+
+FinTrace lanceTraceur(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
+{
+    switch (etat.trace.typeTrace) {
+    case 0: return traceExplicite(etat, surface, crochets);
+    case 1: return parcours1(etat, surface, crochets);
+    case 2: return parcours2(etat, surface, crochets);
+    case 3: return parcours3(etat, surface, crochets);
+    case 4: return parcours4(etat, surface, crochets);
+    case 5: case 6: case 7: case 8: case 9:
+        return {false, traceObjet(etat, surface, crochets)};
+    default:
+        traceNuage(etat, surface, crochets);
+        if (crochets.bip)
+            crochets.bip();
+        return {};
+    }
+}
+
+}  // namespace
+
+std::array<std::string, 3> champsEntree(int type, const std::string& texte)
+{
+    const std::string t = sansBlancsAutour(texte);
+    if (type >= 0 && type <= 4)
+        return coupe(t, "][");
+    if (type >= 5 && type <= 9) {
+        const auto ouverture = t.find(":[");
+        std::string pieces = ouverture == std::string::npos ? t : t.substr(ouverture + 2);
+        if (!pieces.empty() && pieces.back() == ']')
+            pieces.pop_back();
+        return coupe(pieces, "][");
+    }
+    return coupe(t, "<");
+}
+
+Couleur couleurCycle(const CouleursDefaut& defaut, Couleur couleurEnCours, int rang)
+{
+    std::vector<Couleur> cycle{couleurEnCours};
+    for (Couleur c : {defaut.coulRouge, defaut.coulVert, defaut.coulBleu, defaut.coulJaune,
+                      defaut.coulCyan, defaut.coulMagenta, defaut.coulOrange})
+        if (c != couleurEnCours)
+            cycle.push_back(c);
+    return cycle[static_cast<std::size_t>(rang < 0 ? 0 : rang) % cycle.size()];
+}
+
+std::string legendeTrace(const std::string& texteEntree)
+{
+    return "[" + sansBlancsAutour(texteEntree) + "]" + " TRACE DE COURBES...";
+}
+
+std::string legendeFinTrace(const std::string& legende, int dixiemes)
+{
+    return legende + "__" + entierFormate(dixiemes, 2) + ".00";
+}
+
+ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const OptionsTrace& options,
+                           const CrochetsTrace& crochets)
+{
+    const auto depart = std::chrono::steady_clock::now();
+    ResultatTrace r;
+    TableCourbes& table = etat.courbes;
+    if (options.ligne != 0) {
+        if (options.ligne < 1 || options.ligne > static_cast<int>(table.lignes.size())) {
+            r.message = "La courbe tracée n° " + std::to_string(options.ligne) + " n'existe pas.";
+            return r;
+        }
+        numero = static_cast<int>(table.lignes[options.ligne - 1][colNumero]);
+    }
+
+    // The entry: nothing is drawn for a number beyond the catalogue or a
+    // deleted record.
+    const Catalogue& cat = etat.catalogue;
+    if (numero < 1 || numero > cat.nbLignesCatalogue) {
+        r.message = "L'entrée n° " + std::to_string(numero) + " n'existe pas dans le catalogue (" +
+                    std::to_string(cat.nbLignesCatalogue) + " entrées) : rien n'est tracé.";
+        return r;
+    }
+    LigneCatalogue entree;
+    if (auto erreur = lisLigne(cat, numero, entree)) {
+        r.message = *erreur;
+        return r;
+    }
+    const int type = entree.typeFonction;
+    if (type < 0 || sansBlancsAutour(entree.texte).empty()) {
+        r.message = "L'entrée n° " + std::to_string(numero) + " est effacée : rien n'est tracé.";
+        return r;
+    }
+
+    // Formula fields, cleaned, each with balanced brackets.
+    std::array<std::string, 3> champs = champsEntree(type, entree.texte);
+    for (std::string& champ : champs) {
+        champ = nettoieformule(champ, type);
+        if (!parenthesesequilibrees(champ)) {
+            r.message = "La formule " + champ + " est incorrecte, corrigez-la , svp";
+            return r;
+        }
+    }
+
+    // The row: a new curve takes the values in force, a redraw its own.
+    LigneCourbe valeurs;
+    if (options.ligne == 0) {
+        valeurs = ligneDepuisParametres(etat, numero, type);
+        if (options.couleurs == ModeCouleurs::Cycle)
+            valeurs[colCouleurTrace] =
+                couleurCycle(etat.defaut, etat.couleurs.couleurTrace, options.rang);
+        r.ligne = ajouteCourbe(table, valeurs);
+        if (r.ligne == 0) {
+            r.message = "Trop de courbes tracées (" + std::to_string(maxCourbes) +
+                        " au plus) : videz la liste des courbes tracées.";
+            return r;
+        }
+    } else {
+        valeurs = table.lignes[options.ligne - 1];
+        r.ligne = options.ligne;
+    }
+    const LigneCourbe enVigueur = ligneDepuisParametres(etat, numero, type);
+    appliqueLigne(valeurs, etat);
+
+    GlobalesMoteur& m = etat.moteur;
+    m.formuleF1 = champs[0];
+    m.formuleF2 = champs[1];
+    m.formuleF3 = champs[2];
+    m.genreCourbe = type;
+    m.erreurFormule.clear();
+    etat.trace.typeTrace = type;
+    r.legende = legendeTrace(entree.texte);
+    if (crochets.debut)
+        crochets.debut(r.legende);
+
+    const FinTrace fin = lanceTraceur(etat, surface, crochets);
+    appliqueLigne(enVigueur, etat);
+    r.trace = true;
+    r.interrompu = fin.interrompu;
+    r.message = !fin.message.empty() ? fin.message : m.erreurFormule;
+    r.dureeMs = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - depart)
+                    .count();
+    return r;
+}
+
+std::string retraceTout(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
+{
+    std::string messages;
+    for (int i = 1; i <= static_cast<int>(etat.courbes.lignes.size()); ++i) {
+        const ResultatTrace r = demandeTrace(etat, surface, 0, OptionsTrace{i}, crochets);
+        if (!r.message.empty())
+            messages += (messages.empty() ? "" : "\n") + r.message;
+        if (r.interrompu)
+            break;
+    }
+    return messages;
+}
+
+}  // namespace velorin
