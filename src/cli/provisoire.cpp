@@ -11,7 +11,6 @@ static int pasEncore(const char* nom)
     return 2;
 }
 
-int commandeCalcule(int, char**) { return pasEncore("calcule"); }
 int commandeExporte(int, char**) { return pasEncore("exporte"); }
 int commandeSansFenetre(int, char**) { return pasEncore("sansfenetre"); }
 

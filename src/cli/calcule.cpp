@@ -1,0 +1,129 @@
+// `velorin calcule`: values of one formula for groups of variable values,
+// one line per group, without any window.
+//
+//   velorin calcule [--famille espace|plan|nuage] [--brut] [--pointx V] FORMULE [VALEUR ...]
+//   velorin calcule --normalise FORMULE
+//
+// The formula is prepared as the editors and the plot request prepare it
+// (brackets unified, cleaned and normalised, bracket count tested) unless
+// --brut hands the text to the evaluator as it is.
+#include <cstdio>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "cli/commandes.h"
+#include "engine/lecture.h"
+#include "engine/nombres.h"
+#include "engine/normalisation.h"
+
+namespace velorin {
+
+namespace {
+
+int usage(const char* raison)
+{
+    if (raison) std::fprintf(stderr, "velorin calcule : %s\n", raison);
+    std::fputs(
+        "Usage : velorin calcule [--famille espace|plan|nuage] [--brut] [--pointx V] FORMULE [VALEUR ...]\n"
+        "        velorin calcule --normalise FORMULE\n"
+        "Les valeurs vont par groupes : espace X (=T=A) ; plan X puis T ; nuage X, Y, Z.\n"
+        "Les nombres s'écrivent avec un point décimal (1.5).\n",
+        stderr);
+    return 2;
+}
+
+struct Demande {
+    Famille famille = Famille::Espace;
+    bool brut = false, normaliseSeulement = false;
+    double pointX = 0;
+    std::string formule;
+    bool formuleDonnee = false;
+    std::vector<double> valeurs;
+};
+
+// Reads the arguments; returns an error text, or nullptr.
+const char* litArguments(int argc, char** argv, Demande& d)
+{
+    for (int i = 1; i < argc; ++i) {
+        const std::string arg = argv[i];
+        const bool suivant = i + 1 < argc;
+        if (!d.formuleDonnee && arg == "--famille") {
+            if (!suivant) return "--famille attend espace, plan ou nuage.";
+            const std::string f = argv[++i];
+            if (f == "espace") d.famille = Famille::Espace;
+            else if (f == "plan") d.famille = Famille::Plan;
+            else if (f == "nuage") d.famille = Famille::Nuage;
+            else return "famille inconnue (espace, plan ou nuage).";
+        } else if (!d.formuleDonnee && arg == "--brut") {
+            d.brut = true;
+        } else if (!d.formuleDonnee && arg == "--normalise") {
+            d.normaliseSeulement = true;
+        } else if (!d.formuleDonnee && arg == "--pointx") {
+            if (!suivant || !lisValeurExacte(argv[i + 1], d.pointX))
+                return "--pointx attend un nombre.";
+            ++i;
+        } else if (!d.formuleDonnee && arg.size() > 1 && arg[0] == '-' && arg[1] == '-') {
+            return "option inconnue.";
+        } else if (!d.formuleDonnee) {
+            d.formule = arg;
+            d.formuleDonnee = true;
+        } else {
+            double v = 0;
+            if (!lisValeurExacte(arg, v)) return "une valeur n'est pas un nombre.";
+            d.valeurs.push_back(v);
+        }
+    }
+    if (!d.formuleDonnee) return "formule manquante.";
+    if (d.normaliseSeulement && (!d.valeurs.empty() || d.brut)) return "--normalise n'attend que la formule.";
+    return nullptr;
+}
+
+std::size_t arite(Famille f)
+{
+    return f == Famille::Espace ? 1 : f == Famille::Plan ? 2 : 3;
+}
+
+}  // namespace
+
+int commandeCalcule(int argc, char** argv)
+{
+    Demande d;
+    if (const char* erreur = litArguments(argc, argv, d)) return usage(erreur);
+
+    std::string formule = d.formule;
+    if (!d.brut) formule = nettoieformule(unifiecrochets(formule), 0);
+    if (d.normaliseSeulement) {
+        std::printf("%s\n", formule.c_str());
+        return 0;
+    }
+    if (!d.brut && !parenthesesequilibrees(formule)) {
+        std::fprintf(stderr, "La formule %s est incorrecte, corrigez-la , svp\n", d.formule.c_str());
+        return 2;
+    }
+
+    // Groups of the family's arity; none at all is one group of zeros and a
+    // short last group is completed with zeros.
+    const std::size_t n = arite(d.famille);
+    std::vector<double> valeurs = d.valeurs;
+    if (valeurs.empty()) valeurs.resize(n, 0.0);
+    valeurs.resize((valeurs.size() + n - 1) / n * n, 0.0);
+
+    std::string sortie;
+    for (std::size_t k = 0; k < valeurs.size(); k += n) {
+        const double a = valeurs[k];
+        const double b = d.famille == Famille::Espace ? d.pointX : valeurs[k + 1];
+        const double c = d.famille == Famille::Nuage ? valeurs[k + 2] : 0.0;
+        const Resultat r = evalue(d.famille, formule, a, b, c);
+        if (r.issue == Issue::Incorrecte) {
+            std::fprintf(stderr, "%s\n", messageIncorrecte(d.famille));
+            return 2;
+        }
+        // No value is printed as the 0 the tracers store.
+        sortie += texteValeur(r.lue()) + "\n";
+    }
+    std::fputs(sortie.c_str(), stdout);
+    return 0;
+}
+
+}  // namespace velorin
