@@ -12,6 +12,7 @@
 #include "engine/lecture.h"
 
 #include <cmath>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -196,45 +197,91 @@ Resultat combine4(char op1, char op2, char op3, double a, double b, double c, do
 
 // ---- Functions --------------------------------------------------------------
 
-double appliqueNom(std::string_view nom, double x, bool& aValeur, bool& echec)
+Fonction fonctionNommee(std::string_view nom)
+{
+    struct Ligne {
+        std::initializer_list<std::string_view> noms;
+        Fonction f;
+    };
+    static const Ligne table[] = {
+        {{"ABS"}, Fonction::Abs},
+        {{"SIN", "SINUS"}, Fonction::Sin},
+        {{"COS", "COSINUS"}, Fonction::Cos},
+        {{"TAN", "TG", "TANGEANTE"}, Fonction::Tan},
+        {{"COTAN", "COTG"}, Fonction::Cotan},
+        {{"LN"}, Fonction::Ln},
+        {{"LOG"}, Fonction::Log},
+        {{"EXP"}, Fonction::Exp},
+        {{"RAC", "SQR"}, Fonction::Rac},
+        {{"RAC3", "3SQR"}, Fonction::Rac3},
+        {{"ATN", "ARCTAN", "ARCTG"}, Fonction::Atn},
+        {{"ARCSIN"}, Fonction::Arcsin},
+        {{"ARCCOS"}, Fonction::Arccos},
+        {{"ARCCOTAN"}, Fonction::Arccotan},
+        {{"SINH", "HSIN"}, Fonction::Sinh},
+        {{"COSH", "HCOS"}, Fonction::Cosh},
+        {{"TANH", "HTAN"}, Fonction::Tanh},
+        {{"COTH", "HCOTAN"}, Fonction::Coth},
+        {{"ARCSINH", "HARCSIN"}, Fonction::Arcsinh},
+        {{"ARCCOSH", "HARCCOS"}, Fonction::Arccosh},
+        {{"ARCTANH", "HARCTAN"}, Fonction::Arctanh},
+        {{"ARCCOTANH", "HARCCOTANH"}, Fonction::Arccotanh},
+        {{"ENT", "E", "INT"}, Fonction::Ent},
+    };
+    for (const Ligne& ligne : table) {
+        for (std::string_view n : ligne.noms)
+            if (nom == n) return ligne.f;
+        // Any name whose first five letters are "EXPON" is the exponential.
+        if (ligne.f == Fonction::Exp && nom.substr(0, 5) == "EXPON") return Fonction::Exp;
+    }
+    return Fonction::Aucune;
+}
+
+double calculeFonction(Fonction f, double x, bool& echec)
 {
     Garde g;
     double v = 0;
-    aValeur = true;
-    auto est = [&](std::initializer_list<std::string_view> noms) {
-        for (std::string_view n : noms)
-            if (nom == n) return true;
-        return false;
-    };
-    if (est({"ABS"})) v = std::fabs(x);
-    else if (est({"SIN", "SINUS"})) v = g(std::sin(x));
-    else if (est({"COS", "COSINUS"})) v = g(std::cos(x));
-    else if (est({"TAN", "TG", "TANGEANTE"})) v = g(std::tan(x));
-    else if (est({"COTAN", "COTG"})) v = g(1.0 / g(std::tan(x)));  // tan 0 = 0: division by zero
-    else if (est({"LN"})) v = g(std::log(x));                        // -inf at 0, NaN below
-    else if (est({"LOG"})) v = g(g(std::log(x)) / std::log(10.0));
-    else if (est({"EXP"}) || nom.substr(0, 5) == "EXPON") v = g(std::exp(x));
-    else if (est({"RAC", "SQR"})) v = x >= 0 ? std::sqrt(x) : 0.0;
-    else if (est({"RAC3", "3SQR"})) v = g(std::pow(x, 1.0 / 3.0));  // NaN for x < 0
-    else if (est({"ATN", "ARCTAN", "ARCTG"})) v = std::atan(x);
-    else if (est({"ARCSIN"})) v = g(std::atan(g(x / g(std::sqrt(g(1 - g(x * x)))))));
-    else if (est({"ARCCOS"}))
+    switch (f) {
+    case Fonction::Aucune: break;
+    case Fonction::Abs: v = std::fabs(x); break;
+    case Fonction::Sin: v = g(std::sin(x)); break;
+    case Fonction::Cos: v = g(std::cos(x)); break;
+    case Fonction::Tan: v = g(std::tan(x)); break;
+    case Fonction::Cotan: v = g(1.0 / g(std::tan(x))); break;  // tan 0 = 0: division by zero
+    case Fonction::Ln: v = g(std::log(x)); break;                // -inf at 0, NaN below
+    case Fonction::Log: v = g(g(std::log(x)) / std::log(10.0)); break;
+    case Fonction::Exp: v = g(std::exp(x)); break;
+    case Fonction::Rac: v = x >= 0 ? std::sqrt(x) : 0.0; break;
+    case Fonction::Rac3: v = g(std::pow(x, 1.0 / 3.0)); break;  // NaN for x < 0
+    case Fonction::Atn: v = std::atan(x); break;
+    case Fonction::Arcsin: v = g(std::atan(g(x / g(std::sqrt(g(1 - g(x * x))))))); break;
+    case Fonction::Arccos:
         v = g(2 * std::atan(1.0) + std::atan(g(-x / g(std::sqrt(g(1 - g(x * x)))))));
-    else if (est({"ARCCOTAN"})) v = 2 * std::atan(1.0) - std::atan(x);
-    else if (est({"SINH", "HSIN"})) v = g(g(g(std::exp(x)) - g(std::exp(-x))) / 2);
-    else if (est({"COSH", "HCOS"})) v = g(g(g(std::exp(x)) + g(std::exp(-x))) / 2);
-    else if (est({"TANH", "HTAN"}))
+        break;
+    case Fonction::Arccotan: v = 2 * std::atan(1.0) - std::atan(x); break;
+    case Fonction::Sinh: v = g(g(g(std::exp(x)) - g(std::exp(-x))) / 2); break;
+    case Fonction::Cosh: v = g(g(g(std::exp(x)) + g(std::exp(-x))) / 2); break;
+    case Fonction::Tanh:
         v = g(g(g(std::exp(x)) - g(std::exp(-x))) / g(g(std::exp(x)) + g(std::exp(-x))));
-    else if (est({"COTH", "HCOTAN"}))
+        break;
+    case Fonction::Coth:
         v = g(g(g(std::exp(x)) + g(std::exp(-x))) / g(g(std::exp(x)) - g(std::exp(-x))));
-    else if (est({"ARCSINH", "HARCSIN"})) v = g(std::log(g(x + g(std::sqrt(g(g(x * x) + 1))))));
-    else if (est({"ARCCOSH", "HARCCOS"})) v = g(std::log(g(x + g(std::sqrt(g(g(x * x) - 1))))));
-    else if (est({"ARCTANH", "HARCTAN"})) v = g(g(std::log(g(g(1 + x) / g(1 - x)))) / 2);
-    else if (est({"ARCCOTANH", "HARCCOTANH"})) v = g(g(std::log(g(g(x + 1) / g(x - 1)))) / 2);
-    else if (est({"ENT", "E", "INT"})) v = std::floor(x);
-    else aValeur = false;
+        break;
+    case Fonction::Arcsinh: v = g(std::log(g(x + g(std::sqrt(g(g(x * x) + 1)))))); break;
+    case Fonction::Arccosh: v = g(std::log(g(x + g(std::sqrt(g(g(x * x) - 1)))))); break;
+    case Fonction::Arctanh: v = g(g(std::log(g(g(1 + x) / g(1 - x)))) / 2); break;
+    case Fonction::Arccotanh: v = g(g(std::log(g(g(x + 1) / g(x - 1)))) / 2); break;
+    case Fonction::Ent: v = std::floor(x); break;
+    }
     if (g.echec) echec = true;
     return v;
+}
+
+double appliqueNom(std::string_view nom, double x, bool& aValeur, bool& echec)
+{
+    const Fonction f = fonctionNommee(nom);
+    aValeur = f != Fonction::Aucune;
+    return calculeFonction(f, x, echec);
 }
 
 Resultat appliquefonction(std::string_view prefixe, double w)

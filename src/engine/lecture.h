@@ -75,9 +75,20 @@ Resultat combine4(char op1, char op2, char op3, double a, double b, double c, do
 // quotient outside the 32-bit range).
 bool quotientEntier(double a, double b, double& quotient);
 
+// The rows of the function table (one per computation, synonyms share it).
+enum class Fonction : unsigned char {
+    Aucune,  // a name in no row
+    Abs, Sin, Cos, Tan, Cotan, Ln, Log, Exp, Rac, Rac3, Atn, Arcsin, Arccos, Arccotan,
+    Sinh, Cosh, Tanh, Coth, Arcsinh, Arccosh, Arctanh, Arccotanh, Ent,
+};
+// The row of a function name, first match in table order ("SINUS" -> Sin,
+// "EXPONENTIELLE" -> Exp, "CUBR" -> Aucune).
+Fonction fonctionNommee(std::string_view nom);
+// The function of a row applied to x; `echec` is set on an arithmetic
+// failure. Aucune gives 0.
+double calculeFonction(Fonction f, double x, bool& echec);
 // The function named `nom` applied to x ("SIN", "LN", "RAC", "E"...).
-// `aValeur` is false for a name in no row of the function table; `echec`
-// is set on an arithmetic failure.
+// `aValeur` is false for a name in no row of the function table.
 double appliqueNom(std::string_view nom, double x, bool& aValeur, bool& echec);
 // Value of `prefixe(w)`: empty prefix, a digit, a number and an operator
 // ("3*"), or a head and a function name ("-SIN", "2*COS"). Never Echec.

@@ -30,10 +30,18 @@ public:
         switch (profondeur <= 0 ? 0 : entier(5)) {
         case 0: return atomes[entier(std::size(atomes))];
         case 1: return formule(profondeur - 1) + ops[entier(6)] + formule(profondeur - 1);
-        case 2: return std::string(noms_[entier(40)]) + "(" + formule(profondeur - 1) + ")";
+        case 2: return nom() + "(" + formule(profondeur - 1) + ")";
         case 3: return "(" + formule(profondeur - 1) + ")" + ops[entier(6)] + "(" + formule(profondeur - 1) + ")";
         default: return std::string(1, "-52X"[entier(4)]) + formule(profondeur - 1);
         }
+    }
+
+    // Every name of the normalisation table and those only the evaluator knows.
+    std::string nom()
+    {
+        static const char* autres[] = {"TANGEANTE", "EXPONENTIELLE", "ARCTG", "3SQR", "HARCCOTANH", "FOO"};
+        const int k = entier(40 + static_cast<int>(std::size(autres)));
+        return k < 40 ? std::string(noms_[k]) : autres[k - 40];
     }
 
     std::string mute(std::string s)
