@@ -5,50 +5,49 @@
 
 namespace velorin {
 
-LigneCourbe ligneDepuisParametres(const Etat& etat, int numero, int type)
-{
-    const Parametres& p = etat.param;
-    const SchemaCouleurs& c = etat.couleurs;
-    LigneCourbe l{};
-    l[colCouleurTrace] = c.couleurTrace;
-    l[colCouleurProjXOy] = c.couleurProjXOy;
-    l[colCouleurProjXOz] = c.couleurProjXOz;
-    l[colCouleurProjYOz] = c.couleurProjYOz;
-    l[colCouleurProjOx] = c.couleurProjOx;
-    l[colCouleurProjOy] = c.couleurProjOy;
-    l[colCouleurProjOz] = c.couleurProjOz;
-    l[colTmin] = p.tmin;
-    l[colTmax] = p.tmax;
-    l[colPasT] = p.pasT;
-    l[colAmin] = p.amin;
-    l[colAmax] = p.amax;
-    l[colPasA] = p.pasA;
-    l[colTraceContinu] = p.traceContinu;
-    l[colProjXOy] = p.projXOy;
-    l[colProjXOz] = p.projXOz;
-    l[colProjYOz] = p.projYOz;
-    l[colProjOx] = p.projOx;
-    l[colProjOy] = p.projOy;
-    l[colProjOz] = p.projOz;
-    l[colAvecRayon] = p.avecRayon;
-    l[colNbrCalX] = p.nbrCalX;
-    l[colNbrCalY] = p.nbrCalY;
-    l[colNbrCalZ] = p.nbrCalZ;
-    l[colCouleurFamille] = c.couleurFamille;
-    l[colCouleurTangente] = c.couleurTangente;
-    l[colCouleurRayon] = c.couleurRayon;
-    l[colAvecSegmentTangent] = p.avecSegmentTangent;
-    l[colOrdreBoucles] = p.ordreBoucles;
-    l[colAvecMoirure] = p.avecMoirure ? 1 : 0;
-    l[colNumero] = numero;
-    l[colTypeFonction] = type;
-    return l;
-}
-
 namespace {
 
+// Calls f(column, member) for every drawing value of a row, in column order.
+// E is Etat or const Etat, so that one list serves both directions.
+template <typename E, typename F>
+void pourChaqueColonne(E& etat, F&& f)
+{
+    auto& p = etat.param;
+    auto& c = etat.couleurs;
+    f(colCouleurTrace, c.couleurTrace);
+    f(colCouleurProjXOy, c.couleurProjXOy);
+    f(colCouleurProjXOz, c.couleurProjXOz);
+    f(colCouleurProjYOz, c.couleurProjYOz);
+    f(colCouleurProjOx, c.couleurProjOx);
+    f(colCouleurProjOy, c.couleurProjOy);
+    f(colCouleurProjOz, c.couleurProjOz);
+    f(colTmin, p.tmin);
+    f(colTmax, p.tmax);
+    f(colPasT, p.pasT);
+    f(colAmin, p.amin);
+    f(colAmax, p.amax);
+    f(colPasA, p.pasA);
+    f(colTraceContinu, p.traceContinu);
+    f(colProjXOy, p.projXOy);
+    f(colProjXOz, p.projXOz);
+    f(colProjYOz, p.projYOz);
+    f(colProjOx, p.projOx);
+    f(colProjOy, p.projOy);
+    f(colProjOz, p.projOz);
+    f(colAvecRayon, p.avecRayon);
+    f(colNbrCalX, p.nbrCalX);
+    f(colNbrCalY, p.nbrCalY);
+    f(colNbrCalZ, p.nbrCalZ);
+    f(colCouleurFamille, c.couleurFamille);
+    f(colCouleurTangente, c.couleurTangente);
+    f(colCouleurRayon, c.couleurRayon);
+    f(colAvecSegmentTangent, p.avecSegmentTangent);
+    f(colOrdreBoucles, p.ordreBoucles);
+    f(colAvecMoirure, p.avecMoirure);
+}
+
 // Values read back from a figure file may be anything: a colour keeps its
-// 24 bits, a flag or a count its integer part.
+// 24 bits, a flag or a count its integer part, the loop order 0..3.
 Couleur enCouleur(double v)
 {
     return v >= 0 && v <= 0xFFFFFF ? static_cast<Couleur>(v) : 0;
@@ -59,42 +58,26 @@ int enEntier(double v)
     return v >= -2147483647.0 && v <= 2147483647.0 ? static_cast<int>(v) : 0;
 }
 
+void lis(double& cible, double v) { cible = v; }
+void lis(int& cible, double v) { cible = enEntier(v); }
+void lis(Couleur& cible, double v) { cible = enCouleur(v); }
+void lis(std::uint8_t& cible, double v) { cible = static_cast<std::uint8_t>(enEntier(v) & 3); }
+void lis(bool& cible, double v) { cible = v != 0; }
+
 }  // namespace
+
+LigneCourbe ligneDepuisParametres(const Etat& etat, int numero, int type)
+{
+    LigneCourbe l{};
+    pourChaqueColonne(etat, [&](int colonne, const auto& valeur) { l[colonne] = double(valeur); });
+    l[colNumero] = numero;
+    l[colTypeFonction] = type;
+    return l;
+}
 
 void appliqueLigne(const LigneCourbe& l, Etat& etat)
 {
-    Parametres& p = etat.param;
-    SchemaCouleurs& c = etat.couleurs;
-    c.couleurTrace = enCouleur(l[colCouleurTrace]);
-    c.couleurProjXOy = enCouleur(l[colCouleurProjXOy]);
-    c.couleurProjXOz = enCouleur(l[colCouleurProjXOz]);
-    c.couleurProjYOz = enCouleur(l[colCouleurProjYOz]);
-    c.couleurProjOx = enCouleur(l[colCouleurProjOx]);
-    c.couleurProjOy = enCouleur(l[colCouleurProjOy]);
-    c.couleurProjOz = enCouleur(l[colCouleurProjOz]);
-    p.tmin = l[colTmin];
-    p.tmax = l[colTmax];
-    p.pasT = l[colPasT];
-    p.amin = l[colAmin];
-    p.amax = l[colAmax];
-    p.pasA = l[colPasA];
-    p.traceContinu = enEntier(l[colTraceContinu]);
-    p.projXOy = enEntier(l[colProjXOy]);
-    p.projXOz = enEntier(l[colProjXOz]);
-    p.projYOz = enEntier(l[colProjYOz]);
-    p.projOx = enEntier(l[colProjOx]);
-    p.projOy = enEntier(l[colProjOy]);
-    p.projOz = enEntier(l[colProjOz]);
-    p.avecRayon = enEntier(l[colAvecRayon]);
-    p.nbrCalX = l[colNbrCalX];
-    p.nbrCalY = l[colNbrCalY];
-    p.nbrCalZ = l[colNbrCalZ];
-    c.couleurFamille = enCouleur(l[colCouleurFamille]);
-    c.couleurTangente = enCouleur(l[colCouleurTangente]);
-    c.couleurRayon = enCouleur(l[colCouleurRayon]);
-    p.avecSegmentTangent = enEntier(l[colAvecSegmentTangent]);
-    p.ordreBoucles = static_cast<std::uint8_t>(enEntier(l[colOrdreBoucles]) & 3);
-    p.avecMoirure = l[colAvecMoirure] != 0;
+    pourChaqueColonne(etat, [&](int colonne, auto& valeur) { lis(valeur, l[colonne]); });
 }
 
 int ajouteCourbe(TableCourbes& table, const LigneCourbe& ligne)

@@ -64,10 +64,17 @@ std::string messageBoucle(const char* nom, const Boucle<T>& b)
            ") ne donne aucun point : rien n'est tracé.";
 }
 
-std::string messageTropDePoints(double n)
+// Why a walk cannot be traced (no point, or more than maxPointsTrace points
+// for the whole tracing); empty when it can.
+template <typename T>
+std::string refus(const char* nom, const Boucle<T>& b, double points)
 {
-    return "Trop de points à calculer (" + texteNombre(std::floor(n)) + ") : au plus " +
-           texteNombre(maxPointsTrace) + " par tracé. Augmentez le pas.";
+    if (b.nombre() == 0)
+        return messageBoucle(nom, b);
+    if (points > maxPointsTrace)
+        return "Trop de points à calculer (" + texteNombre(std::floor(points)) + ") : au plus " +
+               texteNombre(maxPointsTrace) + " par tracé. Augmentez le pas.";
+    return {};
 }
 
 // Bookkeeping of one tracing: counts the points, stops at a formula error
@@ -186,10 +193,8 @@ FinTrace traceCourbeT(Etat& etat, Surface& surface, const CrochetsTrace& crochet
 {
     const Parametres& p = etat.param;
     const Boucle<double> bt{p.tmin, p.tmax, p.pasT};
-    if (bt.nombre() == 0)
-        return {false, messageBoucle("t", bt)};
-    if (bt.nombre() > maxPointsTrace)
-        return {false, messageTropDePoints(bt.nombre())};
+    if (std::string r = refus("t", bt, bt.nombre()); !r.empty())
+        return {false, r};
     Tracage tr(etat, surface, crochets);
     tr.tangenteAuRepos();
     tr.nouvelleCourbe();
@@ -217,14 +222,13 @@ FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochet
     const Parametres& p = etat.param;
     const Boucle<double> bt{p.tmin, p.tmax, p.pasT};
     const Boucle<float> ba{float(p.amin), float(p.amax), float(p.pasA)};
-    if (bt.nombre() == 0)
-        return {false, messageBoucle("t", bt)};
-    if (ba.nombre() == 0)
-        return {false, messageBoucle("a", ba)};
     const int ordre = p.ordreBoucles & 3;
     const double points = bt.nombre() * ba.nombre() * (ordre >= 2 ? 2 : 1);
-    if (points > maxPointsTrace)
-        return {false, messageTropDePoints(points)};
+    std::string r = refus("t", bt, 0);
+    if (r.empty())
+        r = refus("a", ba, points);
+    if (!r.empty())
+        return {false, r};
 
     Tracage tr(etat, surface, crochets);
     tr.tangenteAuRepos();
@@ -293,10 +297,8 @@ FinTrace traceExplicite(Etat& etat, Surface& surface, const CrochetsTrace& croch
                                (p.ymax - p.ymin) * (p.ymax - p.ymin)) / 8;
     t.pasX = (p.xmax - p.xmin) / p.nbrCalX;
     const Boucle<double> bx{p.xmin, p.xmax, t.pasX};
-    if (!(p.nbrCalX > 0) || bx.nombre() == 0)
-        return {false, messageBoucle("x", bx)};
-    if (bx.nombre() > maxPointsTrace)
-        return {false, messageTropDePoints(bx.nombre())};
+    if (std::string r = refus("x", bx, bx.nombre()); !r.empty())
+        return {false, r};
 
     Tracage tr(etat, surface, crochets);
     tr.tangenteAuRepos();

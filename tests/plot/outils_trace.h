@@ -1,7 +1,7 @@
 // Shared set-up of the tracer tests: a calibrated state on a recording
-// surface of the default size, and small readers of the recorded operations.
+// surface of the default size, and a reader of the recorded operations.
 #pragma once
-#include <cmath>
+#include <optional>
 #include <vector>
 
 #include "etat.h"
@@ -12,8 +12,8 @@ namespace velorin::essai {
 
 using Genre = OperationDessin::Genre;
 
-// Plane: ranges [-10, 10], so x maps to 6980 + 688 x and y to 5410 - 536 y.
-// Space: viewer (30, 20, 15) looking at the origin.
+// Plane: ranges [-10, 10], x maps to 6980 + 688 x and y to 5410 - 536 y.
+// Space: viewer (30, 20, 15) looking at the origin. No pause.
 inline Etat etatCalibre(bool espace)
 {
     Etat etat;
@@ -24,20 +24,13 @@ inline Etat etatCalibre(bool espace)
     return etat;
 }
 
-inline std::vector<OperationDessin> duGenre(const SurfaceEnregistreuse& s, Genre g)
+// The recorded operations of one kind, of one colour if given.
+inline std::vector<OperationDessin> duGenre(const SurfaceEnregistreuse& s, Genre g,
+                                            std::optional<Couleur> couleur = {})
 {
     std::vector<OperationDessin> r;
     for (const auto& op : s.operations())
-        if (op.genre == g)
-            r.push_back(op);
-    return r;
-}
-
-inline std::vector<OperationDessin> enCouleur(const SurfaceEnregistreuse& s, Genre g, Couleur c)
-{
-    std::vector<OperationDessin> r;
-    for (const auto& op : duGenre(s, g))
-        if (op.couleur == c)
+        if (op.genre == g && (!couleur || op.couleur == *couleur))
             r.push_back(op);
     return r;
 }

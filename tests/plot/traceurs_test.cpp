@@ -12,137 +12,127 @@ namespace {
 
 using namespace essai;
 
-struct Formules { const char* f1; const char* f2; const char* f3; };
-
-Etat etatAvec(bool espace, Formules f)
+Etat etatAvec(bool espace, const char* f1, const char* f2 = "", const char* f3 = "")
 {
     Etat etat = etatCalibre(espace);
-    etat.moteur.formuleF1 = f.f1;
-    etat.moteur.formuleF2 = f.f2;
-    etat.moteur.formuleF3 = f.f3;
+    etat.moteur.formuleF1 = f1;
+    etat.moteur.formuleF2 = f2;
+    etat.moteur.formuleF3 = f3;
     return etat;
 }
 
-// Surface x of a plane point back to the x of the ranges.
-double xDe(const Etat& e, double sx) { return (sx - e.vue.decalX) / e.vue.echelleX; }
+void bornesT(Etat& e, double debut, double fin, double pas)
+{
+    e.param.tmin = debut, e.param.tmax = fin, e.param.pasT = pas;
+}
 
 TEST(Traceurs, TangentOfThePlaneCurveBranchesAreNeverJoined)
 {
-    Etat etat = etatAvec(false, {"TAN(X)", "", ""});
+    Etat etat = etatAvec(false, "TAN(X)");
     SurfaceEnregistreuse s;
     EXPECT_TRUE(traceExplicite(etat, s, {}).message.empty());
-    // Seven branches between the six asymptotes of [-10, 10]: each starts with a dot.
+    // Seven branches between the six asymptotes of [-10, 10], each starting with a dot.
     EXPECT_EQ(duGenre(s, Genre::Point).size(), 7u);
     EXPECT_GT(duGenre(s, Genre::Ligne).size(), 100u);
-    for (const auto& l : duGenre(s, Genre::Ligne)) {
-        const double k1 = std::floor(xDe(etat, l.x1) / 3.141592653589793 - 0.5);
-        const double k2 = std::floor(xDe(etat, l.x2) / 3.141592653589793 - 0.5);
-        EXPECT_EQ(k1, k2) << "segment across an asymptote at x = " << xDe(etat, l.x1);
-    }
+    auto branche = [&](double sx) {
+        return std::floor((sx - etat.vue.decalX) / etat.vue.echelleX / 3.141592653589793 - 0.5);
+    };
+    for (const auto& l : duGenre(s, Genre::Ligne))
+        EXPECT_EQ(branche(l.x1), branche(l.x2)) << "segment across an asymptote at " << l.x1;
 }
 
 TEST(Traceurs, PlaneCurveMarksEveryTenthPointWithItsTangent)
 {
     struct Cas { double nbrCalX; int tangentes; std::size_t marques; };
     for (Cas c : {Cas{37, 1, 3}, Cas{100, 1, 10}, Cas{8, 1, 0}, Cas{100, 0, 0}}) {
-        Etat etat = etatAvec(false, {"0.5*X", "", ""});
+        Etat etat = etatAvec(false, "0.5*X");
         etat.param.nbrCalX = c.nbrCalX;
         etat.param.avecSegmentTangent = c.tangentes;
         SurfaceEnregistreuse s;
         traceExplicite(etat, s, {});
         const auto& ops = s.operations();
-        std::vector<std::size_t> indices;   // curve points in order: a dot then segment ends
-        for (std::size_t i = 0; i < ops.size(); ++i)
-            if (ops[i].couleur == etat.couleurs.couleurTrace)
-                indices.push_back(i);
-        std::size_t marques = 0;
+        std::size_t marques = 0, points = 0;
         for (std::size_t i = 0; i < ops.size(); ++i) {
-            if (ops[i].couleur != etat.couleurs.couleurTangente)
+            if (ops[i].couleur == etat.couleurs.couleurTrace) {
+                ++points;
                 continue;
+            }
             ++marques;
-            // Drawn just before the point it belongs to, which is a tenth point.
-            const auto rang = std::find(indices.begin(), indices.end(), i + 1) - indices.begin();
-            EXPECT_EQ((rang + 1) % 10, 0) << c.nbrCalX;
+            // Drawn just before its point, a tenth one; centred on it, the
+            // half length in range units and the slope of 0.5 X.
+            ASSERT_LT(i + 1, ops.size());
+            EXPECT_EQ((points + 1) % 10, 0u) << c.nbrCalX;
             const auto& t = ops[i];
-            const double px = ops[i + 1].genre == Genre::Ligne ? ops[i + 1].x2 : ops[i + 1].x1;
-            const double py = ops[i + 1].genre == Genre::Ligne ? ops[i + 1].y2 : ops[i + 1].y1;
-            EXPECT_NEAR((t.x1 + t.x2) / 2, px, 1e-6);      // centred on the point
+            const double px = ops[i + 1].x2, py = ops[i + 1].y2;
+            EXPECT_NEAR((t.x1 + t.x2) / 2, px, 1e-6);
             EXPECT_NEAR((t.y1 + t.y2) / 2, py, 1e-6);
             const double dx = (t.x1 - px) / etat.vue.echelleX, dy = (py - t.y1) / etat.vue.echelleY;
-            EXPECT_NEAR(std::hypot(dx, dy), std::sqrt(800.0) / 8, 1e-6);  // half length
-            EXPECT_NEAR(dy / dx, 0.5, 1e-6);                               // the slope
+            EXPECT_NEAR(std::hypot(dx, dy), std::sqrt(800.0) / 8, 1e-6);
+            EXPECT_NEAR(dy / dx, 0.5, 1e-6);
         }
         EXPECT_EQ(marques, c.marques) << c.nbrCalX;
     }
 }
 
-TEST(Traceurs, SphericalCurveDrawsItsRadiusOnTenthPoints)
+TEST(Traceurs, RadiusOfTheSphericalCurveAndGapsOfACurveLeavingTheBox)
 {
     for (int avecRayon : {0, 1}) {
-        Etat etat = etatAvec(true, {"2", "T", "0"});
+        Etat etat = etatAvec(true, "2", "T", "0");
         etat.moteur.genreCourbe = 3;
         etat.param.avecRayon = avecRayon;
-        etat.param.tmin = 0, etat.param.tmax = 6.28, etat.param.pasT = 0.1;  // 63 points
+        bornesT(etat, 0, 6.28, 0.1);  // 63 points
         SurfaceEnregistreuse s;
         parcours3(etat, s, {});
-        const auto rayons = enCouleur(s, Genre::Ligne, etat.couleurs.couleurRayon);
+        const auto rayons = duGenre(s, Genre::Ligne, etat.couleurs.couleurRayon);
         EXPECT_EQ(rayons.size(), avecRayon ? 6u : 0u);
-        for (const auto& r : rayons) {
-            EXPECT_EQ(r.x1, etat.vue.origineEcranX);
-            EXPECT_EQ(r.y1, etat.vue.origineEcranY);
-        }
+        for (const auto& r : rayons)
+            EXPECT_EQ(std::make_pair(r.x1, r.y1), std::make_pair(etat.vue.origineEcranX, etat.vue.origineEcranY));
     }
-}
-
-TEST(Traceurs, CurveLeavingTheBoxIsNotJoinedAcrossTheGap)
-{
-    // A circle of radius 12 is inside the [-10, 10] box only near the diagonals.
-    Etat etat = etatAvec(true, {"(12)*COS(T)", "(12)*SIN(T)", "0"});
-    etat.param.tmin = 0, etat.param.tmax = 6.28, etat.param.pasT = 0.01;
+    // A circle of radius 12 lies inside the [-10, 10] box only near the diagonals.
+    Etat etat = etatAvec(true, "(12)*COS(T)", "(12)*SIN(T)", "0");
+    bornesT(etat, 0, 6.28, 0.01);
     SurfaceEnregistreuse s;
     parcours1(etat, s, {});
     EXPECT_EQ(duGenre(s, Genre::Point).size(), 4u);
     EXPECT_GT(duGenre(s, Genre::Ligne).size(), 40u);
 }
 
-TEST(Traceurs, FamilyLoopOrdersCurvesAndPoints)
+TEST(Traceurs, FamilyLoopOrdersCurvesPointsAndColours)
 {
     // a over [0, amax] by 0.1 in single precision; t over [0, 1] by 0.25 (5 values).
-    struct Cas { int ordre; double amax; std::size_t courbes; std::size_t points;
-                 std::size_t rouges; std::size_t verts; };
+    struct Cas { int ordre; double amax; std::size_t courbes, points, rouges, verts; };
     const Cas cas[] = {
-        {0, 1, 10, 50, 0, 0},     // a single loop reaches 10 values (11 in double)
-        {0, 3, 31, 155, 0, 0},    // ... and 31 here (30 in double)
+        {0, 1, 10, 50, 0, 0},     // a reaches 10 values (11 in double precision)
+        {0, 3, 31, 155, 0, 0},    // ... and 31 here (30 in double precision)
         {1, 1, 5, 50, 0, 0},
         {2, 1, 15, 100, 0, 0},
         {3, 1, 15, 100, 50, 50},  // t-outer pass red, a-outer pass green
     };
     for (const Cas& c : cas) {
-        Etat etat = etatAvec(true, {"A", "T", "0"});
+        Etat etat = etatAvec(true, "A", "T", "0");
         etat.param.ordreBoucles = static_cast<std::uint8_t>(c.ordre);
         etat.param.amin = 0, etat.param.amax = c.amax, etat.param.pasA = 0.1;
-        etat.param.tmin = 0, etat.param.tmax = 1, etat.param.pasT = 0.25;
+        bornesT(etat, 0, 1, 0.25);
         SurfaceEnregistreuse s;
         EXPECT_TRUE(parcours2(etat, s, {}).message.empty());
-        const auto debuts = duGenre(s, Genre::Point).size();
+        const std::size_t debuts = duGenre(s, Genre::Point).size();
         EXPECT_EQ(debuts, c.courbes) << c.ordre << " " << c.amax;
         EXPECT_EQ(debuts + duGenre(s, Genre::Ligne).size(), c.points) << c.ordre << " " << c.amax;
-        std::size_t rouges = 0, verts = 0;
-        for (const auto& op : s.operations()) {
-            rouges += op.couleur == 255;
-            verts += op.couleur == 65280;
-        }
-        EXPECT_EQ(rouges, c.rouges) << c.ordre;
-        EXPECT_EQ(verts, c.verts) << c.ordre;
+        auto nombre = [&](Couleur k) {
+            return std::count_if(s.operations().begin(), s.operations().end(),
+                                 [&](const auto& op) { return op.couleur == k; });
+        };
+        EXPECT_EQ(nombre(255), static_cast<long>(c.rouges)) << c.ordre;
+        EXPECT_EQ(nombre(65280), static_cast<long>(c.verts)) << c.ordre;
     }
 }
 
 TEST(Traceurs, MoireColoursRunOneToFifteenThenTwoToFifteen)
 {
-    Etat etat = etatAvec(true, {"(1)*SIN(A)", "(1)*COS(A)", "T"});
+    Etat etat = etatAvec(true, "(1)*SIN(A)", "(1)*COS(A)", "T");
     etat.param.avecMoirure = true;
     etat.param.amin = 0, etat.param.amax = 2, etat.param.pasA = 0.1;  // 20 curves
-    etat.param.tmin = 0, etat.param.tmax = 1, etat.param.pasT = 0.5;
+    bornesT(etat, 0, 1, 0.5);
     SurfaceEnregistreuse s;
     parcours4(etat, s, {});
     std::vector<Couleur> couleurs, attendues;
@@ -169,13 +159,12 @@ TEST(Traceurs, RefusedRangesDrawNothingAndSaySo)
         {"plane curve, no count", 0, 0, 0, 0, 0},
     };
     for (const Cas& c : cas) {
-        Etat etat = etatAvec(c.genre != 0, {"T/10", "A/10", "0"});
+        Etat etat = etatAvec(c.genre != 0, "T/10", "A/10", "0");
         if (c.genre == 1)
-            etat.param.tmin = c.debut, etat.param.tmax = c.fin, etat.param.pasT = c.pas;
+            bornesT(etat, c.debut, c.fin, c.pas);
         if (c.genre == 2)
             etat.param.amin = c.debut, etat.param.amax = c.fin, etat.param.pasA = c.pas;
-        if (c.genre == 0)
-            etat.param.nbrCalX = c.pas;
+        etat.param.nbrCalX = c.pas;
         SurfaceEnregistreuse s;
         const FinTrace fin = c.genre == 0 ? traceExplicite(etat, s, {})
                              : c.genre == 1 ? parcours1(etat, s, {}) : parcours2(etat, s, {});
@@ -188,8 +177,8 @@ TEST(Traceurs, InterruptionAndFormulaErrorsStopTheTracing)
 {
     struct Cas { const char* f1; bool interrompre; bool interrompu; bool message; std::size_t auPlus; };
     for (Cas c : {Cas{"T/100000", true, true, false, 256}, Cas{"SIN(T", false, false, true, 1}}) {
-        Etat etat = etatAvec(true, {c.f1, "0", "0"});
-        etat.param.tmin = 0, etat.param.tmax = 1, etat.param.pasT = 1e-5;
+        Etat etat = etatAvec(true, c.f1, "0", "0");
+        bornesT(etat, 0, 1, 1e-5);
         int questions = 0;
         CrochetsTrace crochets;
         crochets.interrompu = [&] { ++questions; return c.interrompre; };
