@@ -117,12 +117,6 @@ TEST(DemandeTextes, FieldsColourNamesAndCaptions)
 
     for (auto [dixiemes, attendu] : {std::pair{0, "L__00.00"}, {7, "L__07.00"}, {1234, "L__1234.00"}})
         EXPECT_EQ(legendeFinTrace("L", dixiemes), attendu);
-
-    const CouleursDefaut d;
-    struct Cycle { Couleur enCours; int rang; Couleur attendue; };
-    for (Cycle c : {Cycle{0xFF, 0, 0xFF}, Cycle{0xFF, 1, d.coulVert}, Cycle{0xFF, 6, d.coulOrange},
-                    Cycle{0xFF, 7, 0xFF}, Cycle{0x123456, 1, d.coulRouge}, Cycle{0x123456, 8, 0x123456}})
-        EXPECT_EQ(couleurCycle(d, c.enCours, c.rang), c.attendue) << c.enCours << " " << c.rang;
 }
 
 TEST(TableCourbes, RowCarriesEveryDrawingValue)
