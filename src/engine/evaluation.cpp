@@ -22,35 +22,6 @@ struct Variables {
 
 Resultat valeur(double v) { return {Issue::Valeur, v}; }
 
-// Which variable a letter stands for in a family (0, 1, 2), or -1.
-int rangVariable(Famille f, char c)
-{
-    switch (f) {
-    case Famille::Plan:
-        if (c == 'X' || c == 'A') return 0;
-        if (c == 'T' || c == 'Y') return 1;
-        return -1;
-    case Famille::Espace: return (c == 'X' || c == 'T' || c == 'A') ? 0 : -1;
-    case Famille::Nuage:
-        if (c == 'X') return 0;
-        if (c == 'Y') return 1;
-        if (c == 'Z') return 2;
-        return -1;
-    }
-    return -1;
-}
-
-// Most bracket pairs a formula of the family may hold, nested ones included.
-std::size_t pairesMax(Famille f)
-{
-    switch (f) {
-    case Famille::Nuage: return 2;
-    case Famille::Plan: return 3;
-    case Famille::Espace: return 4;
-    }
-    return 0;
-}
-
 Resultat evalterme(Famille f, std::string_view terme, const Variables& var)
 {
     const double defaut = var.valeurs[0];
@@ -133,31 +104,6 @@ Resultat evalsomme(Famille f, std::string_view texte, const Variables& var)
     return valeur(somme);
 }
 
-// Top-level bracket groups: positions (0-based) of the "(" and of the ")"
-// that closes it. Empty when a ")" closes nothing (brackets in the wrong
-// order, as in ")X(").
-struct Groupe {
-    std::size_t ouvre, ferme;
-};
-std::vector<Groupe> groupes(std::string_view texte, bool& ordreCorrect)
-{
-    std::vector<Groupe> g;
-    int profondeur = 0;
-    ordreCorrect = true;
-    for (std::size_t i = 0; i < texte.size(); ++i) {
-        if (texte[i] == '(') {
-            if (profondeur++ == 0) g.push_back({i, i});
-        } else if (texte[i] == ')') {
-            if (--profondeur < 0) {
-                ordreCorrect = false;
-                return {};
-            }
-            if (profondeur == 0) g.back().ferme = i;
-        }
-    }
-    return g;
-}
-
 Resultat evalcrochets(Famille f, std::string_view brut, const Variables& var)
 {
     const std::string texte = majuscules(sansBlancsAuxBouts(brut));
@@ -234,6 +180,52 @@ double rendu(Famille f, std::string_view texte, double a, double b, double c, Is
 }
 
 }  // namespace
+
+int rangVariable(Famille f, char c)
+{
+    switch (f) {
+    case Famille::Plan:
+        if (c == 'X' || c == 'A') return 0;
+        if (c == 'T' || c == 'Y') return 1;
+        return -1;
+    case Famille::Espace: return (c == 'X' || c == 'T' || c == 'A') ? 0 : -1;
+    case Famille::Nuage:
+        if (c == 'X') return 0;
+        if (c == 'Y') return 1;
+        if (c == 'Z') return 2;
+        return -1;
+    }
+    return -1;
+}
+
+std::size_t pairesMax(Famille f)
+{
+    switch (f) {
+    case Famille::Nuage: return 2;
+    case Famille::Plan: return 3;
+    case Famille::Espace: return 4;
+    }
+    return 0;
+}
+
+std::vector<Groupe> groupes(std::string_view texte, bool& ordreCorrect)
+{
+    std::vector<Groupe> g;
+    std::ptrdiff_t profondeur = 0;
+    ordreCorrect = true;
+    for (std::size_t i = 0; i < texte.size(); ++i) {
+        if (texte[i] == '(') {
+            if (profondeur++ == 0) g.push_back({i, i});
+        } else if (texte[i] == ')') {
+            if (--profondeur < 0) {
+                ordreCorrect = false;
+                return {};
+            }
+            if (profondeur == 0) g.back().ferme = i;
+        }
+    }
+    return g;
+}
 
 Resultat evaltermeplan(std::string_view terme, double u, double v)
 {

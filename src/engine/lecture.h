@@ -18,7 +18,9 @@
 // overflows) gives horsCalcul to the caller of evalplan/evalespace/evalnuage.
 // No NaN or infinity is ever returned.
 #pragma once
+#include <cstddef>
 #include <string_view>
+#include <vector>
 
 namespace velorin {
 
@@ -108,6 +110,21 @@ Resultat evaltermenuage(std::string_view terme, double x, double y, double z);
 Resultat evalsommeplan(std::string_view texte, double u, double v);
 Resultat evalsommeespace(std::string_view texte, double t, double xPrecedent);
 Resultat evalsommenuage(std::string_view texte, double x, double y, double z);
+
+// ---- Rules of the reading that depend on the text only --------------------
+// Which variable a letter stands for in a family (0, 1, 2), or -1.
+int rangVariable(Famille f, char c);
+// Most bracket pairs a formula of the family may hold, nested ones
+// included (cloud 2, plane 3, space 4); more gives no value.
+std::size_t pairesMax(Famille f);
+// A top-level bracket group: 0-based positions of its "(" and of the ")"
+// that closes it.
+struct Groupe {
+    std::size_t ouvre, ferme;
+};
+// The top-level groups of a text; `ordreCorrect` is false (and the list
+// empty) when a ")" closes nothing, as in ")X(".
+std::vector<Groupe> groupes(std::string_view texte, bool& ordreCorrect);
 
 // ---- Whole formulas -------------------------------------------------------
 // The full result of a formula of a family (Valeur, SansValeur or
