@@ -1,0 +1,224 @@
+#include "view/repere.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "view/format_nombre.h"
+#include "view/projection.h"
+#include "view/repere_trace.h"
+
+namespace velorin {
+
+Couleur inverseVideo(Couleur c)
+{
+    return (~c) & 0xFFFFFF;
+}
+
+CouleursRepere couleursRepere(const Etat& etat)
+{
+    CouleursRepere c;
+    const bool blanc = etat.param.fondBlanc == 1;
+    c.fond = blanc ? 0xFFFFFF : 0x000000;
+    c.axes = blanc ? 0x000000 : (etat.couleurs.couleurAxes & 0xFFFFFF);
+    if (etat.fenetre.inversionVideo) {
+        c.fond = inverseVideo(c.fond);
+        c.axes = inverseVideo(c.axes);
+    }
+    if (c.axes == c.fond)
+        c.axes = inverseVideo(c.fond);
+    return c;
+}
+
+void effaceEcran(Etat& etat, Surface& surface)
+{
+    const CouleursRepere c = couleursRepere(etat);
+    etat.couleurs.couleurFond = c.fond;
+    surface.Clear(c.fond);
+}
+
+const char* motifGraduation(double v)
+{
+    const double a = std::fabs(v);
+    if (a == 0 || (a >= 0.01 && a < 10))
+        return "0.000";
+    if (a >= 10 && a < 100)
+        return "00.00";
+    return a < 0.01 ? "0.00E-00" : "0.00E+00";
+}
+
+double tailleTexteRepere(double W, double H)
+{
+    const double taille = std::round(std::min(W / 15 / 130, H / 15 / 95));
+    return std::clamp(taille, 8.0, 11.0);
+}
+
+namespace {
+
+constexpr double procheViseur = 0.05;  // nearest depth drawn in front of the viewer
+
+// Space frame. Half-axes are cut where they pass behind the viewer: beyond
+// that plane the central projection would throw their images across the
+// picture.
+class RepereEspace {
+public:
+    RepereEspace(const Etat& e, TraceRepere& t) : p_(e.param), v_(e.vue), t_(t)
+    {
+        const double n = std::sqrt(normeCarree(p_.Xdirection, p_.Ydirection, p_.Zdirection));
+        if (n > 0) {
+            dx_ = p_.Xdirection / n;
+            dy_ = p_.Ydirection / n;
+            dz_ = p_.Zdirection / n;
+        }
+    }
+
+    void trace()
+    {
+        struct Bout { double x, y, z, valeur; };
+        const Bout bouts[6] = {{p_.xmin, 0, 0, p_.xmin}, {p_.xmax, 0, 0, p_.xmax},
+                               {0, p_.ymin, 0, p_.ymin}, {0, p_.ymax, 0, p_.ymax},
+                               {0, 0, p_.zmin, p_.zmin}, {0, 0, p_.zmax, p_.zmax}};
+        for (int i = 0; i < 6; ++i) {
+            const Bout& b = bouts[i];
+            double ax, ay, bx, by;
+            if (b.valeur == 0 || !segment(b.x, b.y, b.z, ax, ay, bx, by))
+                continue;
+            t_.ligne(ax, ay, bx, by);
+            const double l = std::hypot(bx - ax, by - ay);
+            if (l >= 1)
+                vus_[i] = {true, entier(b.x, b.y, b.z) && t_.dedans(bx, by), bx, by,
+                           (bx - ax) / l, (by - ay) / l};
+        }
+        for (int i = 0; i < 6; ++i) {
+            const DemiAxe& d = vus_[i];
+            if (d.bout && bouts[i].valeur > 0)
+                t_.fleche(d.x, d.y, d.ux, d.uy);
+            else if (d.bout)
+                t_.trait(d.x, d.y, d.ux, d.uy, tailleTrait);
+        }
+        lettres();
+        for (int i = 0; i < 6; ++i)
+            if (vus_[i].bout) {
+                const double v = bouts[i].valeur;
+                t_.texte(formatNombre(v, motifGraduation(v)), vus_[i].x, vus_[i].y, vus_[i].ux,
+                         vus_[i].uy, ecartNombre);
+            }
+    }
+
+private:
+    static constexpr double tailleTrait = 60, ecartNombre = 90, ecartLettre = 70;
+
+    double profondeur(double x, double y, double z) const
+    {
+        return (x - p_.Xviseur) * dx_ + (y - p_.Yviseur) * dy_ + (z - p_.Zviseur) * dz_;
+    }
+
+    bool image(double x, double y, double z, double& sx, double& sy) const
+    {
+        return projette(p_, v_, true, x, y, z, sx, sy);
+    }
+
+    // The whole point is in front of the viewer and projects.
+    bool entier(double x, double y, double z) const
+    {
+        double sx, sy;
+        return profondeur(x, y, z) > procheViseur && image(x, y, z, sx, sy);
+    }
+
+    // Image of the part of the segment from the origin to (x, y, z) that
+    // lies in front of the viewer.
+    bool segment(double x, double y, double z, double& ax, double& ay, double& bx, double& by) const
+    {
+        const double f0 = profondeur(0, 0, 0), f1 = profondeur(x, y, z);
+        if (f0 <= procheViseur && f1 <= procheViseur)
+            return false;
+        double t0 = 0, t1 = 1;
+        if (f0 < procheViseur)
+            t0 = (procheViseur - f0) / (f1 - f0);
+        if (f1 < procheViseur)
+            t1 = (procheViseur - f0) / (f1 - f0);
+        return image(t0 * x, t0 * y, t0 * z, ax, ay) && image(t1 * x, t1 * y, t1 * z, bx, by);
+    }
+
+    // "I", "J", "K" beside their unit points, across their axis, with a
+    // tick; then "O" in the widest angle left between the half-axes.
+    void lettres()
+    {
+        struct Unite { const char* nom; double x, y, z, max; const DemiAxe& axe; };
+        const Unite unites[3] = {{"I", 1, 0, 0, p_.xmax, vus_[1]},
+                                 {"J", 0, 1, 0, p_.ymax, vus_[3]},
+                                 {"K", 0, 0, 1, p_.zmax, vus_[5]}};
+        for (const Unite& u : unites) {
+            double sx, sy;
+            if (!entier(u.x, u.y, u.z) || !image(u.x, u.y, u.z, sx, sy) || !t_.dedans(sx, sy))
+                continue;
+            if (u.max >= 1 && u.axe.axe)
+                t_.trait(sx, sy, u.axe.ux, u.axe.uy, tailleTrait / 2);
+            // Across the axis, on the lower right side.
+            double nx = -u.axe.uy, ny = u.axe.ux;
+            if (nx + ny < 0) {
+                nx = -nx;
+                ny = -ny;
+            }
+            t_.texte(u.nom, sx, sy, nx, ny, ecartLettre);
+        }
+        double ox, oy;
+        if (entier(0, 0, 0) && image(0, 0, 0, ox, oy) && t_.dedans(ox, oy)) {
+            const double a = angleLibre();
+            t_.texte("O", ox, oy, std::cos(a), std::sin(a), ecartLettre);
+        }
+    }
+
+    // Middle of the widest angle between the screen directions of the
+    // half-axes drawn (straight down when none is drawn).
+    double angleLibre() const
+    {
+        std::vector<double> angles;
+        for (const DemiAxe& d : vus_)
+            if (d.axe)
+                angles.push_back(std::atan2(d.uy, d.ux));
+        if (angles.empty())
+            return std::atan2(1.0, 0.0);
+        std::sort(angles.begin(), angles.end());
+        const double tour = 8 * std::atan(1.0);
+        double meilleur = angles.front() + tour / 2, largeur = 0;
+        for (std::size_t i = 0; i < angles.size(); ++i) {
+            const double suivant = i + 1 < angles.size() ? angles[i + 1] : angles[0] + tour;
+            if (suivant - angles[i] > largeur) {
+                largeur = suivant - angles[i];
+                meilleur = (angles[i] + suivant) / 2;
+            }
+        }
+        return meilleur;
+    }
+
+    const Parametres& p_;
+    const Vue& v_;
+    TraceRepere& t_;
+    double dx_ = 0, dy_ = 0, dz_ = 0;
+    // The half-axes -x, +x, -y, +y, -z, +z as drawn: `axe` when a line of
+    // some length shows (ux, uy its screen direction from the origin's
+    // side), `bout` when its end (x, y) is in sight.
+    struct DemiAxe {
+        bool axe = false, bout = false;
+        double x = 0, y = 0, ux = 0, uy = 0;
+    };
+    DemiAxe vus_[6];
+};
+
+}  // namespace
+
+void traceRepere(const Etat& etat, Surface& surface)
+{
+    if (etat.param.axesVisibles == 0)
+        return;
+    TraceRepere t(surface, couleursRepere(etat).axes);
+    if (etat.fenetre.modeEspace) {
+        RepereEspace r(etat, t);
+        r.trace();
+    } else {
+        traceReperePlan(etat, t);
+    }
+}
+
+}  // namespace velorin

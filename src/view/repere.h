@@ -1,0 +1,58 @@
+// The frame of reference: clearing the surface and drawing the axes with
+// their marks, letters and numbers, in space and in the plane.
+#pragma once
+#include <string>
+
+#include "etat.h"
+#include "view/surface.h"
+
+namespace velorin {
+
+// Background and frame colours in force.
+struct CouleursRepere {
+    Couleur fond = 0;
+    Couleur axes = 0xFFFFFF;
+};
+
+// The video inversion of a colour (each of red, green and blue reversed).
+Couleur inverseVideo(Couleur c);
+
+// The colours in force. A black background with the frame in the scheme's
+// `couleurAxes`; with "Fond blanc,axes noirs" (fondBlanc = 1) a white
+// background with a black frame; the video inversion (inversionVideo)
+// then reverses both. This is also the erasing reference colour: clearing
+// uses `fond`. A frame colour equal to the background would hide the frame:
+// it is then replaced by the inverse of the background.
+CouleursRepere couleursRepere(const Etat& etat);
+
+// Clears the surface to the background in force and records that colour in
+// etat.couleurs.couleurFond.
+void effaceEcran(Etat& etat, Surface& surface);
+
+// Draws the frame for the viewing values in force (prepareVue and calibre
+// must have run); nothing when axesVisibles is 0. The pen and font state of
+// the surface are put back as they were.
+// Space: the six half-axes from the origin to the ends of the ranges, seen
+// through the projection (the parts behind the viewer left out), each end
+// with a mark (an arrow head at the positive ends, a cross tick at the
+// negative ones), a tick at the unit points, the letters "O", "I", "J", "K"
+// beside the images of the origin and of the unit points, and the value of
+// each end beside it (format by magnitude, motifGraduation).
+// Plane: the x and y axes across the frame (on the border of the frame when
+// 0 lies outside a range), arrow heads and names "x", "y" at the positive
+// ends, ticks at regular steps 1, 2 or 5 x 10^k wide enough for their
+// numbers, "O" at the origin.
+// No text overlaps another: a number that finds no free place near its
+// point is left out.
+void traceRepere(const Etat& etat, Surface& surface);
+
+// The format of a number at the end of an axis, by magnitude: "0.000" for 0
+// and for 0.01 <= |v| < 10, "00.00" for 10 <= |v| < 100, "0.00E-00" below
+// 0.01 and "0.00E+00" from 100 up.
+const char* motifGraduation(double v);
+
+// The font size (points) of the frame's texts for a surface of W x H twips:
+// 8 on small windows up to 11 on large screens.
+double tailleTexteRepere(double W, double H);
+
+}  // namespace velorin

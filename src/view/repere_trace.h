@@ -1,0 +1,51 @@
+// The pen of the frame drawing: lines clipped to the surface, arrow heads,
+// ticks and texts that never overlap one another. Used by the space and
+// plane frames only.
+#pragma once
+#include <string>
+#include <vector>
+
+#include "etat.h"
+#include "view/placement.h"
+#include "view/surface.h"
+
+namespace velorin {
+
+class TraceRepere {
+public:
+    // Sets a solid 1-pixel pen in `couleur` and the frame's font; the
+    // destructor puts the surface's pen and font back as they were.
+    TraceRepere(Surface& surface, Couleur couleur);
+    ~TraceRepere();
+    TraceRepere(const TraceRepere&) = delete;
+    TraceRepere& operator=(const TraceRepere&) = delete;
+
+    bool dedans(double x, double y) const;
+    // The part of the segment inside the surface.
+    void ligne(double x1, double y1, double x2, double y2);
+    // Arrow head at (x, y) pointing along the unit vector (ux, uy).
+    void fleche(double x, double y, double ux, double uy);
+    // Tick of half-length `demi` across the unit direction (ux, uy).
+    void trait(double x, double y, double ux, double uy, double demi);
+    // Text beside (px, py) towards (ux, uy) where it overlaps no other text
+    // and if possible no line (see placeCadre); false when it found no place
+    // and was left out.
+    bool texte(const std::string& t, double px, double py, double ux, double uy, double ecart,
+               int directions = 16);
+
+    Surface& surface;
+
+private:
+    Couleur couleur_;
+    std::vector<Cadre> occupes_;
+    std::vector<Segment> traits_;  // lines drawn, for the texts to keep clear of
+    double x_, y_;
+    Couleur encre_;
+    int largeur_, style_;
+    std::string police_;
+    double taille_;
+};
+
+void traceReperePlan(const Etat& etat, TraceRepere& t);
+
+}  // namespace velorin
