@@ -70,8 +70,9 @@ TEST(Repere, ColoursInForce)
         traceRepere(e, s);
         ASSERT_GT(s.operations().size(), 10u);
         for (const OperationDessin& op : s.operations()) {
-            if (op.genre != G::Effacement)
+            if (op.genre != G::Effacement) {
                 EXPECT_EQ(op.couleur, c.axesAttendu) << c.fondBlanc << c.inversion;
+            }
         }
     }
 }

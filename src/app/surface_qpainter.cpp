@@ -1,0 +1,192 @@
+#include "app/surface_qpainter.h"
+
+#include <QFontMetricsF>
+#include <QImageWriter>
+#include <QPaintDevice>
+#include <cmath>
+
+namespace velorin {
+
+namespace {
+
+constexpr double twipsParPouce = 1440;
+constexpr double twipsParPixelEcran = 15;     // one pixel of a 96 dpi screen
+constexpr int piecesLargesMax = 8;            // points of a wide polyline piece
+constexpr int piecesFinesMax = 4096;          // points of a 1-pixel polyline
+
+}  // namespace
+
+QColor couleurQt(Couleur c)
+{
+    return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
+}
+
+QImage imagePourSurface(int largeurPx, int hauteurPx, qreal ratio)
+{
+    QImage image(qRound(largeurPx * ratio), qRound(hauteurPx * ratio), QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::black);
+    return image;
+}
+
+QString enregistrePngRapide(const QImage& image, const QString& chemin)
+{
+    QImageWriter ecrivain(chemin, "png");
+    // Qt's PNG writer turns the quality into the zlib level: 89 gives level
+    // 1 (90 and above store without compression). Measured on a 1600 x 1000
+    // wireframe: 35 ms instead of 55 ms with the default, and a file no
+    // larger.
+    ecrivain.setQuality(89);
+    if (ecrivain.write(image))
+        return {};
+    return QStringLiteral("Impossible d'enregistrer l'image %1 : %2")
+        .arg(chemin, ecrivain.errorString());
+}
+
+SurfaceQPainter::SurfaceQPainter(QPaintDevice& device)
+    : SurfaceQPainter(device, device.width() / device.devicePixelRatioF() * twipsParPouce /
+                                  device.logicalDpiX(),
+                      device.height() / device.devicePixelRatioF() * twipsParPouce /
+                          device.logicalDpiY())
+{
+}
+
+SurfaceQPainter::SurfaceQPainter(QPaintDevice& device, double largeurTwips, double hauteurTwips)
+    : propre_(std::make_unique<QPainter>(&device)), painter_(propre_.get()),
+      largeur_(largeurTwips), hauteur_(hauteurTwips)
+{
+    prepare(device);
+}
+
+SurfaceQPainter::SurfaceQPainter(QPainter& painter, double largeurTwips, double hauteurTwips)
+    : painter_(&painter), largeur_(largeurTwips), hauteur_(hauteurTwips)
+{
+    prepare(*painter.device());
+}
+
+void SurfaceQPainter::prepare(QPaintDevice& device)
+{
+    kx_ = device.logicalDpiX() / twipsParPouce;
+    ky_ = device.logicalDpiY() / twipsParPouce;
+    painter_->setRenderHint(QPainter::Antialiasing, true);
+    painter_->setRenderHint(QPainter::TextAntialiasing, true);
+}
+
+SurfaceQPainter::~SurfaceQPainter()
+{
+    Acheve();
+}
+
+QPen SurfaceQPainter::stylo(Couleur couleur) const
+{
+    QPen pen(couleurQt(couleur));
+    pen.setWidthF(std::max(1, DrawWidth) * twipsParPixelEcran * kx_);
+    pen.setCapStyle(Qt::FlatCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    if (DrawStyle == 2) {
+        // Dot, two blanks: in pen widths, so still visible at one pixel.
+        pen.setDashPattern({1, 2});
+    } else {
+        pen.setCapStyle(Qt::RoundCap);
+    }
+    return pen;
+}
+
+QFont SurfaceQPainter::police() const
+{
+    QFont f(QString::fromStdString(FontName));
+    f.setPointSizeF(FontSize > 0 ? FontSize : 8);
+    return f;
+}
+
+void SurfaceQPainter::Acheve()
+{
+    if (trait_.size() < 2) {
+        trait_.clear();
+        return;
+    }
+    const int largeur = DrawWidth, style = DrawStyle;
+    DrawWidth = traitLargeur_;
+    DrawStyle = traitStyle_;
+    painter_->setPen(stylo(traitCouleur_));
+    DrawWidth = largeur;
+    DrawStyle = style;
+    painter_->setBrush(Qt::NoBrush);
+    painter_->drawPolyline(trait_);
+    trait_.clear();
+}
+
+void SurfaceQPainter::Line(double x1, double y1, double x2, double y2, Couleur couleur)
+{
+    const QPointF a = point(x1, y1), b = point(x2, y2);
+    const bool suite = !trait_.isEmpty() && trait_.last() == a && couleur == traitCouleur_ &&
+                       DrawWidth == traitLargeur_ && DrawStyle == traitStyle_;
+    const int max = DrawWidth > 1 ? piecesLargesMax : piecesFinesMax;
+    if (!suite || trait_.size() >= max) {
+        Acheve();
+        trait_ << a;
+        traitCouleur_ = couleur;
+        traitLargeur_ = DrawWidth;
+        traitStyle_ = DrawStyle;
+    }
+    trait_ << b;
+    CurrentX = x2;
+    CurrentY = y2;
+}
+
+void SurfaceQPainter::PSet(double x, double y, Couleur couleur)
+{
+    Acheve();
+    // A square of the pen's width, aligned on the pixels so that it stays
+    // one clear pixel wide.
+    const double cote = std::max(1, DrawWidth) * twipsParPixelEcran * kx_;
+    const QPointF c = point(x, y);
+    const QRectF carre(std::floor(c.x() - cote / 2 + 0.5), std::floor(c.y() - cote / 2 + 0.5),
+                       std::max(1.0, std::round(cote)), std::max(1.0, std::round(cote)));
+    painter_->fillRect(carre, couleurQt(couleur));
+    CurrentX = x;
+    CurrentY = y;
+}
+
+void SurfaceQPainter::Circle(double x, double y, double rayon, Couleur couleur)
+{
+    Acheve();
+    painter_->setPen(stylo(couleur));
+    painter_->setBrush(Qt::NoBrush);
+    painter_->drawEllipse(point(x, y), rayon * kx_, rayon * ky_);
+}
+
+void SurfaceQPainter::Print(const std::string& texte)
+{
+    Acheve();
+    const QFont f = police();
+    painter_->setFont(f);
+    painter_->setPen(couleurQt(ForeColor));
+    const QFontMetricsF m(f, painter_->device());
+    painter_->drawText(point(CurrentX, CurrentY) + QPointF(0, m.ascent()),
+                       QString::fromStdString(texte));
+    CurrentX = 0;
+    CurrentY += TextHeight();
+}
+
+void SurfaceQPainter::Clear(Couleur fond)
+{
+    trait_.clear();
+    painter_->fillRect(QRectF(0, 0, largeur_ * kx_, hauteur_ * ky_), couleurQt(fond));
+    CurrentX = 0;
+    CurrentY = 0;
+}
+
+double SurfaceQPainter::TextWidth(const std::string& texte) const
+{
+    const QFontMetricsF m(police(), painter_->device());
+    return m.horizontalAdvance(QString::fromStdString(texte)) / kx_;
+}
+
+double SurfaceQPainter::TextHeight() const
+{
+    const QFontMetricsF m(police(), painter_->device());
+    return m.height() / ky_;
+}
+
+}  // namespace velorin

@@ -1,0 +1,86 @@
+// The drawing surface over any Qt paint device: the window's bitmap, an
+// image, an SVG or PDF file, the printer. Coordinates are twips: one twip is
+// 1/1440 inch, so a device of logical resolution D dots per inch has
+// 1440 / D twips per (logical) pixel, 15 on a 96 dpi screen or image. On an
+// image with a device pixel ratio (high-dpi bitmap) the twips map to its
+// logical pixels and Qt draws at full resolution.
+//
+// Drawing is anti-aliased. Consecutive Lines that go on from the previous
+// end point with the same colour and pen are gathered into one polyline,
+// drawn when anything else happens (another operation, a change of pen, a
+// text, Acheve(), the destruction): far faster than one call per segment.
+// Wide pens are drawn in short pieces because a long wide anti-aliased
+// polyline is very slow to stroke.
+// DrawWidth counts pixels of a 96 dpi screen (15 twips each), so a printed
+// or exported drawing keeps the look of the window. DrawStyle 2 is a dotted
+// line (dots one pen width long, two apart).
+#pragma once
+#include <QFont>
+#include <QImage>
+#include <QPainter>
+#include <QPolygonF>
+#include <QString>
+#include <memory>
+
+#include "view/surface.h"
+
+namespace velorin {
+
+class SurfaceQPainter : public Surface {
+public:
+    // Paints on `device` with a painter of its own, over the device's whole
+    // size (in twips).
+    explicit SurfaceQPainter(QPaintDevice& device);
+    // Paints on `device` over a drawing area of the given size in twips.
+    SurfaceQPainter(QPaintDevice& device, double largeurTwips, double hauteurTwips);
+    // Paints with a painter that the caller has begun and keeps (e.g. over
+    // the pages of a printer), over an area of the given size in twips.
+    SurfaceQPainter(QPainter& painter, double largeurTwips, double hauteurTwips);
+    ~SurfaceQPainter() override;
+
+    void Line(double x1, double y1, double x2, double y2, Couleur couleur) override;
+    void PSet(double x, double y, Couleur couleur) override;
+    void Circle(double x, double y, double rayon, Couleur couleur) override;
+    void Print(const std::string& texte) override;
+    void Clear(Couleur fond) override;
+    double Width() const override { return largeur_; }
+    double Height() const override { return hauteur_; }
+    double TextWidth(const std::string& texte) const override;
+    double TextHeight() const override;
+    void Acheve() override;
+
+    // Twips per logical pixel of the device (15 at 96 dpi).
+    double twipsParPixel() const { return 1 / kx_; }
+    QPainter& painter() { return *painter_; }
+
+private:
+    void prepare(QPaintDevice& device);
+    QPointF point(double x, double y) const { return {x * kx_, y * ky_}; }
+    QPen stylo(Couleur couleur) const;
+    QFont police() const;
+
+    std::unique_ptr<QPainter> propre_;  // the painter this surface began, if any
+    QPainter* painter_ = nullptr;
+    double largeur_ = 0, hauteur_ = 0;
+    double kx_ = 1, ky_ = 1;            // logical pixels per twip
+
+    // The polyline being gathered and the pen it was started with.
+    QPolygonF trait_;
+    Couleur traitCouleur_ = 0;
+    int traitLargeur_ = 1, traitStyle_ = 0;
+};
+
+// The colour of a surface colour value (red in the low byte).
+QColor couleurQt(Couleur c);
+
+// A blank image ready for a SurfaceQPainter, in the format that is quickest
+// to draw on and to save: `largeurPx` x `hauteurPx` logical pixels at 96
+// dpi, times `ratio` device pixels each (high-dpi).
+QImage imagePourSurface(int largeurPx, int hauteurPx, qreal ratio = 1);
+
+// Saves an image as PNG with light compression (zlib level 1): several
+// times quicker than Qt's default for a file a little larger. Returns an
+// empty string on success, otherwise the French message.
+QString enregistrePngRapide(const QImage& image, const QString& chemin);
+
+}  // namespace velorin
