@@ -1,10 +1,11 @@
-// Starts the Qt program: the main window.
+// Starts the Qt program: the main window MIRADO on the space catalogue.
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <QMainWindow>
 #include <QTranslator>
+#include <memory>
 
+#include "app/mirado.h"
 #include "cli/commandes.h"
 
 namespace velorin {
@@ -17,9 +18,9 @@ int lanceFenetre(int argc, char** argv)
     if (traducteur.load(QLocale(QLocale::French), QStringLiteral("qtbase"), QStringLiteral("_"),
                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         app.installTranslator(&traducteur);
-    QMainWindow fenetre;
-    fenetre.setWindowTitle(QStringLiteral("TRACE DE COURBES ET SURFACES DANS L'ESPACE"));
-    fenetre.resize(1024, 700);
+    // The whole state of the session, owned here for the whole run.
+    auto etat = std::make_unique<Etat>();
+    Mirado fenetre(*etat, QCoreApplication::applicationDirPath());
     fenetre.show();
     return app.exec();
 }

@@ -1,0 +1,26 @@
+// The modal message and input boxes of the main window and its dialogs. They
+// are reached through these hooks so that a test can record what the program
+// says (and answer what it asks) instead of showing a box that waits for a
+// click.
+#pragma once
+#include <QString>
+#include <functional>
+#include <optional>
+
+class QWidget;
+
+namespace velorin {
+
+struct Boites {
+    // A message with an OK button.
+    std::function<void(QWidget* parent, const QString& texte)> message;
+    // An input box: the answer, or nothing when the user cancelled.
+    std::function<std::optional<QString>(QWidget* parent, const QString& invite,
+                                         const QString& titre)>
+        saisie;
+
+    // The real boxes (QMessageBox, QInputDialog), titled with the program's name.
+    static Boites standard();
+};
+
+}  // namespace velorin

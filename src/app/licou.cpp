@@ -1,0 +1,74 @@
+#include "app/licou.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "app/mirado.h"
+
+namespace velorin {
+
+Licou::Licou(Mirado& fenetre, int ligneChoisie)
+    : QDialog(&fenetre), fenetre_(fenetre)
+{
+    setWindowTitle(QStringLiteral("Courbes tracées et couleur associée"));
+    List1 = new QListWidget(this);
+    const int nb = fenetre.etat.courbes.nbCourbes;
+    for (int i = 1; i <= nb; ++i) {
+        auto* item = new QListWidgetItem(fenetre.ligneTracee(i), List1);
+        item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
+        item->setCheckState(Qt::Checked);
+    }
+    connect(List1, &QListWidget::currentRowChanged, this, [this](int r) { List1_Click(r + 1); });
+
+    Frame1 = new QGroupBox(QStringLiteral("Trait/Tgte"), this);
+    auto* grille = new QGridLayout(Frame1);
+    for (int i = 0; i < 4; ++i) {
+        Label1[i] = new QLabel(Frame1);
+        grille->addWidget(Label1[i], i / 2, i % 2);
+    }
+    Command1 = new QPushButton(QStringLiteral("Je retrace les &seules cochées"), this);
+    Command2 = new QPushButton(QStringLiteral("&Retour"), this);
+    connect(Command1, &QPushButton::clicked, this, &Licou::Command1_Click);
+    connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
+
+    auto* boutons = new QHBoxLayout;
+    boutons->addStretch();
+    boutons->addWidget(Command1);
+    boutons->addWidget(Command2);
+    auto* tout = new QVBoxLayout(this);
+    tout->addWidget(List1);
+    tout->addWidget(Frame1);
+    tout->addLayout(boutons);
+    resize(std::max(fenetre.width() / 2, 480), std::max(fenetre.height() / 2, 320));
+    if (ligneChoisie >= 1 && ligneChoisie <= nb)
+        List1->setCurrentRow(ligneChoisie - 1);
+}
+
+void Licou::List1_Click(int ligne)
+{
+    const auto& lignes = fenetre_.etat.courbes.lignes;
+    if (ligne < 1 || ligne > int(lignes.size()))
+        return;
+    const LigneCourbe& l = lignes[ligne - 1];
+    Label1[0]->setText(QStringLiteral("Trait ") + QString::fromStdString(nomCouleur(Couleur(l[colCouleurTrace]))));
+    Label1[1]->setText(l[colTraceContinu] != 0 ? QStringLiteral("continu") : QStringLiteral("pointillé"));
+    Label1[2]->setText(QStringLiteral("Tgte ") + QString::fromStdString(nomCouleur(Couleur(l[colCouleurTangente]))));
+    Label1[3]->setText(l[colAvecSegmentTangent] != 0 ? QStringLiteral("avec segment tangent")
+                                                     : QStringLiteral("sans segment tangent"));
+}
+
+void Licou::Command1_Click()
+{
+    cochees.clear();
+    for (int i = 0; i < List1->count(); ++i)
+        if (List1->item(i)->checkState() == Qt::Checked)
+            cochees.push_back(i + 1);
+    accept();
+}
+
+}  // namespace velorin

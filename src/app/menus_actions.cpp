@@ -1,0 +1,327 @@
+// What the menu entries do: the catalogue menus, the entry menu, the
+// parameter commands, the colour and loop choices, the drawn-curves menu.
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QMenu>
+#include <QProcess>
+
+#include "app/coli.h"
+#include "app/licou.h"
+#include "app/mirado.h"
+#include "catalogue/catalogue.h"
+#include "view/repere.h"
+
+namespace velorin {
+
+namespace {
+
+constexpr int maxEntreesMenu = 30;
+const char* const legendeCreer = "&Créer nouveau fichier";
+
+// A file name or entry text shown as a menu caption: "&" is not a mnemonic.
+QString sansMnemonique(const QString& texte)
+{
+    QString t = texte;
+    return t.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+}  // namespace
+
+void Mirado::choixCoche(std::vector<QAction*>& groupe, int index)
+{
+    for (int i = 0; i < int(groupe.size()); ++i)
+        groupe[i]->setChecked(i == index);
+}
+
+// The six colours of the curve and tangent menus, in menu order.
+static Couleur couleurMenu(const CouleursDefaut& d, int index)
+{
+    const Couleur couleurs[] = {0, d.coulRouge, d.coulVert, d.coulBleu, d.coulJaune, d.coulBlanc};
+    return couleurs[index];
+}
+
+void Mirado::marqueChoix()
+{
+    auto indexDe = [this](Couleur c) {
+        for (int i = 0; i < 6; ++i)
+            if (couleurMenu(etat.defaut, i) == c)
+                return i;
+        return -1;
+    };
+    choixCoche(mnucl, indexDe(etat.couleurs.couleurTrace));
+    choixCoche(mnuct, indexDe(etat.couleurs.couleurTangente));
+    choixCoche(mnuper, etat.param.ordreBoucles);
+    choixCoche(mnuchcol, etat.fenetre.politiqueCouleurs);
+    choixCoche(mnuipo, etat.fenetre.orientationImprimante);
+    mnupara[2]->setChecked(etat.fenetre.inversionVideo);
+}
+
+// ---- Fichiers
+
+void Mirado::mnustp_Click(int index)
+{
+    if (index != 0)
+        return;
+    // The companion program, when it is installed beside the executable.
+    const QString compagnon = QDir(dossierAppli).filePath(QStringLiteral("wemrab"));
+    if (QFileInfo(compagnon).isExecutable())
+        QProcess::startDetached(compagnon, {}, dossierAppli);
+    echap_ = true;
+    QApplication::quit();
+}
+
+void Mirado::aflico()
+{
+    const EtatFenetre& f = etat.fenetre;
+    struct Liste {
+        const std::string& dossier;
+        QMenu* menu;
+        std::vector<QAction*>& articles;
+        void (Mirado::*clic)(int);
+    };
+    for (const Liste& l : {Liste{f.cheminEspaceCourbes, menuLifi, mnulifi, &Mirado::mnulifi_Click},
+                           Liste{f.cheminPlanCourbes, menuLico, mnulico, &Mirado::mnulico_Click}}) {
+        l.menu->clear();
+        l.articles.clear();
+        QStringList fichiers = QDir(QString::fromStdString(l.dossier))
+                                   .entryList({QStringLiteral("*.lsu")}, QDir::Files,
+                                              QDir::Name | QDir::IgnoreCase);
+        fichiers << QString();  // the creation item ends the list
+        for (const QString& nom : fichiers) {
+            const int index = int(l.articles.size());
+            QAction* a = l.menu->addAction(nom.isEmpty() ? QString::fromUtf8(legendeCreer)
+                                                         : sansMnemonique(nom));
+            a->setData(nom);
+            auto clic = l.clic;
+            connect(a, &QAction::triggered, this, [this, clic, index] { (this->*clic)(index); });
+            l.articles.push_back(a);
+        }
+    }
+}
+
+// Choosing a catalogue file: the mode of its folder first (folders, panel),
+// then the creation of a new file or the start of work on the chosen one.
+static void choisitFichier(Mirado& m, bool espace, const QAction* article)
+{
+    if (m.refuseSiOccupe())
+        return;
+    EtatFenetre& f = m.etat.fenetre;
+    f.metsModeEspace(espace);
+    f.dossierCourbes = espace ? f.cheminEspaceCourbes : f.cheminPlanCourbes;
+    f.dossierFig = espace ? f.cheminEspaceFig : f.cheminPlanFig;
+    m.montrePanneau();
+    const QString nom = article->data().toString();
+    if (nom.isEmpty()) {
+        m.crenouveau();
+        return;
+    }
+    f.fichierCatalogue = nom.toStdString();
+    m.debutravail();
+}
+
+void Mirado::mnulifi_Click(int index)
+{
+    choisitFichier(*this, true, mnulifi.at(index));
+}
+
+void Mirado::mnulico_Click(int index)
+{
+    choisitFichier(*this, false, mnulico.at(index));
+}
+
+void Mirado::crenouveau()
+{
+    const std::optional<QString> reponse =
+        boites.saisie(this, QStringLiteral("tapez un nom simple"),
+                      QStringLiteral("Je rajouterai si nécessaire l'extention .lsu"));
+    if (!reponse)
+        return;  // cancelled: the catalogue in force stays
+    QString nom = reponse->trimmed();
+    // A simple name: no folder part, something before the extension.
+    if (nom.isEmpty() || nom.contains(QLatin1Char('/')) || nom.contains(QLatin1Char('\\')) ||
+        nom.startsWith(QLatin1Char('.'))) {
+        boites.message(this, QStringLiteral("« %1 » n'est pas un nom simple : le fichier n'est pas créé.")
+                                 .arg(nom));
+        return;
+    }
+    if (!nom.endsWith(QStringLiteral(".lsu"), Qt::CaseInsensitive))
+        nom += QStringLiteral(".lsu");
+    etat.fenetre.fichierCatalogue = nom.toStdString();
+    debutravail();
+    aflico();
+}
+
+// ---- ENVOYER
+
+void Mirado::afmenu()
+{
+    std::optional<std::string> erreur = ouvrirCatalogue(etat.catalogue);
+    for (std::size_t i = 1; i < mnufa.size(); ++i)
+        delete mnufa[i];
+    mnufa.resize(1);
+    delete mnufaReste;
+    mnufaReste = nullptr;
+    const int nb = etat.catalogue.nbLignesCatalogue;
+    for (int n = 1; n <= std::min(nb, maxEntreesMenu) && !erreur; ++n) {
+        LigneCatalogue ligne;
+        erreur = lisLigne(etat.catalogue, n, ligne);
+        if (erreur)
+            break;
+        const QString texte = QString::fromStdString(entierFormate(n, 3) + ")" + ligne.texte);
+        QAction* a = menuGraphe->addAction(sansMnemonique(texte.trimmed()));
+        connect(a, &QAction::triggered, this, [this, n] { mnufa_Click(n); });
+        mnufa.push_back(a);
+    }
+    if (erreur)
+        boites.message(this, QString::fromStdString(*erreur));
+    if (nb > maxEntreesMenu) {
+        mnufaReste = menuGraphe->addAction(
+            QStringLiteral("… et %1 autres entrées : voir « 0)Au choix dans la liste complète »")
+                .arg(nb - maxEntreesMenu));
+        mnufaReste->setEnabled(false);
+    }
+}
+
+void Mirado::mnufa_Click(int index)
+{
+    if (index == 0) {
+        Coli liste(etat, boites, this);
+        if (liste.exec() != QDialog::Accepted || liste.choix.empty())
+            return;
+        envoieSelection(liste.choix, liste.mode);
+        activateWindow();
+        return;
+    }
+    // The entry number is in the first three characters of the caption.
+    envoie(mnufa.at(index)->text().left(3).toInt());
+}
+
+void Mirado::mnuf_Click(int index)
+{
+    if (index == 2) {
+        if (refuseSiOccupe())
+            return;
+        Parametres& p = etat.param;
+        p.xmin = p.ymin = p.zmin = -10;
+        p.xmax = p.ymax = p.zmax = 10;
+        affou();
+    }
+    Command3_Click();
+}
+
+// ---- PARAMETRER
+
+void Mirado::mnupara_Click(int index)
+{
+    if (refuseSiOccupe())
+        return;
+    switch (index) {
+    case 2:  // InversionVidéo: black and white swap, everything drawn again
+        etat.fenetre.inversionVideo = !etat.fenetre.inversionVideo;
+        mnupara[2]->setChecked(etat.fenetre.inversionVideo);
+        lecouleurs();
+        Command3_Click();
+        break;
+    case 3:  // TraceRepère
+        traceRepere(etat, *surface_);
+        montreProgres();
+        break;
+    case 4:  // EffaceRepère: the curves stay, drawn again on a clean window
+        effaceEcran(etat, *surface_);
+        montreProgres();
+        retraceLignes(toutesLesCourbes());
+        break;
+    case 5:  // Efface Ecran: the drawing is forgotten too, so that the next
+             // redraw does not bring it back
+        vidage();
+        effaceEcran(etat, *surface_);
+        montreProgres();
+        break;
+    default:
+        break;
+    }
+}
+
+void Mirado::mnucl_Click(int index)
+{
+    etat.couleurs.couleurTrace = couleurMenu(etat.defaut, index);
+    choixCoche(mnucl, index);
+}
+
+void Mirado::mnuct_Click(int index)
+{
+    etat.couleurs.couleurTangente = couleurMenu(etat.defaut, index);
+    choixCoche(mnuct, index);
+}
+
+void Mirado::mnuper_Click(int index)
+{
+    etat.param.ordreBoucles = std::uint8_t(index);
+    choixCoche(mnuper, index);
+}
+
+void Mirado::mnuchcol_Click(int index)
+{
+    etat.fenetre.politiqueCouleurs = index;
+    choixCoche(mnuchcol, index);
+}
+
+void Mirado::mnuipo_Click(int index)
+{
+    etat.fenetre.orientationImprimante = index;
+    choixCoche(mnuipo, index);
+}
+
+// ---- Drawn curves
+
+void Mirado::vidage()
+{
+    vide_mnutra();
+    videCourbes(etat.courbes);
+}
+
+void Mirado::vide_mnutra()
+{
+    for (std::size_t i = 1; i < mnutra.size(); ++i)
+        delete mnutra[i];
+    mnutra.resize(1);
+}
+
+void Mirado::ajoute_mnutra()
+{
+    const int i = int(mnutra.size());
+    QAction* a = mnutrace->addAction(sansMnemonique(ligneTracee(i)));
+    connect(a, &QAction::triggered, this, [this, i] { mnutra_Click(i); });
+    mnutra.push_back(a);
+}
+
+QString Mirado::ligneTracee(int i) const
+{
+    QString ligne = QString::fromStdString(ligneCourbeTracee(etat.courbes, i));
+    LigneCatalogue entree;
+    const int numero = int(etat.courbes.lignes.at(i - 1)[colNumero]);
+    if (!lisLigne(etat.catalogue, numero, entree))
+        ligne += QLatin1Char(' ') + QString::fromStdString(entree.texte).trimmed();
+    return ligne;
+}
+
+void Mirado::mnutra_Click(int index)
+{
+    Licou liste(*this, index);
+    if (liste.exec() != QDialog::Accepted)
+        return;
+    // The frame again, then the ticked curves only.
+    if (refuseSiOccupe())
+        return;
+    effaceEtRepere();
+    retraceLignes(liste.cochees);
+}
+
+void Mirado::mnuzo_Click(int index)
+{
+    if (index == 4)
+        mnutra_Click(0);
+}
+
+}  // namespace velorin

@@ -1,0 +1,195 @@
+// The main window: start-up, reading of the parameters, calibration and the
+// redraw of everything.
+#include "app/mirado.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QLabel>
+#include <QMenu>
+#include <QScreen>
+
+#include "app/dossiers.h"
+#include "app/surface_qpainter.h"
+#include "app/zone_dessin.h"
+#include "catalogue/catalogue.h"
+#include "settings/memoire.h"
+#include "view/projection.h"
+#include "view/repere.h"
+
+namespace velorin {
+
+const char* const legendeMirado = "TRACE DE COURBES ET SURFACES DANS L'ESPACE";
+
+Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
+    : QMainWindow(parent), etat(e), boites(std::move(b)), dossierAppli(QDir(appli).absolutePath())
+{
+    setObjectName(QStringLiteral("MIRADO"));
+    setWindowTitle(QString::fromUtf8(legendeMirado));
+    creePanneaux();
+    creeMenus();
+    creeMinuteries();
+
+    // Form_Load
+    EtatFenetre& f = etat.fenetre;
+    fixeDossiers(f, dossierAppli);
+    const QStringList echecs = prepareDossiers(dossierAppli);
+    if (!echecs.isEmpty())
+        boites.message(this, echecs.join(QLatin1Char('\n')));
+    f.dossierCourbes = f.cheminEspaceCourbes;
+    f.dossierFig = f.cheminEspaceFig;
+    f.metsModeEspace(true);
+    f.fichierCatalogue = "Lisurf.lsu";
+    placeFenetre();
+    f.pauseActive = true;
+    montrePanneau();
+    aflico();
+    debutravail();
+}
+
+Mirado::~Mirado()
+{
+    // The surface paints on the bitmap: it goes first.
+    surface_.reset();
+}
+
+// Left 0, Top 0, width = screen width - 100 twips, height = screen height -
+// 500 twips, taken as the outer size of the window.
+void Mirado::placeFenetre()
+{
+    const QScreen* ecranPhysique = screen() ? screen() : QGuiApplication::primaryScreen();
+    if (!ecranPhysique)
+        return;
+    const QRect r = ecranPhysique->geometry();
+    const double twipsParPixel = 1440.0 / ecranPhysique->logicalDotsPerInchX();
+    const int largeur = r.width() - int(100 / twipsParPixel + 0.5);
+    const int hauteur = r.height() - int(500 / twipsParPixel + 0.5);
+    move(r.topLeft());
+    resize(std::max(largeur, 400), std::max(hauteur, 300));
+}
+
+QString Mirado::cheminCatalogue() const
+{
+    return QString::fromStdString(etat.fenetre.dossierCourbes + etat.fenetre.fichierCatalogue);
+}
+
+void Mirado::debutravail()
+{
+    if (refuseSiOccupe())
+        return;
+    // The rows of the drawing name records of the catalogue they were drawn
+    // from: another catalogue forgets them before anything is redrawn.
+    vidage();
+    if (auto erreur = ouvrirCatalogue(etat.catalogue, cheminCatalogue().toStdString()))
+        boites.message(this, QString::fromStdString(*erreur));
+    setWindowTitle(QString::fromUtf8(legendeMirado));
+    lecdebut(0);
+    afmenu();
+    mnutrace->setTitle(QStringLiteral("Dans ") + cheminCatalogue());
+    mnupara_Click(5);
+    mnupara_Click(3);
+    affviseur();
+}
+
+void Mirado::lecdebut(int choix)
+{
+    if (refuseSiOccupe())
+        return;
+    const std::string chemin =
+        etat.fenetre.dossierCourbes + (choix == 0 ? "mem.log" : "memprovi.log");
+    // A missing or damaged file changes nothing: the values in force stay
+    // (at start-up, the program's own values).
+    if (auto erreur = lisMemoire(chemin, etat.param))
+        boites.message(this, QString::fromStdString(*erreur) +
+                                 QStringLiteral("\nLes valeurs en vigueur sont conservées."));
+    lecouleurs();
+    affou();
+    Command3_Click();
+}
+
+void Mirado::lecouleurs()
+{
+    etat.defaut = CouleursDefaut{};
+    if (etat.fenetre.inversionVideo)
+        etat.defaut.coulNoir = 0xFFFFFF - etat.defaut.coulNoir;
+    QPalette p = zone_->palette();
+    p.setColor(QPalette::Window, couleurQt(etat.defaut.coulNoir));
+    zone_->setPalette(p);
+}
+
+void Mirado::nouvelleImage()
+{
+    surface_.reset();
+    const qreal dpr = zone_->devicePixelRatioF();
+    const QSize logique = zone_->size().expandedTo(QSize(1, 1));
+    image_ = imagePourSurface(logique.width(), logique.height(), dpr);
+    image_.fill(couleurQt(etat.couleurs.couleurFond));
+    surface_ = std::make_unique<SurfaceQPainter>(image_);
+    zone_->montre(&image_);
+}
+
+void Mirado::suisTaille()
+{
+    attenteTaille_.stop();
+    if (traceEnCours_) {
+        // The bitmap is being drawn on: the new size waits for the end.
+        redessinEnAttente_ = true;
+        return;
+    }
+    nouvelleImage();
+    Command3_Click();
+}
+
+void Mirado::controlfenetre()
+{
+    EtatFenetre& f = etat.fenetre;
+    if (!surface_)
+        nouvelleImage();
+    const double W = surface_->Width(), H = surface_->Height();
+    if (W != f.largeurVue || H != f.hauteurVue) {
+        f.largeurVue = W;
+        f.hauteurVue = H;
+        Label5->setText(QStringLiteral("LF:%1  HF:%2")
+                            .arg(QString::fromStdString(entierFormate(std::lround(W), 5)),
+                                 QString::fromStdString(entierFormate(std::lround(H), 5))));
+    }
+    etat.vue.W = W;
+    etat.vue.H = H;
+    prepareVue(etat.param, f.modeEspace, etat.vue);
+    if (calibre(etat.param, etat.vue, f.modeEspace))
+        return;
+    boites.message(this, QStringLiteral("Pas pochible,je rétablis la base [-10,10 ]"));
+    // "mem.log" back in force; if it is unreadable or itself refused, the
+    // base [-10,10] set by the calibration stays.
+    lisMemoire(f.dossierCourbes + "mem.log", etat.param);
+    prepareVue(etat.param, f.modeEspace, etat.vue);
+    if (!calibre(etat.param, etat.vue, f.modeEspace))
+        calibre(etat.param, etat.vue, f.modeEspace);
+    affou();
+    affviseur();
+}
+
+void Mirado::effaceEtRepere()
+{
+    effaceEcran(etat, *surface_);
+    traceRepere(etat, *surface_);
+    montreProgres();
+}
+
+void Mirado::Command3_Click()
+{
+    if (refuseSiOccupe())
+        return;
+    controlfenetre();
+    effaceEtRepere();
+    retraceLignes(toutesLesCourbes());
+}
+
+void Mirado::closeEvent(QCloseEvent* e)
+{
+    // Closing during a tracing stops it; the window closes as usual.
+    echap_ = true;
+    e->accept();
+}
+
+}  // namespace velorin

@@ -1,0 +1,181 @@
+// MIRADO, the main window: the drawing surface and the command centre. It
+// owns nothing of the drawing state (that is the Etat it is given); it holds
+// its controls, menus and timers, keeps the picture in a bitmap and runs the
+// commands of the menus, the side panels and the selection lists.
+//
+// Controls keep their short names and are public, as the form's controls
+// are reachable by the dialogs it opens (and by the tests).
+#pragma once
+#include <QElapsedTimer>
+#include <QImage>
+#include <QMainWindow>
+#include <QTimer>
+#include <array>
+#include <memory>
+#include <vector>
+
+#include "app/boites.h"
+#include "etat.h"
+#include "plot/crochets.h"
+#include "plot/demande.h"
+
+class QAction;
+class QCheckBox;
+class QGroupBox;
+class QLabel;
+class QListWidget;
+class QMenu;
+class QPushButton;
+class QRadioButton;
+class QWidget;
+
+namespace velorin {
+
+class Surface;
+class ZoneDessin;
+
+// Caption of the window in space mode (the tracing replaces it for a while).
+extern const char* const legendeMirado;
+
+class Mirado : public QMainWindow {
+    Q_OBJECT
+public:
+    // Form_Load: folders beside `dossierAppli`, space mode on "Lisurf.lsu",
+    // window placement, panels, catalogue menus, then debutravail.
+    Mirado(Etat& etat, const QString& dossierAppli, Boites boites = Boites::standard(),
+           QWidget* parent = nullptr);
+    ~Mirado() override;
+
+    Etat& etat;
+    Boites boites;
+    const QString dossierAppli;
+
+    // ---- Start-up, parameters and redraw (mirado.cpp)
+    void debutravail();
+    void lecdebut(int choix);        // 0 "mem.log", otherwise "memprovi.log"
+    void controlfenetre();           // size and ranges check, calibration
+    void Command3_Click();           // "O&K": projection, clearing, frame, every curve
+    void lecouleurs();               // the default colours after a reading
+    const QImage& ecran() const { return image_; }
+    // Recreates the bitmap at the drawing area's size and redraws, at once
+    // (a resize otherwise waits a moment so that a dragged border redraws
+    // only once).
+    void suisTaille();
+
+    // ---- Side panels (mirado_panneaux.cpp)
+    void Command1_Click();           // "+p"
+    void Command2_Click();           // "-p"
+    void Command4_Click();           // "Reset" of the viewing panel
+    void Command7_Click();           // "Reset" of the plane panel: frame first
+    void Option1_Click(int index);
+    void Option2_Click(int index);
+    void regle(double valeur);
+    void bricole(int choix, double valeur = 0);
+    void arrangelabel();
+    void affviseur();
+    void affou();
+    void montrePanneau();            // the panel frame of the mode in force
+
+    QGroupBox* Frame1 = nullptr;     // viewing panel (space)
+    QGroupBox* Frame2 = nullptr;     // plane panel
+    QLabel *Label1 = nullptr, *Label2 = nullptr, *Label3 = nullptr, *Label4 = nullptr,
+           *Label5 = nullptr, *Label6 = nullptr;
+    QListWidget* List1 = nullptr;    // values of the fixed coordinate
+    QListWidget* List2 = nullptr;    // steps of "+p" / "-p"
+    std::array<QRadioButton*, 3> Option1{};
+    std::array<QRadioButton*, 7> Option2{};
+    QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command3 = nullptr,
+                *Command4 = nullptr, *Command6 = nullptr, *Command7 = nullptr;
+    std::array<QPushButton*, 6> Command5{};
+    QCheckBox *Check1 = nullptr, *Check2 = nullptr;
+    QTimer Timer1, Timer2, Timer3, Timer4, Timer5, Timer6;
+
+    // ---- Menus (menus.cpp builds the tree, menus_actions.cpp runs it)
+    void aflico();
+    void afmenu();
+    void crenouveau();
+    void vidage();
+    void vide_mnutra();
+    void ajoute_mnutra();            // one "Déjà tracé" item per drawn curve
+    // Line of drawn curve i in the drawn-curves menu and list: kind, number,
+    // colour name, then the entry's text.
+    QString ligneTracee(int i) const;
+    void mnustp_Click(int index);
+    void mnulifi_Click(int index);
+    void mnulico_Click(int index);
+    void mnufa_Click(int index);
+    void mnuf_Click(int index);
+    void mnupara_Click(int index);
+    void mnucl_Click(int index);
+    void mnuct_Click(int index);
+    void mnuper_Click(int index);
+    void mnuchcol_Click(int index);
+    void mnuipo_Click(int index);
+    void mnutra_Click(int index);
+    void mnuzo_Click(int index);
+
+    QMenu *mnus = nullptr, *mnufo = nullptr, *mnupar = nullptr, *mnut = nullptr, *mnue = nullptr,
+          *mnurota = nullptr, *mnuz = nullptr, *mnutrace = nullptr, *mnup = nullptr,
+          *mnumemo = nullptr, *mnua = nullptr;
+    QMenu *menuLifi = nullptr, *menuLico = nullptr, *menuGraphe = nullptr;
+    std::vector<QAction*> mnustp, mnulifi, mnulico, mnufoc, mnupara, mnucl, mnuct, mnuper,
+        mnuchcol, mnuipo, mnutf, mnuf, mnufa, mnurotu, mnuroti, mnurotan, mnuzo, mnutra,
+        mnumemfig, mnuaide, mnuaf;
+    QAction *mnupari = nullptr, *mnumet = nullptr, *mnuipr = nullptr, *mnuip = nullptr,
+            *mnuipcop = nullptr;
+    QAction* mnufaReste = nullptr;   // "... more in the full list", when over 30 entries
+
+    // ---- Sending entries to the drawing (mirado_trace.cpp)
+    // Draws catalogue entry `numero` as a new curve. False when nothing was
+    // drawn (refused during another tracing, or an error was shown).
+    bool envoie(int numero);
+    // Draws the entries in order as new curves, coloured by `mode`; stops
+    // at an interruption. Returns how many were drawn.
+    int envoieSelection(const std::vector<int>& numeros, ModeCouleurs mode);
+    // Draws the given rows of the drawn-curves table again, after the frame.
+    void retraceLignes(const std::vector<int>& lignes);
+    std::vector<int> toutesLesCourbes() const;
+    bool enTrace() const { return traceEnCours_; }
+    // During a tracing: says so and returns true; the command is not run.
+    bool refuseSiOccupe();
+    void Timer4_Timer();
+    void Timer1_Timer();
+    CrochetsTrace crochets();
+
+protected:
+    void closeEvent(QCloseEvent* e) override;
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
+
+private:
+    void creeMenus();
+    void creePanneaux();
+    void creeMinuteries();
+    void placeFenetre();
+    void nouvelleImage();
+    void montreProgres();            // shows what the tracer drew so far
+    struct Requete {
+        int numero;                  // catalogue record
+        OptionsTrace options;
+    };
+    // Runs plot requests one after the other on the bitmap (refused during
+    // another tracing). Returns how many drew something.
+    int seance(const std::vector<Requete>& requetes);
+    void effaceEtRepere();           // clearing and frame on the bitmap
+    void termineTrace(const std::string& message);
+    void choixCoche(std::vector<QAction*>& groupe, int index);
+    void marqueChoix();              // check marks from the state in force
+    QString cheminCatalogue() const;
+
+    ZoneDessin* zone_ = nullptr;
+    QWidget* colonne_ = nullptr;     // the side column that holds the panels
+    QImage image_;
+    std::unique_ptr<Surface> surface_;
+    QTimer attenteTaille_;           // gathers the resize events of a drag
+    bool traceEnCours_ = false;
+    bool echap_ = false;             // Escape pressed during the tracing
+    bool redessinEnAttente_ = false; // a resize arrived during a tracing
+    QElapsedTimer chrono_;           // time of the tracing in progress
+    QElapsedTimer depuisPause_;      // time since the tracer last yielded
+};
+
+}  // namespace velorin

@@ -1,0 +1,196 @@
+// Tracing in the main window: the timers, the hooks that let the tracers
+// yield to the event loop, and the sending of entries to the drawing.
+//
+// While a tracing runs, the window keeps repainting and its timers tick: the
+// per-point pause waits on Timer5 by processing events, and without a pause
+// the tracer's interruption test yields every few tens of milliseconds.
+// Escape stops the tracing. Another drawing command arriving meanwhile is
+// refused with a message (a resize waits for the end), so that no tracing
+// ever runs inside another on the same state.
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+
+#include "app/mirado.h"
+#include "app/surface_qpainter.h"
+#include "app/zone_dessin.h"
+
+namespace velorin {
+
+namespace {
+
+// How long the tracer may run without the window seeing its events.
+constexpr int intervalleCession = 40;  // ms
+// A drag of the window's border redraws once it has stopped this long.
+constexpr int attenteRedimension = 60;  // ms
+
+}  // namespace
+
+void Mirado::creeMinuteries()
+{
+    // Timer1 has the interval 0, which in this program means "never": it is
+    // not started (a Qt timer of 0 ms would fire at every idle moment).
+    Timer1.setInterval(0);
+    connect(&Timer1, &QTimer::timeout, this, &Mirado::Timer1_Timer);
+    Timer2.setInterval(500);   // full turn, with the rotations
+    Timer3.setInterval(1000);  // head rotation, with the rotations
+    Timer4.setInterval(100);
+    connect(&Timer4, &QTimer::timeout, this, &Mirado::Timer4_Timer);
+    // Timer5 switches itself off when it fires: the tracers' pause waits
+    // for that.
+    Timer5.setSingleShot(true);
+    Timer5.setInterval(200);
+    Timer5.start();
+    // Timer6 hides the tip bubble: a bubble stays at most two seconds.
+    Timer6.setInterval(2000);
+    connect(&Timer6, &QTimer::timeout, Label6, &QLabel::hide);
+    Timer6.start();
+
+    attenteTaille_.setSingleShot(true);
+    attenteTaille_.setInterval(attenteRedimension);
+    connect(&attenteTaille_, &QTimer::timeout, this, &Mirado::suisTaille);
+    connect(zone_, &ZoneDessin::tailleChangee, this, [this] { attenteTaille_.start(); });
+}
+
+void Mirado::Timer1_Timer()
+{
+    EtatFenetre& f = etat.fenetre;
+    --f.Cht;
+    Label2->setText(QStringLiteral("Cht = %1\nTrt = %2").arg(f.Cht).arg(f.Trt));
+}
+
+// The tenths of a second since the request started. Read from a clock
+// rather than counted, so that ticks missed while the tracer computes
+// between two yields still count.
+void Mirado::Timer4_Timer()
+{
+    etat.fenetre.tics = int(chrono_.elapsed() / 100);
+}
+
+void Mirado::montreProgres()
+{
+    if (surface_)
+        surface_->Acheve();
+    zone_->update();
+}
+
+CrochetsTrace Mirado::crochets()
+{
+    CrochetsTrace c;
+    c.pause = [this](int ms) {
+        montreProgres();
+        Timer5.setInterval(ms);
+        Timer5.start();
+        while (Timer5.isActive() && !echap_)
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        depuisPause_.restart();
+    };
+    c.interrompu = [this] {
+        if (depuisPause_.elapsed() >= intervalleCession) {
+            montreProgres();
+            QApplication::processEvents();
+            depuisPause_.restart();
+        }
+        return echap_;
+    };
+    c.bip = [] { QApplication::beep(); };
+    c.debut = [this](const std::string& legende) { setWindowTitle(QString::fromStdString(legende)); };
+    return c;
+}
+
+bool Mirado::refuseSiOccupe()
+{
+    if (!traceEnCours_)
+        return false;
+    boites.message(this, QStringLiteral("Un tracé est en cours : attendez qu'il se termine, "
+                                        "ou appuyez sur Échap pour l'interrompre."));
+    return true;
+}
+
+bool Mirado::eventFilter(QObject* objet, QEvent* evenement)
+{
+    if (objet == centralWidget() && evenement->type() == QEvent::Resize)
+        arrangelabel();  // Form_Resize
+    if (traceEnCours_ && evenement->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(evenement)->key() == Qt::Key_Escape) {
+        echap_ = true;
+        return true;
+    }
+    return QMainWindow::eventFilter(objet, evenement);
+}
+
+std::vector<int> Mirado::toutesLesCourbes() const
+{
+    std::vector<int> lignes;
+    for (int i = 1; i <= etat.courbes.nbCourbes; ++i)
+        lignes.push_back(i);
+    return lignes;
+}
+
+int Mirado::seance(const std::vector<Requete>& requetes)
+{
+    if (refuseSiOccupe())
+        return 0;
+    if (!surface_)
+        nouvelleImage();
+    traceEnCours_ = true;
+    echap_ = false;
+    qApp->installEventFilter(this);
+    depuisPause_.start();
+    QStringList messages;
+    int traces = 0;
+    for (const Requete& q : requetes) {
+        if (echap_)
+            break;
+        // Each request is timed on its own: tics from 0, Timer4 running.
+        etat.fenetre.tics = 0;
+        chrono_.start();
+        Timer4.start();
+        const ResultatTrace r = demandeTrace(etat, *surface_, q.numero, q.options, crochets());
+        Timer4.stop();
+        Timer4_Timer();
+        if (!r.message.empty())
+            messages << QString::fromStdString(r.message);
+        if (r.trace) {
+            ++traces;
+            setWindowTitle(QString::fromStdString(legendeFinTrace(r.legende, etat.fenetre.tics)));
+        }
+        if (q.options.ligne == 0 && r.ligne > 0)
+            ajoute_mnutra();
+        echap_ = echap_ || r.interrompu;
+    }
+    qApp->removeEventFilter(this);
+    traceEnCours_ = false;
+    montreProgres();
+    if (!messages.isEmpty())
+        boites.message(this, messages.join(QLatin1Char('\n')));
+    if (redessinEnAttente_) {
+        redessinEnAttente_ = false;
+        QTimer::singleShot(0, this, &Mirado::suisTaille);
+    }
+    return traces;
+}
+
+int Mirado::envoieSelection(const std::vector<int>& numeros, ModeCouleurs mode)
+{
+    std::vector<Requete> requetes;
+    for (int rang = 0; rang < int(numeros.size()); ++rang)
+        requetes.push_back({numeros[rang], OptionsTrace{0, mode, rang}});
+    return seance(requetes);
+}
+
+bool Mirado::envoie(int numero)
+{
+    return envoieSelection({numero}, ModeCouleurs::Unique) > 0;
+}
+
+void Mirado::retraceLignes(const std::vector<int>& lignes)
+{
+    std::vector<Requete> requetes;
+    for (int i : lignes)
+        if (i >= 1 && i <= int(etat.courbes.lignes.size()))
+            requetes.push_back({int(etat.courbes.lignes[i - 1][colNumero]), OptionsTrace{i}});
+    seance(requetes);
+}
+
+}  // namespace velorin

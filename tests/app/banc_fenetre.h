@@ -1,0 +1,114 @@
+// Test bench of the main window: a fresh application folder (a temporary
+// copy of the factory files put beside the built program), a fresh state,
+// and message and input boxes that record what the program says instead of
+// waiting for a click.
+#pragma once
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <functional>
+#include <memory>
+#include <set>
+
+#include "app/mirado.h"
+#include "catalogue/catalogue.h"
+
+namespace velorin::essai {
+
+// One QApplication for the whole test program, before any test runs.
+class EnvironnementQt : public ::testing::Environment {
+public:
+    void SetUp() override
+    {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        if (!QCoreApplication::instance())
+            new QApplication(argc_, argv_);
+    }
+
+private:
+    int argc_ = 1;
+    char nom_[10] = "app_tests";
+    char* argv_[2] = {nom_, nullptr};
+};
+
+struct Banc {
+    QTemporaryDir dossier;
+    Etat etat;
+    QStringList messages;                  // what the message boxes said
+    std::vector<std::optional<QString>> reponses;  // answers of the input boxes, in turn
+    std::unique_ptr<Mirado> fenetre;
+
+    Banc()
+    {
+        // The factory files put beside the program by the build.
+        const QString usine = QStringLiteral(VELORIN_BIN_DIR "/usine");
+        QDirIterator it(usine, QDir::Files, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString source = it.next();
+            const QString cible = chemin(QStringLiteral("usine/") + QDir(usine).relativeFilePath(source));
+            QDir().mkpath(QFileInfo(cible).absolutePath());
+            QFile::copy(source, cible);
+        }
+    }
+
+    QString chemin(const QString& relatif) const { return dossier.filePath(relatif); }
+
+    void ecrisFichier(const QString& relatif, const QByteArray& contenu) const
+    {
+        QDir().mkpath(QFileInfo(chemin(relatif)).absolutePath());
+        QFile f(chemin(relatif));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        f.write(contenu);
+    }
+
+    // A catalogue of `nb` parametric curves (circles of radius 1..nb).
+    void ecrisCatalogue(const QString& relatif, int nb) const
+    {
+        QDir().mkpath(QFileInfo(chemin(relatif)).absolutePath());
+        QFile::remove(chemin(relatif));
+        Catalogue cat;
+        ASSERT_FALSE(ouvrirCatalogue(cat, chemin(relatif).toStdString()));
+        for (int n = 1; n <= nb; ++n) {
+            const std::string r = std::to_string(n % 9 + 1);
+            LigneCatalogue l{1, "x=f1(t)=(" + r + ")*COS(T)][y=f2(t)=(" + r + ")*SIN(T)][z=f3(t)=0"};
+            ASSERT_FALSE(ecrisLigne(cat, n, l));
+        }
+    }
+
+    Mirado& demarre()
+    {
+        Boites boites;
+        boites.message = [this](QWidget*, const QString& texte) { messages << texte; };
+        boites.saisie = [this](QWidget*, const QString&, const QString&) -> std::optional<QString> {
+            if (reponses.empty())
+                return std::nullopt;
+            auto r = reponses.front();
+            reponses.erase(reponses.begin());
+            return r;
+        };
+        fenetre = std::make_unique<Mirado>(etat, dossier.path(), boites);
+        fenetre->resize(900, 650);
+        fenetre->show();
+        QApplication::processEvents();
+        fenetre->suisTaille();
+        return *fenetre;
+    }
+};
+
+// Number of distinct colours of a picture (1: uniform).
+inline int nbCouleurs(const QImage& image)
+{
+    std::set<QRgb> vues;
+    for (int y = 0; y < image.height(); y += 2)
+        for (int x = 0; x < image.width(); x += 2)
+            vues.insert(image.pixel(x, y));
+    return int(vues.size());
+}
+
+}  // namespace velorin::essai

@@ -1,0 +1,313 @@
+// The main window: start-up, catalogue menus, sending entries, mode
+// switching, the parameter files and the refused ranges.
+#include <QAction>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRegularExpression>
+#include <QListWidget>
+#include <QMenu>
+#include <QTimer>
+
+#include "banc_fenetre.h"
+#include "settings/memoire.h"
+
+namespace velorin::essai {
+namespace {
+
+const ::testing::Environment* const environnement =
+    ::testing::AddGlobalTestEnvironment(new EnvironnementQt);
+
+QStringList legendes(const std::vector<QAction*>& articles)
+{
+    QStringList l;
+    for (const QAction* a : articles)
+        l << a->text();
+    return l;
+}
+
+// A parameter file whose x range is [xmin, xmax], the rest as the factory's.
+QByteArray memoireAvecX(double xmin, double xmax)
+{
+    Parametres p;
+    p.xmin = xmin;
+    p.xmax = xmax;
+    return QByteArray::fromStdString(texteMemoire(p));
+}
+
+TEST(Mirado, DemarrageCreeEtRemplitLesDossiersEtDessineLeRepere)
+{
+    Banc banc;
+    // A file of the user is never replaced by the factory's.
+    banc.ecrisFichier(QStringLiteral("Plan_courbes/mem.log"), memoireAvecX(-3, 3));
+    Mirado& m = banc.demarre();
+
+    for (const char* d : {"Espace_courbes", "Espace_fig", "Plan_courbes", "Plan_fig"})
+        EXPECT_TRUE(QDir(banc.chemin(QString::fromUtf8(d))).exists()) << d;
+    EXPECT_TRUE(QFile::exists(banc.chemin(QStringLiteral("Espace_courbes/mem.log"))));
+    Parametres plan;
+    ASSERT_FALSE(lisMemoire(banc.chemin(QStringLiteral("Plan_courbes/mem.log")).toStdString(), plan));
+    EXPECT_EQ(plan.xmin, -3);
+    EXPECT_TRUE(QFile::exists(banc.chemin(QStringLiteral("Espace_courbes/Lisurf.lsu"))));
+
+    EXPECT_EQ(m.windowTitle(), QStringLiteral("TRACE DE COURBES ET SURFACES DANS L'ESPACE"));
+    EXPECT_EQ(m.etat.fenetre.dossierCourbes,
+              (QDir(banc.dossier.path()).absolutePath() + "/Espace_courbes/").toStdString());
+    EXPECT_TRUE(m.etat.fenetre.modeEspace);
+    EXPECT_FALSE(m.etat.fenetre.modePlan);
+    EXPECT_TRUE(banc.messages.isEmpty()) << banc.messages.join('|').toStdString();
+    EXPECT_GT(nbCouleurs(m.ecran()), 1);  // the frame is drawn
+    EXPECT_EQ(m.Timer2.isActive(), false);
+    EXPECT_EQ(m.Timer4.interval(), 100);
+    EXPECT_FALSE(m.Frame1->isHidden());
+    EXPECT_TRUE(m.Frame2->isHidden());
+}
+
+TEST(Mirado, MemoireManquanteOuAbimeeSignaleeEtValeursConservees)
+{
+    struct Cas {
+        const char* nom;
+        std::optional<QByteArray> contenu;  // nothing: no file at all
+    };
+    for (const Cas& c : {Cas{"manquant", std::nullopt}, Cas{"abime", QByteArray("1,2,3\r\n")}}) {
+        Banc banc;
+        QDir().mkpath(banc.chemin(QStringLiteral("Espace_courbes")));
+        if (c.contenu)
+            banc.ecrisFichier(QStringLiteral("Espace_courbes/mem.log"), *c.contenu);
+        else  // no factory copy either
+            QFile::remove(banc.chemin(QStringLiteral("usine/Espace_courbes/mem.log")));
+        Mirado& m = banc.demarre();
+        ASSERT_FALSE(banc.messages.isEmpty()) << c.nom;
+        EXPECT_TRUE(banc.messages.front().contains(QStringLiteral("mem.log"))) << c.nom;
+        EXPECT_EQ(m.etat.param.xmin, Parametres{}.xmin) << c.nom;
+        EXPECT_GT(nbCouleurs(m.ecran()), 1) << c.nom;
+    }
+}
+
+TEST(Mirado, MenusDesCataloguesEtCreation)
+{
+    Banc banc;
+    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/b.lsu"), 1);
+    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/a.lsu"), 1);
+    banc.ecrisFichier(QStringLiteral("Espace_courbes/notes.txt"), "x");
+    Mirado& m = banc.demarre();
+    EXPECT_EQ(legendes(m.mnulifi), (QStringList{"a.lsu", "b.lsu", "Lisurf.lsu", "&Créer nouveau fichier"}));
+    EXPECT_EQ(legendes(m.mnulico).last(), QStringLiteral("&Créer nouveau fichier"));
+
+    struct Cas {
+        std::optional<QString> reponse;
+        const char* fichier;   // catalogue in force afterwards
+        bool message;
+    };
+    const Cas cas[] = {
+        {QStringLiteral("essai"), "essai.lsu", false},
+        {QStringLiteral("autre.lsu"), "autre.lsu", false},
+        {QStringLiteral("../dehors"), "autre.lsu", true},
+        {std::nullopt, "autre.lsu", false},
+    };
+    for (const Cas& c : cas) {
+        banc.messages.clear();
+        banc.reponses = {c.reponse};
+        m.mnulifi.back()->trigger();
+        EXPECT_EQ(m.etat.fenetre.fichierCatalogue, c.fichier);
+        EXPECT_TRUE(QFile::exists(banc.chemin(QStringLiteral("Espace_courbes/") + c.fichier))) << c.fichier;
+        EXPECT_EQ(banc.messages.size(), c.message ? 1 : 0);
+    }
+    EXPECT_FALSE(QFile::exists(banc.chemin(QStringLiteral("Espace_courbes/autre.lsu.lsu"))));
+    EXPECT_FALSE(QFile::exists(banc.chemin(QStringLiteral("dehors.lsu"))));
+    EXPECT_TRUE(legendes(m.mnulifi).contains(QStringLiteral("essai.lsu")));
+}
+
+TEST(Mirado, MenuEnvoyerLimiteATrenteEntrees)
+{
+    struct Cas {
+        int entrees;
+        int articles;       // mnufa items, "0)Au choix..." included
+        const char* reste;  // the disabled last item, or nothing
+    };
+    for (const Cas& c : {Cas{5, 6, nullptr}, Cas{30, 31, nullptr}, Cas{45, 31, "15 autres"}}) {
+        Banc banc;
+        banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), c.entrees);
+        Mirado& m = banc.demarre();
+        ASSERT_EQ(int(m.mnufa.size()), c.articles) << c.entrees;
+        EXPECT_EQ(m.mnufa[0]->text(), QStringLiteral("0)Au choix dans la liste complète"));
+        EXPECT_TRUE(m.mnufa[1]->text().startsWith(QStringLiteral("001)x=f1(t)=")));
+        EXPECT_TRUE(m.mnufa.back()->text().startsWith(
+            QString::fromStdString(entierFormate(c.articles - 1, 3) + ")")));
+        if (c.reste) {
+            ASSERT_NE(m.mnufaReste, nullptr);
+            EXPECT_TRUE(m.mnufaReste->text().contains(QString::fromUtf8(c.reste)));
+            EXPECT_FALSE(m.mnufaReste->isEnabled());
+        } else {
+            EXPECT_EQ(m.mnufaReste, nullptr);
+        }
+    }
+}
+
+TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListe)
+{
+    Banc banc;
+    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 3);
+    Mirado& m = banc.demarre();
+    const QImage avant = m.ecran().copy();
+    m.mnufa[2]->trigger();
+    EXPECT_TRUE(banc.messages.isEmpty()) << banc.messages.join('|').toStdString();
+    ASSERT_EQ(m.etat.courbes.nbCourbes, 1);
+    EXPECT_EQ(m.etat.courbes.lignes[0][colNumero], 2);
+    ASSERT_EQ(m.mnutra.size(), 2u);
+    EXPECT_TRUE(m.mnutra[1]->text().contains(QStringLiteral("x=f1(t)=(3)*COS(T)")));
+    EXPECT_NE(m.ecran(), avant);
+    EXPECT_TRUE(m.windowTitle().contains(QRegularExpression(QStringLiteral("__\\d\\d\\.\\d\\d$"))))
+        << m.windowTitle().toStdString();
+
+    // A redraw keeps the curve; a clearing forgets it.
+    m.Command3_Click();
+    EXPECT_EQ(m.etat.courbes.nbCourbes, 1);
+    m.mnupara[5]->trigger();
+    EXPECT_EQ(m.etat.courbes.nbCourbes, 0);
+    EXPECT_EQ(m.mnutra.size(), 1u);
+}
+
+TEST(Mirado, BasculeEspacePlan)
+{
+    Banc banc;
+    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 2);
+    banc.ecrisCatalogue(QStringLiteral("Plan_courbes/Lico.lsu"), 1);
+    Mirado& m = banc.demarre();
+    m.mnufa[1]->trigger();
+    struct Cas {
+        bool espace;
+        const char* dossier;
+        const char* figures;
+        const char* fichier;
+    };
+    for (const Cas& c : {Cas{false, "Plan_courbes/", "Plan_fig/", "Lico.lsu"},
+                         Cas{true, "Espace_courbes/", "Espace_fig/", "Lisurf.lsu"}}) {
+        auto& articles = c.espace ? m.mnulifi : m.mnulico;
+        const auto article = std::find_if(articles.begin(), articles.end(),
+                                          [&](QAction* a) { return a->text() == c.fichier; });
+        ASSERT_NE(article, articles.end()) << c.fichier;
+        (*article)->trigger();
+        const EtatFenetre& f = m.etat.fenetre;
+        EXPECT_EQ(f.modeEspace, c.espace);
+        EXPECT_EQ(f.modePlan, !c.espace);
+        EXPECT_TRUE(QString::fromStdString(f.dossierCourbes).endsWith(c.dossier));
+        EXPECT_TRUE(QString::fromStdString(f.dossierFig).endsWith(c.figures));
+        EXPECT_EQ(f.fichierCatalogue, c.fichier);
+        EXPECT_EQ(m.Frame1->isHidden(), !c.espace);
+        EXPECT_EQ(m.Frame2->isHidden(), c.espace);
+        EXPECT_EQ(m.mnutrace->title(), "Dans " + QString::fromStdString(f.dossierCourbes) + c.fichier);
+        EXPECT_EQ(m.etat.courbes.nbCourbes, 0);  // the other catalogue's drawing is forgotten
+        EXPECT_EQ(int(m.mnufa.size()), 1 + (c.espace ? 2 : 1));
+    }
+}
+
+TEST(Mirado, ResetLitLaMemoireProvisoire)
+{
+    for (int bouton : {4, 7}) {
+        Banc banc;
+        banc.ecrisFichier(QStringLiteral("Espace_courbes/mem.log"), memoireAvecX(-5, 5));
+        banc.ecrisFichier(QStringLiteral("Espace_courbes/memprovi.log"), memoireAvecX(-2, 7));
+        Mirado& m = banc.demarre();
+        EXPECT_EQ(m.etat.param.xmax, 5);
+        m.etat.fenetre.pauseActive = false;
+        m.Timer2.start();
+        (bouton == 4 ? m.Command4 : m.Command7)->click();
+        EXPECT_EQ(m.etat.param.xmin, -2) << bouton;
+        EXPECT_EQ(m.etat.param.xmax, 7) << bouton;
+        EXPECT_TRUE(m.etat.fenetre.pauseActive);
+        EXPECT_FALSE(m.Timer2.isActive());
+    }
+}
+
+TEST(Mirado, EtendueVideRefuseeUneFoisEtMemoireRetablie)
+{
+    Banc banc;
+    banc.ecrisFichier(QStringLiteral("Espace_courbes/mem.log"), memoireAvecX(-4, 6));
+    Mirado& m = banc.demarre();
+    struct Cas {
+        double xmin, xmax;
+    };
+    for (const Cas& c : {Cas{3, 3}, Cas{5, -5}}) {
+        banc.messages.clear();
+        m.etat.param.xmin = c.xmin;
+        m.etat.param.xmax = c.xmax;
+        m.Command3_Click();
+        EXPECT_EQ(banc.messages, QStringList{QStringLiteral("Pas pochible,je rétablis la base [-10,10 ]")});
+        EXPECT_EQ(m.etat.param.xmin, -4);
+        EXPECT_EQ(m.etat.param.xmax, 6);
+    }
+}
+
+TEST(Mirado, BoutonsPlusMoinsMontrentSansRedessiner)
+{
+    Banc banc;
+    Mirado& m = banc.demarre();
+    struct Cas {
+        int choix;
+        const char* pas;
+        bool plus;
+        double Parametres::*membre;
+        double attendu;  // change of the value
+    };
+    const Cas cas[] = {
+        {6, "1.0", true, &Parametres::Rotadir, 3.141592 / 36},
+        {6, "0.5", false, &Parametres::Rotadir, -0.5 * 3.141592 / 36},
+        {0, "2.0", true, &Parametres::Xviseur, 2},
+        {4, "0.1", false, &Parametres::Ydirection, -0.1},
+    };
+    for (const Cas& c : cas) {
+        const QImage avant = m.ecran().copy();
+        const double depart = m.etat.param.*c.membre;
+        m.Option2[c.choix]->click();
+        m.List2->setCurrentItem(m.List2->findItems(QString::fromUtf8(c.pas), Qt::MatchExactly).front());
+        (c.plus ? m.Command1 : m.Command2)->click();
+        EXPECT_NEAR(m.etat.param.*c.membre - depart, c.attendu, 1e-12) << c.choix;
+        EXPECT_EQ(m.ecran(), avant);
+    }
+    EXPECT_TRUE(m.Label3->text().contains(QStringLiteral("Rot=")));
+}
+
+TEST(Mirado, ValeursDeLaCoordonneeFixe)
+{
+    Banc banc;
+    Mirado& m = banc.demarre();
+    m.etat.param.ymin = -1;
+    m.etat.param.ymax = 1;
+    m.bricole(1, 0.5);
+    EXPECT_TRUE(m.Option1[1]->isChecked());
+    ASSERT_GE(m.List1->count(), 1001);
+    EXPECT_LE(m.List1->count(), 1002);
+    EXPECT_EQ(m.List1->item(0)->text(), QStringLiteral("-01.000"));
+    EXPECT_EQ(m.List1->item(1)->text(), QStringLiteral("-00.998"));
+    EXPECT_EQ(m.List1->currentItem()->text(), QStringLiteral("00.502"));
+}
+
+TEST(Mirado, UneDemandePendantUnTraceEstRefuseeEtEchapInterrompt)
+{
+    Banc banc;
+    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 2);
+    Mirado& m = banc.demarre();
+    // A slow tracing: 20 ms after each point, some 126 points.
+    m.etat.param.pauseMs = 20;
+    bool accepte = true;
+    QTimer::singleShot(30, &m, [&] { accepte = m.envoie(2); });
+    QTimer::singleShot(60, &m, [&] {
+        QKeyEvent echap(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QApplication::sendEvent(m.List2, &echap);
+    });
+    QElapsedTimer duree;
+    duree.start();
+    m.envoie(1);
+    EXPECT_FALSE(accepte);
+    EXPECT_EQ(banc.messages.size(), 1);
+    EXPECT_LT(duree.elapsed(), 1000);  // without Escape: 2.5 s
+    EXPECT_FALSE(m.enTrace());
+    EXPECT_EQ(m.etat.courbes.nbCourbes, 1);
+}
+
+}  // namespace
+}  // namespace velorin::essai
