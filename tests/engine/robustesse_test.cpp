@@ -83,7 +83,7 @@ void verifie(const std::string& brut)
 
 TEST(MoteurRobustesse, TextesAleatoiresMutesEtExtremes)
 {
-    for (int i = 0; i < 4000 && !HasFatalFailure(); ++i) {
+    for (int i = 0; i < 2000 && !HasFatalFailure(); ++i) {
         const std::string f = formule(1 + entier(4));
         verifie(f);
         verifie(mute(f));
