@@ -24,64 +24,26 @@ Resultat valeur(double v) { return {Issue::Valeur, v}; }
 
 Resultat evalterme(Famille f, std::string_view terme, const Variables& var)
 {
+    // The numbers of a term read a lone non-digit character as the first
+    // variable's value.
     const double defaut = var.valeurs[0];
-    const std::size_t L = terme.size();
-    // Last "^", last variable letter and the character in front of it.
-    std::size_t posPuissance = 0, posVariable = 0;
-    bool presente[3] = {false, false, false};
-    char op = '*';
-    for (std::size_t p = 1; p <= L; ++p) {
-        const char c = terme[p - 1];
-        if (c == '^') posPuissance = p;
-        const int r = rangVariable(f, c);
-        if (r < 0) continue;
-        presente[r] = true;
-        posVariable = p;
-        op = p > 1 ? terme[p - 2] : '*';
-    }
-    int rang = -1, genres = 0;
-    for (int r = 0; r < 3; ++r)
-        if (presente[r]) {
-            rang = r;
-            ++genres;
-        }
+    const FormeTerme forme = formeTerme(f, terme);
     bool echec = false;
-    if (genres != 1) {
+    if (forme.genres != 1) {
         // No variable, or variables of several kinds: a constant term.
         const double v = lisnombre(terme, defaut, echec);
         return valeur(echec ? horsCalcul : v);
     }
-    const double base = var.valeurs[rang];
     double coefficient = 1, exposant = 1;
-    if (posVariable > 1) coefficient = lisnombre(terme.substr(0, posVariable - 1), defaut, echec);
-    if (posPuissance > posVariable && posPuissance < L)
-        exposant = lisnombre(terme.substr(posPuissance), defaut, echec);
+    if (forme.posVariable > 1) coefficient = lisnombre(terme.substr(0, forme.posVariable - 1), defaut, echec);
+    if (forme.posPuissance > forme.posVariable && forme.posPuissance < terme.size())
+        exposant = lisnombre(terme.substr(forme.posPuissance), defaut, echec);
     if (echec) return valeur(horsCalcul);
-    const double w = std::pow(base, exposant);
-    if (!std::isfinite(w)) return valeur(horsCalcul);
-    double r;
-    switch (op) {
-    case '*': r = coefficient * w; break;
-    case '/':
-        if (w == 0) return valeur(horsCalcul);
-        r = coefficient / w;
-        break;
-    case '\\': {
-        // "Integer part" taken as the largest integer not above w.
-        if (std::floor(w) == 0) return valeur(horsCalcul);
-        // The space family tests t^exponent but divides by the previous
-        // point's x raised to the exponent.
-        const double diviseur = f == Famille::Espace ? std::pow(var.xPrecedent, exposant) : w;
-        if (!std::isfinite(diviseur) || !quotientEntier(coefficient, diviseur, r))
-            return valeur(horsCalcul);
-        break;
-    }
-    default:
-        // A digit or another character right before the variable ("2X"):
-        // the term gives no value.
-        return {};
-    }
-    return valeur(std::isfinite(r) ? r : horsCalcul);
+    const double base = var.valeurs[forme.rang];
+    // The space family tests t^exponent in "\" but divides by the previous
+    // point's x raised to the exponent.
+    return calculeTerme(forme.op, base, coefficient, exposant,
+                        f == Famille::Espace ? var.xPrecedent : base);
 }
 
 Resultat evalsomme(Famille f, std::string_view texte, const Variables& var)
@@ -206,6 +168,54 @@ std::size_t pairesMax(Famille f)
     case Famille::Espace: return 4;
     }
     return 0;
+}
+
+FormeTerme formeTerme(Famille f, std::string_view terme)
+{
+    FormeTerme forme;
+    bool presente[3] = {false, false, false};
+    for (std::size_t p = 1; p <= terme.size(); ++p) {
+        const char c = terme[p - 1];
+        if (c == '^') forme.posPuissance = p;
+        const int r = rangVariable(f, c);
+        if (r < 0) continue;
+        presente[r] = true;
+        forme.posVariable = p;
+        forme.op = p > 1 ? terme[p - 2] : '*';
+    }
+    for (int r = 0; r < 3; ++r)
+        if (presente[r]) {
+            forme.rang = r;
+            ++forme.genres;
+        }
+    return forme;
+}
+
+Resultat calculeTerme(char op, double base, double coefficient, double exposant, double diviseurEntier)
+{
+    const double w = std::pow(base, exposant);
+    if (!std::isfinite(w)) return valeur(horsCalcul);
+    double r;
+    switch (op) {
+    case '*': r = coefficient * w; break;
+    case '/':
+        if (w == 0) return valeur(horsCalcul);
+        r = coefficient / w;
+        break;
+    case '\\': {
+        // "Integer part" taken as the largest integer not above w.
+        if (std::floor(w) == 0) return valeur(horsCalcul);
+        const double diviseur = std::pow(diviseurEntier, exposant);
+        if (!std::isfinite(diviseur) || !quotientEntier(coefficient, diviseur, r))
+            return valeur(horsCalcul);
+        break;
+    }
+    default:
+        // A digit or another character right before the variable ("2X"):
+        // the term gives no value.
+        return {};
+    }
+    return valeur(std::isfinite(r) ? r : horsCalcul);
 }
 
 std::vector<Groupe> groupes(std::string_view texte, bool& ordreCorrect)

@@ -126,6 +126,22 @@ struct Groupe {
 // empty) when a ")" closes nothing, as in ")X(".
 std::vector<Groupe> groupes(std::string_view texte, bool& ordreCorrect);
 
+// What a term's text decides: last "^" and last variable letter (1-based,
+// 0 when absent), the character in front of that letter ("*" when it is
+// first), the variable it stands for and how many kinds of variables the
+// term holds (a term with other than one kind is a constant).
+struct FormeTerme {
+    std::size_t posPuissance = 0, posVariable = 0;
+    char op = '*';
+    int rang = -1, genres = 0;
+};
+FormeTerme formeTerme(Famille f, std::string_view terme);
+// A term's value once its numbers are read: w = base^exposant, then
+// coefficient op w for op "*", "/" or "" (the space family divides by
+// diviseurEntier^exposant in "", the others pass base). Failures give
+// horsCalcul; another operator gives no value.
+Resultat calculeTerme(char op, double base, double coefficient, double exposant, double diviseurEntier);
+
 // ---- Whole formulas -------------------------------------------------------
 // The full result of a formula of a family (Valeur, SansValeur or
 // Incorrecte; an uncaught failure already turned into horsCalcul).
