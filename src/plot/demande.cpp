@@ -81,7 +81,11 @@ Couleur couleurCycle(const CouleursDefaut& defaut, Couleur couleurEnCours, int r
 
 std::string legendeTrace(const std::string& texteEntree)
 {
-    return "[" + sansBlancsAutour(texteEntree) + "]" + " TRACE DE COURBES...";
+    std::string legende(1, '[');
+    legende += sansBlancsAutour(texteEntree);
+    legende += "]";
+    legende += " TRACE DE COURBES...";
+    return legende;
 }
 
 std::string legendeFinTrace(const std::string& legende, int dixiemes)

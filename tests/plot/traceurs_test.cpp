@@ -12,12 +12,12 @@ namespace {
 
 using namespace essai;
 
-Etat etatAvec(bool espace, const char* f1, const char* f2 = "", const char* f3 = "")
+Etat etatAvec(bool espace, std::string f1, std::string f2 = {}, std::string f3 = {})
 {
     Etat etat = etatCalibre(espace);
-    etat.moteur.formuleF1 = f1;
-    etat.moteur.formuleF2 = f2;
-    etat.moteur.formuleF3 = f3;
+    etat.moteur.formuleF1 = std::move(f1);
+    etat.moteur.formuleF2 = std::move(f2);
+    etat.moteur.formuleF3 = std::move(f3);
     return etat;
 }
 
