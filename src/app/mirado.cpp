@@ -45,6 +45,8 @@ Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
     montrePanneau();
     aflico();
     debutravail();
+    // The pointer read-out starts on the plane z = 0.
+    bricole(2, 0);
 }
 
 Mirado::~Mirado()

@@ -116,8 +116,8 @@ void Mirado::creePanneaux()
     }
     List1 = new QListWidget(Frame1);
     g1->addWidget(List1, 10, 0, 1, 3);
-    for (QListWidget* l : {List1, List2})
-        l->setFixedHeight(l->fontMetrics().height() * 4 + 6);
+    for (QListWidget* l : {List1, List2})  // four whole rows
+        l->setFixedHeight(List2->sizeHintForRow(0) * 4 + 2 * l->frameWidth());
 
     // Plane panel.
     Frame2 = new QGroupBox(QStringLiteral("Repère du plan"), colonne_);
@@ -135,7 +135,6 @@ void Mirado::creePanneaux()
     Label6 = lecture(zone_);  // the tip bubble over the drawing
     Label6->setAutoFillBackground(true);
     Label6->hide();
-    Label2->setText(QStringLiteral("Cht = 0\nTrt = 0"));
 }
 
 void Mirado::montrePanneau()

@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QTimer>
 
+#include "app/zone_dessin.h"
 #include "banc_fenetre.h"
 #include "settings/memoire.h"
 
@@ -202,6 +203,27 @@ TEST(Mirado, BasculeEspacePlan)
         EXPECT_EQ(m.mnutrace->title(), "Dans " + QString::fromStdString(f.dossierCourbes) + c.fichier);
         EXPECT_EQ(m.etat.courbes.nbCourbes, 0);  // the other catalogue's drawing is forgotten
         EXPECT_EQ(int(m.mnufa.size()), 1 + (c.espace ? 2 : 1));
+    }
+}
+
+TEST(Mirado, RrReduitLePanneauDuMode)
+{
+    Banc banc;
+    Mirado& m = banc.demarre();
+    const ZoneDessin* zone = m.findChild<ZoneDessin*>();
+    ASSERT_NE(zone, nullptr);
+    for (bool espace : {true, false}) {
+        (espace ? m.mnulifi : m.mnulico).front()->trigger();
+        QCheckBox* rr = espace ? m.Check1 : m.Check2;
+        QGroupBox* panneau = espace ? m.Frame1 : m.Frame2;
+        const int largeur = zone->width();
+        rr->setChecked(true);
+        EXPECT_GT(zone->width(), largeur + 100) << espace;
+        EXPECT_TRUE(panneau->isHidden());
+        EXPECT_FALSE(rr->isHidden());
+        rr->setChecked(false);
+        EXPECT_EQ(zone->width(), largeur);
+        EXPECT_FALSE(panneau->isHidden());
     }
 }
 
