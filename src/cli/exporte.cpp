@@ -1,0 +1,113 @@
+// `velorin exporte`: draws catalogue entries into a PNG, SVG, PDF file or the
+// text journal of the recording surface, without a display.
+#include <charconv>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <string>
+
+#include "cli/commandes.h"
+#include "cli/rendu.h"
+
+namespace fs = std::filesystem;
+
+namespace velorin {
+
+namespace {
+
+constexpr const char* kUsage =
+    "Usage : velorin exporte [--dossier DOSSIER] [--plan] [--parametres FICHIER] [--taille LxH] [--ordre 0-3]\n"
+    "                        (--catalogue FICHIER.lsu --entree N [--entree N ...] | --figure FICHIER.fig)\n"
+    "                        --sortie FICHIER.(png|svg|pdf|txt) [--chrono]\n";
+
+int erreur(const std::string& texte)
+{
+    std::fprintf(stderr, "velorin exporte : %s\n", texte.c_str());
+    return 2;
+}
+
+bool litEntier(const char* texte, int& valeur)
+{
+    const char* fin = texte + std::strlen(texte);
+    auto [p, ec] = std::from_chars(texte, fin, valeur);
+    return ec == std::errc() && p == fin;
+}
+
+bool litTaille(const std::string& texte, int& largeur, int& hauteur)
+{
+    const auto x = texte.find_first_of("xX");
+    if (x == std::string::npos) return false;
+    return litEntier(texte.substr(0, x).c_str(), largeur) && litEntier(texte.substr(x + 1).c_str(), hauteur);
+}
+
+}  // namespace
+
+int commandeExporte(int argc, char** argv)
+{
+    DemandeRendu d;
+    std::string dossier, catalogue, figure;
+    bool chrono = false, parametresDonnes = false;
+    for (int i = 1; i < argc; ++i) {
+        const std::string option = argv[i];
+        const bool avecValeur = option == "--dossier" || option == "--parametres" || option == "--taille" ||
+                                option == "--catalogue" || option == "--entree" || option == "--figure" ||
+                                option == "--sortie" || option == "--ordre";
+        if (avecValeur && i + 1 >= argc) return erreur("l'option " + option + " attend une valeur\n" + kUsage);
+        if (option == "--plan") d.espace = false;
+        else if (option == "--chrono") chrono = true;
+        else if (option == "--dossier") dossier = argv[++i];
+        else if (option == "--parametres") { d.parametres = argv[++i]; parametresDonnes = true; }
+        else if (option == "--catalogue") catalogue = argv[++i];
+        else if (option == "--figure") figure = argv[++i];
+        else if (option == "--sortie") d.sortie = argv[++i];
+        else if (option == "--taille") {
+            if (!litTaille(argv[++i], d.largeurPx, d.hauteurPx))
+                return erreur(std::string("taille incorrecte « ") + argv[i] + " » : écrivez par exemple 1024x768");
+        } else if (option == "--ordre") {
+            if (!litEntier(argv[++i], d.ordreBoucles) || d.ordreBoucles < 0 || d.ordreBoucles > 3)
+                return erreur(std::string("ordre des boucles incorrect « ") + argv[i] + " » : 0, 1, 2 ou 3");
+        } else if (option == "--entree") {
+            int n = 0;
+            if (!litEntier(argv[++i], n) || n < 1)
+                return erreur(std::string("numéro d'entrée incorrect « ") + argv[i] + " »");
+            d.entrees.push_back(n);
+        } else {
+            return erreur("option inconnue « " + option + " »\n" + kUsage);
+        }
+    }
+    if (!figure.empty()) return erreur("--figure : pas encore disponible");
+    if (catalogue.empty() || d.entrees.empty() || d.sortie.empty())
+        return erreur(std::string("il faut --catalogue, au moins une --entree et --sortie\n") + kUsage);
+    if (formatSortie(d.sortie) == FormatSortie::Inconnu)
+        return erreur("format de sortie inconnu (" + d.sortie + ") : .png, .svg, .pdf ou .txt");
+
+    const char* sousDossier = d.espace ? "Espace_courbes" : "Plan_courbes";
+    if (dossier.empty()) dossier = dossierExecutable() + sousDossier;
+    fs::path chemin(catalogue);
+    if (chemin.is_relative()) chemin = fs::path(dossier) / chemin;
+    d.catalogue = chemin.string();
+    // Parameters: the named file, else "mem.log" beside the catalogue, else
+    // the factory file, else the built-in values.
+    if (!parametresDonnes) {
+        for (const fs::path& p : {chemin.parent_path() / "mem.log",
+                                  fs::path(dossierExecutable()) / "usine" / sousDossier / "mem.log"}) {
+            if (fs::is_regular_file(p)) {
+                d.parametres = p.string();
+                break;
+            }
+        }
+    }
+
+    if (formatSortie(d.sortie) != FormatSortie::Texte) assureApplication();
+    const ResultatRendu r = rendu(d);
+    if (!r.avertissement.empty()) std::fprintf(stderr, "velorin exporte : %s\n", r.avertissement.c_str());
+    if (chrono) {
+        for (std::size_t i = 0; i < r.dureesMs.size(); ++i)
+            std::fprintf(stderr, "entrée %d : %.1f ms\n", d.entrees[i], r.dureesMs[i]);
+    }
+    if (!r.erreur.empty()) return erreur(r.erreur);
+    return 0;
+}
+
+}  // namespace velorin

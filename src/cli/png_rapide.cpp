@@ -1,0 +1,88 @@
+#include "cli/png_rapide.h"
+
+#include <zlib.h>
+
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+namespace velorin {
+
+namespace {
+
+void ajoute32(std::vector<unsigned char>& s, std::uint32_t v)
+{
+    for (int decalage = 24; decalage >= 0; decalage -= 8) s.push_back(static_cast<unsigned char>(v >> decalage));
+}
+
+// One chunk: length, type, data, CRC of type and data.
+bool ecrisBloc(std::FILE* f, const char type[4], const unsigned char* donnees, std::size_t taille)
+{
+    std::vector<unsigned char> tete;
+    ajoute32(tete, static_cast<std::uint32_t>(taille));
+    tete.insert(tete.end(), type, type + 4);
+    uLong crc = crc32(0, tete.data() + 4, 4);
+    if (taille) crc = crc32(crc, donnees, static_cast<uInt>(taille));
+    std::vector<unsigned char> queue;
+    ajoute32(queue, static_cast<std::uint32_t>(crc));
+    return std::fwrite(tete.data(), 1, tete.size(), f) == tete.size() &&
+           (taille == 0 || std::fwrite(donnees, 1, taille, f) == taille) &&
+           std::fwrite(queue.data(), 1, queue.size(), f) == queue.size();
+}
+
+}  // namespace
+
+std::string ecrisPngRapide(const QImage& source, const std::string& chemin)
+{
+    const QImage image = source.format() == QImage::Format_RGB32 || source.format() == QImage::Format_ARGB32
+                             ? source
+                             : source.convertToFormat(QImage::Format_RGB32);
+    const int w = image.width(), h = image.height();
+    if (w <= 0 || h <= 0) return "image vide : rien à écrire dans " + chemin;
+
+    // Rows of filter byte 0 then R, G, B.
+    std::vector<unsigned char> brut(static_cast<std::size_t>(h) * (1 + 3 * static_cast<std::size_t>(w)));
+    std::size_t k = 0;
+    for (int y = 0; y < h; ++y) {
+        brut[k++] = 0;
+        const QRgb* ligne = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        for (int x = 0; x < w; ++x) {
+            brut[k++] = static_cast<unsigned char>(qRed(ligne[x]));
+            brut[k++] = static_cast<unsigned char>(qGreen(ligne[x]));
+            brut[k++] = static_cast<unsigned char>(qBlue(ligne[x]));
+        }
+    }
+    z_stream z{};
+    if (deflateInit2(&z, 1, Z_DEFLATED, 15, 8, Z_RLE) != Z_OK) return "compression impossible";
+    std::vector<unsigned char> comprime(deflateBound(&z, brut.size()));
+    z.next_in = brut.data();
+    z.avail_in = static_cast<uInt>(brut.size());
+    z.next_out = comprime.data();
+    z.avail_out = static_cast<uInt>(comprime.size());
+    const int fin = deflate(&z, Z_FINISH);
+    comprime.resize(z.total_out);
+    deflateEnd(&z);
+    if (fin != Z_STREAM_END) return "compression impossible";
+
+    std::vector<unsigned char> entete;
+    ajoute32(entete, static_cast<std::uint32_t>(w));
+    ajoute32(entete, static_cast<std::uint32_t>(h));
+    entete.insert(entete.end(), {8, 2, 0, 0, 0});   // 8 bits, RGB, deflate, no filter, not interlaced
+    std::vector<unsigned char> physique;
+    ajoute32(physique, 3780);   // 96 dots per inch, in dots per metre
+    ajoute32(physique, 3780);
+    physique.push_back(1);
+
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> f(std::fopen(chemin.c_str(), "wb"), &std::fclose);
+    if (!f) return "impossible de créer " + chemin;
+    static const unsigned char signature[8] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+    const bool ok = std::fwrite(signature, 1, 8, f.get()) == 8 &&
+                    ecrisBloc(f.get(), "IHDR", entete.data(), entete.size()) &&
+                    ecrisBloc(f.get(), "pHYs", physique.data(), physique.size()) &&
+                    ecrisBloc(f.get(), "IDAT", comprime.data(), comprime.size()) &&
+                    ecrisBloc(f.get(), "IEND", nullptr, 0);
+    if (!ok || std::fclose(f.release()) != 0) return "impossible d'écrire " + chemin;
+    return {};
+}
+
+}  // namespace velorin

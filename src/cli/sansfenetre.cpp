@@ -1,0 +1,116 @@
+// `velorin sansfenetre`: what `make run` does without a display. Every entry
+// of the space and plane galleries is drawn alone (frame and entry, as the
+// main window would show it) into its own PNG file, and a contact sheet puts
+// them side by side with their numbers and texts, for a look at everything
+// at once.
+#include <QFont>
+#include <QImage>
+#include <QPainter>
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+#include "app/surface_qpainter.h"
+#include "catalogue/catalogue.h"
+#include "cli/commandes.h"
+#include "cli/png_rapide.h"
+#include "cli/rendu.h"
+
+namespace fs = std::filesystem;
+
+namespace velorin {
+
+namespace {
+
+constexpr int kLargeur = 1024, kHauteur = 768;      // one entry
+constexpr int kColonnes = 4, kVignette = 400;       // contact sheet
+constexpr int kLegende = 36;                        // caption height
+
+struct Galerie {
+    bool espace;
+    const char* dossier;
+    const char* fichier;
+    const char* nom;
+};
+
+// Draws the contact sheet of the images `images` (entry n in images[n-1]).
+bool planche(const std::vector<std::string>& images, const std::vector<std::string>& textes,
+             const std::string& sortie)
+{
+    const int lignes = (static_cast<int>(images.size()) + kColonnes - 1) / kColonnes;
+    const int hv = kVignette * kHauteur / kLargeur;
+    QImage feuille(kColonnes * kVignette, lignes * (hv + kLegende), QImage::Format_RGB32);
+    feuille.fill(Qt::white);
+    QPainter p(&feuille);
+    p.setRenderHint(QPainter::SmoothPixmapTransform);
+    QFont police("DejaVu Sans");
+    police.setPixelSize(12);
+    p.setFont(police);
+    for (std::size_t i = 0; i < images.size(); ++i) {
+        const int x = static_cast<int>(i % kColonnes) * kVignette;
+        const int y = static_cast<int>(i / kColonnes) * (hv + kLegende);
+        QImage image(QString::fromStdString(images[i]));
+        if (!image.isNull()) p.drawImage(QRect(x, y, kVignette, hv), image);
+        const QString legende = QString::number(i + 1) + " : " + QString::fromStdString(textes[i]).trimmed();
+        p.drawText(QRect(x + 4, y + hv + 2, kVignette - 8, kLegende - 4), Qt::TextWrapAnywhere, legende);
+    }
+    p.end();
+    return ecrisPngRapide(feuille, sortie).empty();
+}
+
+}  // namespace
+
+int commandeSansFenetre(int, char**)
+{
+    assureApplication();
+    const std::string base = dossierExecutable();
+    const fs::path apercus = fs::path(base) / "Apercus";
+    const Galerie galeries[] = {{true, "Espace_courbes", "Lisurf.lsu", "espace"},
+                                {false, "Plan_courbes", "Lico.lsu", "plan"}};
+    std::printf("Pas de fenêtre : les galeries sont dessinées dans des images PNG.\n");
+    int statut = 0;
+    for (const Galerie& g : galeries) {
+        fs::path catalogue = fs::path(base) / g.dossier / g.fichier;
+        if (!fs::exists(catalogue)) catalogue = fs::path(base) / "usine" / g.dossier / g.fichier;
+        Catalogue cat;
+        if (!fs::exists(catalogue) || ouvrirCatalogue(cat, catalogue.string())) {
+            std::printf("Galerie %s introuvable : %s\n", g.fichier, catalogue.string().c_str());
+            statut = 1;
+            continue;
+        }
+        const fs::path dossier = apercus / g.nom;
+        std::error_code ec;
+        fs::create_directories(dossier, ec);
+        std::vector<std::string> images, textes;
+        for (int n = 1; n <= cat.nbLignesCatalogue; ++n) {
+            LigneCatalogue ligne;
+            lisLigne(cat, n, ligne);
+            DemandeRendu d;
+            d.espace = g.espace;
+            d.catalogue = catalogue.string();
+            const fs::path mem = catalogue.parent_path() / "mem.log";
+            if (fs::exists(mem)) d.parametres = mem.string();
+            d.largeurPx = kLargeur;
+            d.hauteurPx = kHauteur;
+            d.entrees = {n};
+            char nom[16];
+            std::snprintf(nom, sizeof nom, "%02d.png", n);
+            d.sortie = (dossier / nom).string();
+            const ResultatRendu r = rendu(d);
+            if (!r.erreur.empty()) {
+                std::printf("  %s, entrée %d : %s\n", g.fichier, n, r.erreur.c_str());
+                statut = 1;
+            }
+            images.push_back(d.sortie);
+            textes.push_back(ligne.texte);
+        }
+        const fs::path feuille = apercus / ("planche_" + std::string(g.nom) + ".png");
+        planche(images, textes, feuille.string());
+        std::printf("Galerie %s (%d entrées) : une image par entrée dans %s,\n  toutes ensemble dans %s\n",
+                    g.fichier, cat.nbLignesCatalogue, dossier.string().c_str(), feuille.string().c_str());
+    }
+    return statut;
+}
+
+}  // namespace velorin
