@@ -161,12 +161,17 @@ std::string texteMemoire(const Parametres& p)
 {
     std::string s;
     for (const auto& ligne : lignesFichier()) {
-        for (std::size_t i = 0; i < ligne.size(); ++i)
-            s += (i ? "," : "") + texteChamp(p, ligne[i].membre);
+        for (std::size_t i = 0; i < ligne.size(); ++i) {
+            if (i)
+                s += ',';
+            s += texteChamp(p, ligne[i].membre);
+        }
         s += "\r\n";
     }
-    s += entier(p.pauseMs) + "," + entier(p.ordreBoucles) + "," +
-         (p.avecMoirure ? "#TRUE#" : "#FALSE#") + "\r\n";
+    s += entier(p.pauseMs);
+    s += ',';
+    s += entier(p.ordreBoucles);
+    s += p.avecMoirure ? ",#TRUE#\r\n" : ",#FALSE#\r\n";
     return s;
 }
 

@@ -71,19 +71,26 @@ std::string texteNombre(double valeur, int significatifs)
     const int n = static_cast<int>(d.chiffres.size());
     if (d.exposant < -4 || d.exposant >= significatifs) {
         s += d.chiffres[0];
-        if (n > 1)
-            s += "." + d.chiffres.substr(1);
+        if (n > 1) {
+            s += '.';
+            s += d.chiffres.substr(1);
+        }
         const int e = std::abs(d.exposant);
         s += d.exposant < 0 ? "E-" : "E+";
         if (e < 10)
             s += '0';
         s += std::to_string(e);
     } else if (d.exposant < 0) {
-        s += "0." + std::string(-d.exposant - 1, '0') + d.chiffres;
+        s += "0.";
+        s.append(-d.exposant - 1, '0');
+        s += d.chiffres;
     } else if (n <= d.exposant + 1) {
-        s += d.chiffres + std::string(d.exposant + 1 - n, '0');
+        s += d.chiffres;
+        s.append(d.exposant + 1 - n, '0');
     } else {
-        s += d.chiffres.substr(0, d.exposant + 1) + "." + d.chiffres.substr(d.exposant + 1);
+        s += d.chiffres.substr(0, d.exposant + 1);
+        s += '.';
+        s += d.chiffres.substr(d.exposant + 1);
     }
     return s;
 }
