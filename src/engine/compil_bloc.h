@@ -1,0 +1,76 @@
+// Flat code of a compiled formula, run over a block of points at once: each
+// instruction loops over the whole block, so the cost of choosing the
+// operation is paid once per block instead of once per point.
+//
+// The flat code only computes plain arithmetic. Whenever a lane meets a
+// non-finite intermediate value (overflow, division by zero, a domain
+// error), or a lane where a fast path is not sure to give the bits of the
+// library function, the lane is marked: the caller then evaluates that point
+// again with the exact evaluator of the tree, which applies the failure
+// rules. So a lane that is not marked holds exactly the value the tree gives.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace velorin::compil {
+
+struct Arbre;
+
+enum class Code : std::uint8_t {
+    Ajoute,           // a + b
+    Soustrait,        // a - b
+    Multiplie,        // a * b
+    Divise,           // a / b
+    Oppose,           // -a
+    PlusZero,         // 0 + a: a sum that starts from 0 turns -0 into +0
+    Puissance,        // pow(a, b)
+    Carre,            // pow(a, b) with b == 2 (b is the register holding 2)
+    Cube,             // pow(a, b) with b == 3
+    Sinus, Cosinus, Tangente, Exponentielle, Logarithme, ArcTangente,
+    Absolu,           // |a|
+    Plancher,         // floor(a)
+    RacineSinonZero,  // sqrt(a) when a >= 0, else 0
+    Exact,            // tree node `noeud`, evaluated lane by lane
+};
+
+struct Instruction {
+    Code code;
+    std::uint16_t dest = 0, a = 0, b = 0;
+    std::int32_t noeud = -1;
+};
+
+// Registers 0, 1, 2 are the three variables (u, v, w); the constants follow
+// (register premiereConstante + k holds constantes[k]); then the temporaries.
+struct Programme {
+    static constexpr std::uint16_t premiereConstante = 3;
+    std::vector<Instruction> code;
+    std::vector<double> constantes;
+    std::uint16_t nbRegistres = premiereConstante;
+    std::uint16_t sortie = 0;
+};
+
+// Flat code of a tree: fast instructions where the nodes are plain
+// arithmetic and the usual functions, `Exact` instructions elsewhere.
+Programme traduisArbre(const Arbre& arbre);
+
+// Largest block the runner handles at once, and the size of its work area.
+inline constexpr std::size_t blocMax = 256;
+inline constexpr std::size_t zoneBloc = 8192;
+
+// Number of points per block for this program (0 when it needs more
+// registers than the work area holds: the caller then goes point by point).
+std::size_t tailleBloc(const Programme& p);
+
+// Runs the program over n <= tailleBloc(p) points. sortie[i] gets the value
+// of point i; douteux[i] is set to true where the point must be evaluated
+// again by the exact path (and left untouched elsewhere).
+void executeBloc(const Programme& p, const Arbre& arbre, const double* u, const double* v,
+                 const double* w, double* sortie, bool* douteux, std::size_t n);
+
+// Clears the upper halves of the vector registers when the processor has
+// them: ordinary SSE code runs many times slower while they are dirty, which
+// some libraries (drawing code among them) leave behind.
+void nettoieRegistresVectoriels();
+
+}  // namespace velorin::compil

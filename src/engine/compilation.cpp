@@ -1,0 +1,86 @@
+#include "engine/compilation.h"
+
+#include <algorithm>
+
+namespace velorin {
+
+namespace {
+
+compil::Point point(Famille f, double a, double b, double c)
+{
+    compil::Point p;
+    p.valeurs[0] = a;
+    if (f == Famille::Espace) {
+        p.xPrecedent = b;
+    } else {
+        p.valeurs[1] = b;
+        p.valeurs[2] = c;
+    }
+    return p;
+}
+
+// Stands for an array the family does not read.
+constexpr double zeros[compil::blocMax] = {};
+
+}  // namespace
+
+FormuleCompilee::FormuleCompilee(Famille famille, std::string_view texte)
+    : texte_(texte), arbre_(compil::construitArbre(famille, texte)),
+      programme_(compil::traduisArbre(arbre_))
+{
+}
+
+Resultat FormuleCompilee::evalue(double a, double b, double c) const
+{
+    return compil::evalueArbre(arbre_, point(arbre_.famille, a, b, c));
+}
+
+double FormuleCompilee::valeur(double a, double b, double c, Issue* issue) const
+{
+    const Resultat r = evalue(a, b, c);
+    if (issue) *issue = r.issue;
+    return r.lue();
+}
+
+bool evalueBloc(const FormuleCompilee& f, const double* u, const double* v, const double* w,
+                double* sortie, std::size_t n)
+{
+    compil::nettoieRegistresVectoriels();
+    bool lisible = true;
+    const std::size_t taille = compil::tailleBloc(f.programme());
+    auto exact = [&](std::size_t i) {
+        const Resultat r = f.evalue(u ? u[i] : 0.0, v ? v[i] : 0.0, w ? w[i] : 0.0);
+        if (r.issue == Issue::Incorrecte) lisible = false;
+        sortie[i] = r.lue();
+    };
+    if (taille == 0) {
+        for (std::size_t i = 0; i < n; ++i) exact(i);
+        return lisible;
+    }
+    bool douteux[compil::blocMax];
+    for (std::size_t debut = 0; debut < n; debut += taille) {
+        const std::size_t m = std::min(taille, n - debut);
+        for (std::size_t i = 0; i < m; ++i) douteux[i] = false;
+        compil::executeBloc(f.programme(), f.arbre(), u ? u + debut : zeros, v ? v + debut : zeros,
+                            w ? w + debut : zeros, sortie + debut, douteux, m);
+        for (std::size_t i = 0; i < m; ++i)
+            if (douteux[i]) exact(debut + i);
+    }
+    return lisible;
+}
+
+const FormuleCompilee& CacheFormules::formule(Famille f, std::string_view texte)
+{
+    for (const FormuleCompilee& c : formules_)
+        if (c.famille() == f && c.texte() == texte) return c;
+    if (formules_.size() < capacite) {
+        formules_.emplace_back(f, texte);
+        return formules_.back();
+    }
+    FormuleCompilee& place = formules_[prochain_];
+    prochain_ = (prochain_ + 1) % capacite;
+    place = FormuleCompilee(f, texte);
+    return place;
+}
+
+}  // namespace velorin
