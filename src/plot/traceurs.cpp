@@ -81,8 +81,16 @@ std::string refus(const char* nom, const Boucle<T>& b, double points)
 // and asks the interruption hook every few hundred points.
 class Tracage {
 public:
+    // A tracing starts with the pen up and, until a tracer computes one, the
+    // tangent ends both on the image of (0, 0).
     Tracage(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
-        : etat(etat), surface(surface), crochets(crochets) {}
+        : etat(etat), surface(surface), crochets(crochets)
+    {
+        EtatTrace& t = etat.trace;
+        t.tangenteX1 = t.tangenteX2 = etat.vue.origineEcranX;
+        t.tangenteY1 = t.tangenteY2 = etat.vue.origineEcranY;
+        t.nbVisiblesSuite = 0;
+    }
 
     // After each evaluation: false when the tracing must stop.
     bool continuer()
@@ -137,14 +145,6 @@ public:
         pose(sx, sy, couleur);
     }
 
-    // Tracers that compute no tangent leave both ends on the image of (0, 0).
-    void tangenteAuRepos()
-    {
-        EtatTrace& t = etat.trace;
-        t.tangenteX1 = t.tangenteX2 = etat.vue.origineEcranX;
-        t.tangenteY1 = t.tangenteY2 = etat.vue.origineEcranY;
-    }
-
     Etat& etat;
     Surface& surface;
     const CrochetsTrace& crochets;
@@ -196,8 +196,6 @@ FinTrace traceCourbeT(Etat& etat, Surface& surface, const CrochetsTrace& crochet
     if (std::string r = refus("t", bt, bt.nombre()); !r.empty())
         return {false, r};
     Tracage tr(etat, surface, crochets);
-    tr.tangenteAuRepos();
-    tr.nouvelleCourbe();
     bt.parcourt([&](double t) {
         evalue(etat.moteur, t, etat.fenetre.modeEspace);
         if (!tr.continuer())
@@ -231,7 +229,6 @@ FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochet
         return {false, r};
 
     Tracage tr(etat, surface, crochets);
-    tr.tangenteAuRepos();
     int moirure = 0;
     auto debutCourbe = [&] {
         tr.nouvelleCourbe();
@@ -301,8 +298,6 @@ FinTrace traceExplicite(Etat& etat, Surface& surface, const CrochetsTrace& croch
         return {false, r};
 
     Tracage tr(etat, surface, crochets);
-    tr.tangenteAuRepos();
-    tr.nouvelleCourbe();
     bx.parcourt([&](double x) {
         ++tr.compteur;
         m.pointX = x;
