@@ -42,20 +42,14 @@ const std::vector<std::vector<Champ>>& lignesFichier()
 const Champ champPause = CHAMP(pauseMs);
 #undef CHAMP
 
-std::string entier(long long v)
-{
-    char tampon[24];
-    return std::string(tampon, std::to_chars(tampon, tampon + sizeof tampon, v).ptr);
-}
-
 std::string texteChamp(const Parametres& p, const Membre& m)
 {
     struct Ecrit {
         const Parametres& p;
         std::string operator()(double Parametres::*m) const { return texteNombre(p.*m, 15); }
         std::string operator()(float Parametres::*m) const { return texteNombre(p.*m, 7); }
-        std::string operator()(std::int16_t Parametres::*m) const { return entier(p.*m); }
-        std::string operator()(int Parametres::*m) const { return entier(p.*m); }
+        std::string operator()(std::int16_t Parametres::*m) const { return texteEntier(p.*m); }
+        std::string operator()(int Parametres::*m) const { return texteEntier(p.*m); }
     };
     return std::visit(Ecrit{p}, m);
 }
@@ -168,9 +162,9 @@ std::string texteMemoire(const Parametres& p)
         }
         s += "\r\n";
     }
-    s += entier(p.pauseMs);
+    s += texteEntier(p.pauseMs);
     s += ',';
-    s += entier(p.ordreBoucles);
+    s += texteEntier(p.ordreBoucles);
     s += p.avecMoirure ? ",#TRUE#\r\n" : ",#FALSE#\r\n";
     return s;
 }

@@ -58,6 +58,12 @@ void arrondis(Decimal& d, int rang)
         d.negatif = false;
 }
 
+std::string texteEntier(long long valeur)
+{
+    char tampon[24];
+    return std::string(tampon, std::to_chars(tampon, tampon + sizeof tampon, valeur).ptr);
+}
+
 std::string texteNombre(double valeur, int significatifs)
 {
     if (std::isnan(valeur))

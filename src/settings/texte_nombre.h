@@ -35,4 +35,7 @@ void arrondis(Decimal& d, int rang);
 // gives "nan", "inf" or "-inf", which no reader here accepts.
 std::string texteNombre(double valeur, int significatifs);
 
+// An integer in decimal text, never grouped by a locale.
+std::string texteEntier(long long valeur);
+
 }  // namespace velorin

@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include "settings/texte_nombre.h"
+
 namespace velorin {
 
 std::size_t nombreCaracteres(const std::string& texte)
@@ -98,12 +100,6 @@ std::string nombre(double v)
     return std::string(tampon, std::to_chars(tampon, tampon + sizeof tampon, v).ptr);
 }
 
-std::string entier(long long v)
-{
-    char tampon[24];
-    return std::string(tampon, std::to_chars(tampon, tampon + sizeof tampon, v).ptr);
-}
-
 std::string entreGuillemets(const std::string& texte)
 {
     std::string s = "\"";
@@ -138,37 +134,37 @@ std::string SurfaceEnregistreuse::journal() const
             s += "LINE";
             for (double v : {op.x1, op.y1, op.x2, op.y2})
                 champ(nombre(v));
-            champ(entier(op.couleur));
-            champ(entier(op.largeur));
-            champ(entier(op.style));
+            champ(texteEntier(op.couleur));
+            champ(texteEntier(op.largeur));
+            champ(texteEntier(op.style));
             break;
         case G::Point:
             s += "PSET";
             champ(nombre(op.x1));
             champ(nombre(op.y1));
-            champ(entier(op.couleur));
-            champ(entier(op.largeur));
+            champ(texteEntier(op.couleur));
+            champ(texteEntier(op.largeur));
             break;
         case G::Cercle:
             s += "CIRCLE";
             for (double v : {op.x1, op.y1, op.rayon})
                 champ(nombre(v));
-            champ(entier(op.couleur));
-            champ(entier(op.largeur));
-            champ(entier(op.style));
+            champ(texteEntier(op.couleur));
+            champ(texteEntier(op.largeur));
+            champ(texteEntier(op.style));
             break;
         case G::Texte:
             s += "PRINT";
             champ(nombre(op.x1));
             champ(nombre(op.y1));
-            champ(entier(op.couleur));
+            champ(texteEntier(op.couleur));
             champ(entreGuillemets(op.police));
             champ(nombre(op.taille));
             champ(entreGuillemets(op.texte));
             break;
         case G::Effacement:
             s += "CLEAR";
-            champ(entier(op.couleur));
+            champ(texteEntier(op.couleur));
             break;
         }
         s += '\n';
