@@ -48,6 +48,10 @@ envoie_liste() {
     if [ "${2:-}" = cycle ]; then xdotool key Tab space; fi
     [ -n "${4:-}" ] && import -window root "$sortie/$4"
     xdotool key Return
+    # Without a window manager the keyboard focus does not come back by
+    # itself when the list closes.
+    sleep 0.3
+    xdotool windowfocus "$fenetre" 2>/dev/null || true
     sleep "${3:-4}"
 }
 

@@ -186,6 +186,8 @@ void Mirado::afmenu()
 void Mirado::mnufa_Click(int index)
 {
     if (index == 0) {
+        if (refuseSiOccupe())
+            return;
         Coli liste(etat, boites, this);
         if (liste.exec() != QDialog::Accepted || liste.choix.empty())
             return;
@@ -308,12 +310,12 @@ QString Mirado::ligneTracee(int i) const
 
 void Mirado::mnutra_Click(int index)
 {
+    if (refuseSiOccupe())
+        return;
     Licou liste(*this, index);
     if (liste.exec() != QDialog::Accepted)
         return;
     // The frame again, then the ticked curves only.
-    if (refuseSiOccupe())
-        return;
     effaceEtRepere();
     retraceLignes(liste.cochees);
 }

@@ -116,8 +116,11 @@ void Mirado::creePanneaux()
     }
     List1 = new QListWidget(Frame1);
     g1->addWidget(List1, 10, 0, 1, 3);
-    for (QListWidget* l : {List1, List2})  // four whole rows
+    // Four whole rows; the width is the panel's, not the lists' own wish.
+    for (QListWidget* l : {List1, List2}) {
         l->setFixedHeight(List2->sizeHintForRow(0) * 4 + 2 * l->frameWidth());
+        l->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    }
 
     // Plane panel.
     Frame2 = new QGroupBox(QStringLiteral("Repère du plan"), colonne_);
