@@ -313,8 +313,8 @@ TEST(Mirado, UneDemandePendantUnTraceEstRefuseeEtEchapInterrompt)
     Banc banc;
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 2);
     Mirado& m = banc.demarre();
-    // A slow tracing: 20 ms after each point, some 126 points.
-    m.etat.param.pauseMs = 20;
+    // A slow tracing: 40 ms after each point, some 126 points.
+    m.etat.param.pauseMs = 40;
     bool accepte = true;
     QTimer::singleShot(30, &m, [&] { accepte = m.envoie(2); });
     QTimer::singleShot(60, &m, [&] {
@@ -326,7 +326,7 @@ TEST(Mirado, UneDemandePendantUnTraceEstRefuseeEtEchapInterrompt)
     m.envoie(1);
     EXPECT_FALSE(accepte);
     EXPECT_EQ(banc.messages.size(), 1);
-    EXPECT_LT(duree.elapsed(), 1000);  // without Escape: 2.5 s
+    EXPECT_LT(duree.elapsed(), 2500);  // without Escape: 5 s
     EXPECT_FALSE(m.enTrace());
     EXPECT_EQ(m.etat.courbes.nbCourbes, 1);
 }
