@@ -46,23 +46,21 @@ TEST(TexteNombre, PlainDecimalWithAtMostTheSignificantDigits)
         EXPECT_EQ(texteNombre(c.v, c.chiffres), c.attendu) << c.v;
 }
 
-TEST(Memoire, WritesTheSixLinesInFileOrder)
+TEST(Memoire, FieldsInFileOrder)
 {
+    // Every value distinct: each lands in its member and is written back in
+    // its place (line 6 is written from the values in force).
+    const std::string texte = "1,2,3,4,5.5,6\r\n7,8,9,10,11,12\r\n13,14,15,16,17,18\r\n"
+                              "19,20,21,22,23,1,0,1\r\n1,0,0,0,0,1,0,0,1\r\n-3,2,#TRUE#\r\n";
     Parametres p;
-    p.xmin = -10.5; p.zmin = 0.1f; p.zmax = 3;
-    p.tmin = 1; p.tmax = 2; p.pasT = 3; p.amin = 4; p.amax = 5; p.pasA = 6;
-    p.nbrCalX = 7; p.nbrCalY = 8; p.nbrCalZ = 9; p.Xviseur = 10; p.Yviseur = 11; p.Zviseur = 12;
-    p.pasRota = 13; p.Xdirection = 14; p.Ydirection = 15; p.Zdirection = 16; p.Rotadir = 17;
-    p.repereOrthonorme = 1; p.traceContinu = 0; p.avecSegmentTangent = 1;
-    p.projXOy = 1; p.projOz = 1; p.axesVisibles = 0; p.fondBlanc = 1;
-    p.pauseMs = -3; p.ordreBoucles = 2; p.avecMoirure = true;
-    EXPECT_EQ(texteMemoire(p),
-              "-10.5,10,-10,10,0.1,3\r\n"
-              "1,2,3,4,5,6\r\n"
-              "7,8,9,10,11,12\r\n"
-              "13,14,15,16,17,1,0,1\r\n"
-              "1,0,0,0,0,1,0,0,1\r\n"
-              "-3,2,#TRUE#\r\n");
+    p.ordreBoucles = 2;
+    p.avecMoirure = true;
+    ASSERT_EQ(analyseMemoire(texte, "m", p), std::nullopt);
+    EXPECT_EQ(p.zmin, 5.5f); EXPECT_EQ(p.pasT, 9); EXPECT_EQ(p.amin, 10); EXPECT_EQ(p.pasA, 12);
+    EXPECT_EQ(p.Zviseur, 18); EXPECT_EQ(p.pasRota, 19); EXPECT_EQ(p.Rotadir, 23);
+    EXPECT_EQ(p.avecSegmentTangent, 1); EXPECT_EQ(p.traceContinu, 0); EXPECT_EQ(p.projXOy, 1);
+    EXPECT_EQ(p.projOz, 1); EXPECT_EQ(p.fondBlanc, 1); EXPECT_EQ(p.pauseMs, -3);
+    EXPECT_EQ(texteMemoire(p), texte);
 }
 
 TEST(Memoire, RoundTripKeepsDoublesAndRoundsSinglesLikeFloats)

@@ -150,13 +150,11 @@ TEST(Projection, ZeroDirectionKeepsThePreviousSetUp)
     const Vue avant = e.v;
     e.p.Xdirection = 0;
     prepareVue(e.p, true, e.v);
-    EXPECT_EQ(e.v.centreVueX, avant.centreVueX);
-    EXPECT_EQ(e.v.repereHY, avant.repereHY);
-    EXPECT_EQ(e.v.repereVZ, avant.repereVZ);
-    // Plane mode: the set-up does nothing at all.
     e.p.Xdirection = 1;
-    prepareVue(e.p, false, e.v);
-    EXPECT_EQ(e.v.centreVueX, avant.centreVueX);
+    prepareVue(e.p, false, e.v);  // plane mode: nothing at all
+    for (auto m : {&Vue::centreVueX, &Vue::centreVueZ, &Vue::repereHY, &Vue::repereVX})
+        EXPECT_EQ(e.v.*m, avant.*m);
+    EXPECT_EQ(e.v.repereVZ, avant.repereVZ);
 }
 
 TEST(Projection, SinglePrecisionMembersStaySingle)
