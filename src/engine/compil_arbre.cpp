@@ -45,25 +45,8 @@ Resultat terme(const Arbre& a, const Noeud& n, const Point& p)
     const double coefficient = lis(a, n.enfants[0], p, echec);
     const double exposant = lis(a, n.enfants[1], p, echec);
     if (echec) return valeur(horsCalcul);
-    const double w = std::pow(p.valeurs[n.rang], exposant);
-    if (!std::isfinite(w)) return valeur(horsCalcul);
-    double r;
-    switch (n.ops[0]) {
-    case '*': r = coefficient * w; break;
-    case '/':
-        if (w == 0) return valeur(horsCalcul);
-        r = coefficient / w;
-        break;
-    case '\\': {
-        if (std::floor(w) == 0) return valeur(horsCalcul);
-        const double diviseur = n.diviseParXPrecedent ? std::pow(p.xPrecedent, exposant) : w;
-        if (!std::isfinite(diviseur) || !quotientEntier(coefficient, diviseur, r))
-            return valeur(horsCalcul);
-        break;
-    }
-    default: return {};
-    }
-    return valeur(std::isfinite(r) ? r : horsCalcul);
+    const double base = p.valeurs[n.rang];
+    return calculeTerme(n.ops[0], base, coefficient, exposant, n.diviseParXPrecedent ? p.xPrecedent : base);
 }
 
 Resultat somme(const Arbre& a, const Noeud& n, const Point& p)

@@ -43,11 +43,10 @@ inline double erreurProduit(double a, double b, double p)
 // power of two, near overflow or underflow, at 0) pow itself is called.
 inline bool sur(double r, double reste)
 {
-    const std::uint64_t b = bitsDe(r);
-    const double ulp = doubleDe(b & 0x7FF0000000000000ull) * 0x1p-52;
     const double taille = std::fabs(r);
-    return std::fabs(reste) < 0.45 * ulp && (b & 0x000FFFFFFFFFFFFFull) != 0 && taille > 0x1p-900
-           && taille < 0x1p900;
+    const double ulp = doubleDe(bitsDe(r) & 0x7FF0000000000000ull) * 0x1p-52;
+    // Without short-circuits, so that the loops stay vectorised.
+    return (std::fabs(reste) < 0.45 * ulp) & (taille != ulp * 0x1p52) & (taille > 0x1p-900) & (taille < 0x1p900);
 }
 
 inline double carreSur(double x, bool& ok)
@@ -68,28 +67,140 @@ inline double cubeSur(double x, bool& ok)
     return r;
 }
 
+#define VELORIN_EN_LIGNE inline __attribute__((always_inline))
+
+// Each loop also keeps, in `controle`, a NaN for the lanes whose result is
+// not finite (x * 0 is 0 for a finite x and NaN otherwise).
 template <class F>
-void uneOperande(double* __restrict d, const double* __restrict a, std::size_t n, F f)
+VELORIN_EN_LIGNE void uneOperande(double* __restrict d, const double* __restrict a,
+                                  double* __restrict controle, std::size_t n, F f)
 {
-    for (std::size_t i = 0; i < n; ++i) d[i] = f(a[i]);
+    for (std::size_t i = 0; i < n; ++i) {
+        const double r = f(a[i]);
+        d[i] = r;
+        controle[i] += r * 0.0;
+    }
 }
 
 template <class F>
-void deuxOperandes(double* __restrict d, const double* __restrict a, const double* __restrict b,
-                   std::size_t n, F f)
+VELORIN_EN_LIGNE void deuxOperandes(double* __restrict d, const double* __restrict a,
+                                    const double* __restrict b, double* __restrict controle,
+                                    std::size_t n, F f)
 {
-    for (std::size_t i = 0; i < n; ++i) d[i] = f(a[i], b[i]);
+    for (std::size_t i = 0; i < n; ++i) {
+        const double r = f(a[i], b[i]);
+        d[i] = r;
+        controle[i] += r * 0.0;
+    }
 }
 
+// The fast power on every lane, then pow on the lanes it is not sure of.
 template <class F>
-void puissanceRapide(double* __restrict d, const double* __restrict a, const double* __restrict b,
-                     std::size_t n, F rapide)
+VELORIN_EN_LIGNE void puissanceRapide(double* __restrict d, const double* __restrict a,
+                                      const double* __restrict b, double* __restrict controle,
+                                      std::size_t n, F rapide)
 {
-    bool ok[blocMax];
-    for (std::size_t i = 0; i < n; ++i) d[i] = rapide(a[i], ok[i]);
-    for (std::size_t i = 0; i < n; ++i)
-        if (!ok[i]) d[i] = std::pow(a[i], b[i]);
+    unsigned char ok[blocMax];
+    for (std::size_t i = 0; i < n; ++i) {
+        bool sur;
+        d[i] = rapide(a[i], sur);
+        ok[i] = sur;
+    }
+    unsigned char tousSurs = 1;
+    for (std::size_t i = 0; i < n; ++i) tousSurs &= ok[i];
+    std::uint16_t reprises[blocMax];
+    std::size_t k = 0;
+    for (std::size_t i = 0; i < n && !tousSurs; ++i) {
+        reprises[k] = static_cast<std::uint16_t>(i);
+        k += 1u - ok[i];
+    }
+    for (std::size_t j = 0; j < k; ++j) d[reprises[j]] = std::pow(a[reprises[j]], b[reprises[j]]);
+    for (std::size_t i = 0; i < n; ++i) controle[i] += d[i] * 0.0;
 }
+
+// One instruction over n lanes.
+VELORIN_EN_LIGNE void execute(const Instruction& ins, double* d, const double* a, const double* b,
+                              double* controle, std::size_t n)
+{
+    switch (ins.code) {
+    case Code::Ajoute: deuxOperandes(d, a, b, controle, n, [](double x, double y) { return x + y; }); break;
+    case Code::Soustrait: deuxOperandes(d, a, b, controle, n, [](double x, double y) { return x - y; }); break;
+    case Code::Multiplie: deuxOperandes(d, a, b, controle, n, [](double x, double y) { return x * y; }); break;
+    case Code::Divise: deuxOperandes(d, a, b, controle, n, [](double x, double y) { return x / y; }); break;
+    case Code::Puissance:
+        deuxOperandes(d, a, b, controle, n, [](double x, double y) { return std::pow(x, y); });
+        break;
+    case Code::Oppose: uneOperande(d, a, controle, n, [](double x) { return -x; }); break;
+    case Code::PlusZero: uneOperande(d, a, controle, n, [](double x) { return x + 0.0; }); break;
+    case Code::Carre: puissanceRapide(d, a, b, controle, n, carreSur); break;
+    case Code::Cube: puissanceRapide(d, a, b, controle, n, cubeSur); break;
+    case Code::Sinus: uneOperande(d, a, controle, n, [](double x) { return std::sin(x); }); break;
+    case Code::Cosinus: uneOperande(d, a, controle, n, [](double x) { return std::cos(x); }); break;
+    case Code::Tangente: uneOperande(d, a, controle, n, [](double x) { return std::tan(x); }); break;
+    case Code::Exponentielle: uneOperande(d, a, controle, n, [](double x) { return std::exp(x); }); break;
+    case Code::Logarithme: uneOperande(d, a, controle, n, [](double x) { return std::log(x); }); break;
+    case Code::ArcTangente: uneOperande(d, a, controle, n, [](double x) { return std::atan(x); }); break;
+    case Code::Absolu: uneOperande(d, a, controle, n, [](double x) { return std::fabs(x); }); break;
+    case Code::Plancher: uneOperande(d, a, controle, n, [](double x) { return std::floor(x); }); break;
+    case Code::RacineSinonZero:
+        uneOperande(d, a, controle, n, [](double x) { return x >= 0 ? std::sqrt(x) : 0.0; });
+        break;
+    case Code::Exact: break;  // needs the tree: done by the caller
+    }
+}
+
+struct Bloc {
+    const Programme& p;
+    const Arbre& arbre;
+    const double *u, *v, *w;
+    double* sortie;
+    bool* douteux;
+    std::size_t n;
+};
+
+VELORIN_EN_LIGNE bool executeBlocSur(const Bloc& b)
+{
+    alignas(64) double zone[zoneBloc];
+    alignas(64) double controle[blocMax];
+    const Programme& p = b.p;
+    const std::size_t taille = tailleBloc(p), n = b.n;
+    double* reg[zoneBloc / 8];
+    reg[0] = const_cast<double*>(b.u);
+    reg[1] = const_cast<double*>(b.v);
+    reg[2] = const_cast<double*>(b.w);
+    for (std::size_t r = Programme::premiereConstante; r < p.nbRegistres; ++r)
+        reg[r] = zone + (r - Programme::premiereConstante) * taille;
+    for (std::size_t k = 0; k < p.constantes.size(); ++k)
+        for (std::size_t i = 0; i < n; ++i) reg[Programme::premiereConstante + k][i] = p.constantes[k];
+    for (std::size_t i = 0; i < n; ++i) controle[i] = 0.0;
+    for (const Instruction& ins : p.code) {
+        double* d = reg[ins.dest];
+        if (ins.code == Code::Exact) {
+            for (std::size_t i = 0; i < n; ++i) {
+                d[i] = evalueNoeudOuNaN(b.arbre, ins.noeud, b.u[i], b.v[i], b.w[i]);
+                controle[i] += d[i] * 0.0;
+            }
+        } else {
+            execute(ins, d, reg[ins.a], reg[ins.b], controle, n);
+        }
+    }
+    const double* resultat = reg[p.sortie];
+    // controle[i] is +0 or NaN: an OR of the bit patterns finds the NaN.
+    std::uint64_t marques = 0;
+    for (std::size_t i = 0; i < n; ++i) {
+        b.sortie[i] = resultat[i];
+        marques |= bitsDe(controle[i]);
+    }
+    if (marques == 0) return false;
+    for (std::size_t i = 0; i < n; ++i) b.douteux[i] = controle[i] != 0.0;
+    return true;
+}
+
+bool executeBlocSse(const Bloc& b) { return executeBlocSur(b); }
+
+// The same loops in AVX2 (four lanes per instruction; no fused
+// multiply-add, so every operation rounds as in the SSE code).
+__attribute__((target("avx2"))) bool executeBlocAvx2(const Bloc& b) { return executeBlocSur(b); }
 
 }  // namespace
 
@@ -101,62 +212,30 @@ std::size_t tailleBloc(const Programme& p)
     return taille >= 8 ? taille : 0;
 }
 
-void executeBloc(const Programme& p, const Arbre& arbre, const double* u, const double* v,
+bool executeBloc(const Programme& p, const Arbre& arbre, const double* u, const double* v,
                  const double* w, double* sortie, bool* douteux, std::size_t n)
 {
-    alignas(64) double zone[zoneBloc];
-    alignas(64) double controle[blocMax];
-    const std::size_t taille = tailleBloc(p);
-    double* reg[zoneBloc / 8];
-    reg[0] = const_cast<double*>(u);
-    reg[1] = const_cast<double*>(v);
-    reg[2] = const_cast<double*>(w);
-    for (std::size_t r = Programme::premiereConstante; r < p.nbRegistres; ++r)
-        reg[r] = zone + (r - Programme::premiereConstante) * taille;
-    for (std::size_t k = 0; k < p.constantes.size(); ++k)
-        for (std::size_t i = 0; i < n; ++i) reg[Programme::premiereConstante + k][i] = p.constantes[k];
-    for (std::size_t i = 0; i < n; ++i) controle[i] = 0.0;
+    static const bool avx2 = __builtin_cpu_supports("avx2");
+    const Bloc b{p, arbre, u, v, w, sortie, douteux, n};
+    return avx2 ? executeBlocAvx2(b) : executeBlocSse(b);
+}
 
+double executePoint(const Programme& p, const Arbre& arbre, double u, double v, double w, bool& douteux)
+{
+    double reg[registresPoint];
+    reg[0] = u;
+    reg[1] = v;
+    reg[2] = w;
+    for (std::size_t k = 0; k < p.constantes.size(); ++k) reg[Programme::premiereConstante + k] = p.constantes[k];
+    double controle = 0;
     for (const Instruction& ins : p.code) {
-        double* d = reg[ins.dest];
-        const double* a = reg[ins.a];
-        const double* b = reg[ins.b];
-        switch (ins.code) {
-        case Code::Ajoute: deuxOperandes(d, a, b, n, [](double x, double y) { return x + y; }); break;
-        case Code::Soustrait: deuxOperandes(d, a, b, n, [](double x, double y) { return x - y; }); break;
-        case Code::Multiplie: deuxOperandes(d, a, b, n, [](double x, double y) { return x * y; }); break;
-        case Code::Divise: deuxOperandes(d, a, b, n, [](double x, double y) { return x / y; }); break;
-        case Code::Puissance:
-            deuxOperandes(d, a, b, n, [](double x, double y) { return std::pow(x, y); });
-            break;
-        case Code::Oppose: uneOperande(d, a, n, [](double x) { return -x; }); break;
-        case Code::PlusZero: uneOperande(d, a, n, [](double x) { return x + 0.0; }); break;
-        case Code::Carre: puissanceRapide(d, a, b, n, carreSur); break;
-        case Code::Cube: puissanceRapide(d, a, b, n, cubeSur); break;
-        case Code::Sinus: uneOperande(d, a, n, [](double x) { return std::sin(x); }); break;
-        case Code::Cosinus: uneOperande(d, a, n, [](double x) { return std::cos(x); }); break;
-        case Code::Tangente: uneOperande(d, a, n, [](double x) { return std::tan(x); }); break;
-        case Code::Exponentielle: uneOperande(d, a, n, [](double x) { return std::exp(x); }); break;
-        case Code::Logarithme: uneOperande(d, a, n, [](double x) { return std::log(x); }); break;
-        case Code::ArcTangente: uneOperande(d, a, n, [](double x) { return std::atan(x); }); break;
-        case Code::Absolu: uneOperande(d, a, n, [](double x) { return std::fabs(x); }); break;
-        case Code::Plancher: uneOperande(d, a, n, [](double x) { return std::floor(x); }); break;
-        case Code::RacineSinonZero:
-            uneOperande(d, a, n, [](double x) { return x >= 0 ? std::sqrt(x) : 0.0; });
-            break;
-        case Code::Exact:
-            for (std::size_t i = 0; i < n; ++i)
-                d[i] = evalueNoeudOuNaN(arbre, ins.noeud, u[i], v[i], w[i]);
-            break;
-        }
-        // x * 0 is 0 for a finite x and NaN otherwise: the NaN stays in the lane.
-        for (std::size_t i = 0; i < n; ++i) controle[i] += d[i] * 0.0;
+        double& d = reg[ins.dest];
+        if (ins.code == Code::Exact) d = evalueNoeudOuNaN(arbre, ins.noeud, u, v, w);
+        else execute(ins, &d, &reg[ins.a], &reg[ins.b], &controle, 1);
     }
-    const double* resultat = reg[p.sortie];
-    for (std::size_t i = 0; i < n; ++i) {
-        sortie[i] = resultat[i];
-        if (controle[i] != 0.0) douteux[i] = true;
-    }
+    controle += reg[p.sortie] * 0.0;
+    douteux = controle != 0.0;
+    return reg[p.sortie];
 }
 
 __attribute__((target("avx"))) static void videMoitiesHautes()

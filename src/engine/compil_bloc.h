@@ -48,6 +48,9 @@ struct Programme {
     std::vector<double> constantes;
     std::uint16_t nbRegistres = premiereConstante;
     std::uint16_t sortie = 0;
+    // True when the formula, unless a lane is marked, always has a value
+    // (not "no value"): the runner's number is then the whole result.
+    bool racineDonneUneValeur = false;
 };
 
 // Flat code of a tree: fast instructions where the nodes are plain
@@ -63,10 +66,18 @@ inline constexpr std::size_t zoneBloc = 8192;
 std::size_t tailleBloc(const Programme& p);
 
 // Runs the program over n <= tailleBloc(p) points. sortie[i] gets the value
-// of point i; douteux[i] is set to true where the point must be evaluated
-// again by the exact path (and left untouched elsewhere).
-void executeBloc(const Programme& p, const Arbre& arbre, const double* u, const double* v,
+// of point i; douteux[i] tells whether the point must be evaluated again by
+// the exact path. Returns true when at least one must.
+bool executeBloc(const Programme& p, const Arbre& arbre, const double* u, const double* v,
                  const double* w, double* sortie, bool* douteux, std::size_t n);
+
+// Registers the one-point runner holds: a program with more goes through
+// the tree.
+inline constexpr std::size_t registresPoint = 256;
+
+// Runs the program for one point (nbRegistres <= registresPoint). `douteux`
+// is set when the point must be evaluated again by the exact path.
+double executePoint(const Programme& p, const Arbre& arbre, double u, double v, double w, bool& douteux);
 
 // Clears the upper halves of the vector registers when the processor has
 // them: ordinary SSE code runs many times slower while they are dirty, which

@@ -102,26 +102,9 @@ private:
     {
         const Famille f = arbre_.famille;
         const std::size_t L = terme.size();
-        std::size_t posPuissance = 0, posVariable = 0;
-        bool presente[3] = {false, false, false};
-        char op = '*';
-        for (std::size_t p = 1; p <= L; ++p) {
-            const char c = terme[p - 1];
-            if (c == '^') posPuissance = p;
-            const int r = rangVariable(f, c);
-            if (r < 0) continue;
-            presente[r] = true;
-            posVariable = p;
-            op = p > 1 ? terme[p - 2] : '*';
-        }
-        int rang = -1, genres = 0;
-        for (int r = 0; r < 3; ++r)
-            if (presente[r]) {
-                rang = r;
-                ++genres;
-            }
+        const FormeTerme forme = formeTerme(f, terme);
         bool echec = false;
-        if (genres != 1) {
+        if (forme.genres != 1) {
             const std::int32_t k = nombre(terme, echec);
             if (echec) return valeur(horsCalcul);
             if (arbre_.noeuds[k].sorte == Sorte::Valeur) return k;
@@ -132,14 +115,14 @@ private:
         }
         Noeud n;
         n.sorte = Sorte::Terme;
-        n.rang = static_cast<std::int8_t>(rang);
-        n.ops[0] = op;
-        n.enfants[0] = posVariable > 1 ? nombre(terme.substr(0, posVariable - 1), echec) : valeur(1);
-        n.enfants[1] = (posPuissance > posVariable && posPuissance < L)
-                           ? nombre(terme.substr(posPuissance), echec)
+        n.rang = static_cast<std::int8_t>(forme.rang);
+        n.ops[0] = forme.op;
+        n.enfants[0] = forme.posVariable > 1 ? nombre(terme.substr(0, forme.posVariable - 1), echec) : valeur(1);
+        n.enfants[1] = (forme.posPuissance > forme.posVariable && forme.posPuissance < L)
+                           ? nombre(terme.substr(forme.posPuissance), echec)
                            : valeur(1);
         if (echec) return valeur(horsCalcul);
-        if (op == '\\' && f == Famille::Espace) {
+        if (forme.op == '\\' && f == Famille::Espace) {
             n.diviseParXPrecedent = true;
             arbre_.lisXPrecedent = true;
         }

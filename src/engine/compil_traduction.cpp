@@ -46,6 +46,29 @@ bool operationSimple(char op)
     return op == '+' || op == '-' || op == '*' || op == '/' || op == '^';
 }
 
+bool operationValide(char op) { return operationSimple(op) || op == '\\'; }
+
+// True when the node's reading, if it does not stop the formula, always
+// ends with a value (never with no value).
+bool donneUneValeur(const Arbre& a, std::int32_t k)
+{
+    const Noeud& n = a.noeuds[static_cast<std::size_t>(k)];
+    switch (n.sorte) {
+    case Sorte::Valeur:
+    case Sorte::TermeConstant:
+    case Sorte::Somme: return true;
+    case Sorte::Terme: return operationValide(n.ops[0]) && n.ops[0] != '+' && n.ops[0] != '-' && n.ops[0] != '^';
+    case Sorte::Applique:
+        if (n.prefixe == Prefixe::SansValeur) return false;
+        return n.prefixe != Prefixe::Fonction || n.tete != Tete::Operation || operationValide(n.ops[1]);
+    case Sorte::Operons: return operationValide(n.ops[0]);
+    case Sorte::Combine3: return operationValide(n.ops[0]) && operationValide(n.ops[1]);
+    case Sorte::Combine4:
+        return operationValide(n.ops[0]) && operationValide(n.ops[1]) && operationValide(n.ops[2]);
+    default: return false;
+    }
+}
+
 class Traducteur {
 public:
     explicit Traducteur(const Arbre& a) : arbre_(a) {}
@@ -53,7 +76,9 @@ public:
     Programme termine()
     {
         const std::uint16_t sortie = traduis(arbre_.racine);
-        return alloue(sortie);
+        Programme p = alloue(sortie);
+        p.racineDonneUneValeur = donneUneValeur(arbre_, arbre_.racine);
+        return p;
     }
 
 private:

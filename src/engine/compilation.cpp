@@ -32,6 +32,13 @@ FormuleCompilee::FormuleCompilee(Famille famille, std::string_view texte)
 
 Resultat FormuleCompilee::evalue(double a, double b, double c) const
 {
+    // The flat code first; the tree when the point meets a failure or the
+    // formula may end with no value.
+    if (programme_.racineDonneUneValeur && programme_.nbRegistres <= compil::registresPoint) {
+        bool douteux = false;
+        const double r = compil::executePoint(programme_, arbre_, a, b, c, douteux);
+        if (!douteux) return {Issue::Valeur, r};
+    }
     return compil::evalueArbre(arbre_, point(arbre_.famille, a, b, c));
 }
 
@@ -60,9 +67,9 @@ bool evalueBloc(const FormuleCompilee& f, const double* u, const double* v, cons
     bool douteux[compil::blocMax];
     for (std::size_t debut = 0; debut < n; debut += taille) {
         const std::size_t m = std::min(taille, n - debut);
-        for (std::size_t i = 0; i < m; ++i) douteux[i] = false;
-        compil::executeBloc(f.programme(), f.arbre(), u ? u + debut : zeros, v ? v + debut : zeros,
-                            w ? w + debut : zeros, sortie + debut, douteux, m);
+        if (!compil::executeBloc(f.programme(), f.arbre(), u ? u + debut : zeros, v ? v + debut : zeros,
+                                 w ? w + debut : zeros, sortie + debut, douteux, m))
+            continue;
         for (std::size_t i = 0; i < m; ++i)
             if (douteux[i]) exact(debut + i);
     }
