@@ -3,6 +3,8 @@
 #pragma once
 #include <string>
 
+#include "engine/compilation.h"
+
 namespace velorin {
 
 struct GlobalesMoteur {
@@ -12,6 +14,9 @@ struct GlobalesMoteur {
     // Set when an evaluation met unbalanced brackets: the message to show
     // ("Formule incorrecte" or "Formule incorrecte,désolé"); empty otherwise.
     std::string erreurFormule;
+    // Compiled forms of the formulas evaluated so far (read once, not at
+    // every point).
+    CacheFormules formules;
 };
 
 }  // namespace velorin

@@ -24,14 +24,14 @@ double retiens(GlobalesMoteur& g, Famille f, double valeur, Issue issue)
 double espace(GlobalesMoteur& g, const std::string& formule, double t)
 {
     Issue issue;
-    const double v = evalespace(formule, t, g.pointX, &issue);
+    const double v = g.formules.valeur(Famille::Espace, formule, t, g.pointX, 0, &issue);
     return retiens(g, Famille::Espace, v, issue);
 }
 
 double plan(GlobalesMoteur& g, const std::string& formule, double u, double v)
 {
     Issue issue;
-    const double r = evalplan(formule, u, v, &issue);
+    const double r = g.formules.valeur(Famille::Plan, formule, u, v, 0, &issue);
     return retiens(g, Famille::Plan, r, issue);
 }
 
