@@ -189,6 +189,11 @@ ResultatRendu rendu(const DemandeRendu& d)
         r.erreur = "taille d'image hors des limites (1 à 20000 pixels de côté)";
         return r;
     }
+    const fs::path dossierSortie = fs::path(d.sortie).parent_path();
+    if (!dossierSortie.empty() && !fs::is_directory(dossierSortie)) {
+        r.erreur = "dossier de sortie introuvable : " + dossierSortie.string();
+        return r;
+    }
     Etat etat;
     r.erreur = prepareEtat(d, etat, r.avertissement);
     if (!r.erreur.empty()) return r;
@@ -196,6 +201,9 @@ ResultatRendu rendu(const DemandeRendu& d)
     r.erreur = format == FormatSortie::Texte ? renduJournal(etat, d, provisoire.chemin(), r.dureesMs)
                                              : renduQt(etat, d, format, provisoire.chemin(), r.dureesMs);
     if (r.erreur.empty()) r.erreur = provisoire.installe();
+    // The user knows the output file, not its temporary name.
+    for (auto p = r.erreur.find(provisoire.chemin()); p != std::string::npos; p = r.erreur.find(provisoire.chemin()))
+        r.erreur.replace(p, provisoire.chemin().size(), d.sortie);
     return r;
 }
 

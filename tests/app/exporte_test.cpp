@@ -114,6 +114,7 @@ TEST_F(Exporte, ErreursSansFichier)
         {{"--catalogue", "essai.lsu", "--entree", "1", "--parametres", "absent.log", "--sortie", "x.png"}, "absent.log"},
         {{"--catalogue", "essai.lsu", "--entree", "1", "--entree", "3", "--sortie", "x.png"}, "est incorrecte"},
         {{"--catalogue", "essai.lsu", "--entree", "4", "--sortie", "x.txt"}, "Point incorrect"},
+        {{"--catalogue", "essai.lsu", "--entree", "1", "--sortie", "absent/x.png"}, "dossier de sortie introuvable"},
     };
     for (const Cas& c : cas) {
         const Sortie s = lance(QStringList{"--dossier", chemin("")} + c.arguments);
