@@ -13,13 +13,6 @@ namespace velorin {
 
 namespace {
 
-// The values of the variables of one reading. `xPrecedent` (space family
-// only) is the x of the previous point.
-struct Variables {
-    double valeurs[3] = {0, 0, 0};
-    double xPrecedent = 0;
-};
-
 Resultat valeur(double v) { return {Issue::Valeur, v}; }
 
 Resultat evalterme(Famille f, std::string_view terme, const Variables& var)
@@ -121,6 +114,8 @@ Resultat evalcrochets(Famille f, std::string_view brut, const Variables& var)
     }
 }
 
+}  // namespace
+
 Variables variables(double a, double b, double c, Famille f)
 {
     Variables v;
@@ -133,6 +128,8 @@ Variables variables(double a, double b, double c, Famille f)
     }
     return v;
 }
+
+namespace {
 
 double rendu(Famille f, std::string_view texte, double a, double b, double c, Issue* issue)
 {

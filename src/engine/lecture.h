@@ -142,6 +142,16 @@ FormeTerme formeTerme(Famille f, std::string_view terme);
 // horsCalcul; another operator gives no value.
 Resultat calculeTerme(char op, double base, double coefficient, double exposant, double diviseurEntier);
 
+// The values of the variables of one reading. `xPrecedent` (space family
+// only) is the x of the previous point.
+struct Variables {
+    double valeurs[3] = {0, 0, 0};
+    double xPrecedent = 0;
+};
+// The variables of a family from the three values of evalue: plane (u, v),
+// space (t, then xPrecedent), cloud (x, y, z).
+Variables variables(double a, double b, double c, Famille f);
+
 // ---- Whole formulas -------------------------------------------------------
 // The full result of a formula of a family (Valeur, SansValeur or
 // Incorrecte; an uncaught failure already turned into horsCalcul).
