@@ -14,7 +14,7 @@ namespace {
 Resultat valeur(double v) { return {Issue::Valeur, v}; }
 
 // A Nombre node: mantissa, then one factor of ten per "E", left to right.
-double nombre(const Arbre& a, const Noeud& n, const Point& p, bool& echec)
+double nombre(const Arbre& a, const Noeud& n, const Variables& p, bool& echec)
 {
     auto partie = [&](std::int32_t k) {
         const Partie& q = a.parties[static_cast<std::size_t>(n.debut + k)];
@@ -33,13 +33,13 @@ double nombre(const Arbre& a, const Noeud& n, const Point& p, bool& echec)
 }
 
 // A number child of a term: a constant or a Nombre node.
-double lis(const Arbre& a, std::int32_t k, const Point& p, bool& echec)
+double lis(const Arbre& a, std::int32_t k, const Variables& p, bool& echec)
 {
     const Noeud& n = a.noeuds[static_cast<std::size_t>(k)];
     return n.sorte == Sorte::Valeur ? n.x : nombre(a, n, p, echec);
 }
 
-Resultat terme(const Arbre& a, const Noeud& n, const Point& p)
+Resultat terme(const Arbre& a, const Noeud& n, const Variables& p)
 {
     bool echec = false;
     const double coefficient = lis(a, n.enfants[0], p, echec);
@@ -49,7 +49,7 @@ Resultat terme(const Arbre& a, const Noeud& n, const Point& p)
     return calculeTerme(n.ops[0], base, coefficient, exposant, n.diviseParXPrecedent ? p.xPrecedent : base);
 }
 
-Resultat somme(const Arbre& a, const Noeud& n, const Point& p)
+Resultat somme(const Arbre& a, const Noeud& n, const Variables& p)
 {
     double s = 0;
     for (std::int32_t k = 0; k < n.nombre; ++k) {
@@ -83,7 +83,7 @@ Resultat applique(const Noeud& n, double w)
 
 }  // namespace
 
-Resultat evalueNoeud(const Arbre& a, std::int32_t k, const Point& p)
+Resultat evalueNoeud(const Arbre& a, std::int32_t k, const Variables& p)
 {
     const Noeud& n = a.noeuds[static_cast<std::size_t>(k)];
     switch (n.sorte) {
@@ -120,7 +120,7 @@ Resultat evalueNoeud(const Arbre& a, std::int32_t k, const Point& p)
     return combine4(n.ops[0], n.ops[1], n.ops[2], v[0], v[1], v[2], v[3]);
 }
 
-Resultat evalueArbre(const Arbre& a, const Point& p)
+Resultat evalueArbre(const Arbre& a, const Variables& p)
 {
     const Resultat r = evalueNoeud(a, a.racine, p);
     if (r.issue == Issue::Echec) return valeur(horsCalcul);
@@ -129,14 +129,7 @@ Resultat evalueArbre(const Arbre& a, const Point& p)
 
 double evalueNoeudOuNaN(const Arbre& a, std::int32_t noeud, double u, double v, double w)
 {
-    Point p;
-    p.valeurs[0] = u;
-    if (a.famille == Famille::Espace) {
-        p.xPrecedent = v;
-    } else {
-        p.valeurs[1] = v;
-        p.valeurs[2] = w;
-    }
+    const Variables p = variables(u, v, w, a.famille);
     const Resultat r = evalueNoeud(a, noeud, p);
     return r.interrompt() ? std::numeric_limits<double>::quiet_NaN() : r.lue();
 }

@@ -82,21 +82,14 @@ struct Arbre {
     bool lisXPrecedent = false;
 };
 
-// The values of one point: the variables (plane u, v; space t; cloud x, y,
-// z) and, for the space family, the x of the previous point.
-struct Point {
-    double valeurs[3] = {0, 0, 0};
-    double xPrecedent = 0;
-};
-
 // Builds the tree of a formula text of a family.
 Arbre construitArbre(Famille famille, std::string_view texte);
 
 // Result of a node for one point, exactly as the evaluator reads the text
 // of that node. The whole formula: evalueArbre (an uncaught failure is
 // already horsCalcul there).
-Resultat evalueNoeud(const Arbre& arbre, std::int32_t noeud, const Point& point);
-Resultat evalueArbre(const Arbre& arbre, const Point& point);
+Resultat evalueNoeud(const Arbre& arbre, std::int32_t noeud, const Variables& variables);
+Resultat evalueArbre(const Arbre& arbre, const Variables& variables);
 
 // The value an enclosing node reads from `noeud` (no value reads as 0), or
 // NaN when the node's reading stops the whole formula (uncaught failure,

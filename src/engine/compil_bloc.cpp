@@ -69,41 +69,87 @@ inline double cubeSur(double x, bool& ok)
 
 #define VELORIN_EN_LIGNE inline __attribute__((always_inline))
 
-// Each loop also keeps, in `controle`, a NaN for the lanes whose result is
-// not finite (x * 0 is 0 for a finite x and NaN otherwise).
-template <class F>
-VELORIN_EN_LIGNE void uneOperande(double* __restrict d, const double* __restrict a,
-                                  double* __restrict controle, std::size_t n, F f)
+// The operation of a code on the values of one lane (b is not read by the
+// codes with one operand). Carre, Cube and Exact have their own paths.
+template <Code C>
+VELORIN_EN_LIGNE double calcule(double x, double y)
 {
-    for (std::size_t i = 0; i < n; ++i) {
-        const double r = f(a[i]);
-        d[i] = r;
-        controle[i] += r * 0.0;
+    if constexpr (C == Code::Ajoute) return x + y;
+    else if constexpr (C == Code::Soustrait) return x - y;
+    else if constexpr (C == Code::Multiplie) return x * y;
+    else if constexpr (C == Code::Divise) return x / y;
+    else if constexpr (C == Code::Puissance) return std::pow(x, y);
+    else if constexpr (C == Code::Oppose) return -x;
+    else if constexpr (C == Code::PlusZero) return x + 0.0;
+    else if constexpr (C == Code::Sinus) return std::sin(x);
+    else if constexpr (C == Code::Cosinus) return std::cos(x);
+    else if constexpr (C == Code::Tangente) return std::tan(x);
+    else if constexpr (C == Code::Exponentielle) return std::exp(x);
+    else if constexpr (C == Code::Logarithme) return std::log(x);
+    else if constexpr (C == Code::ArcTangente) return std::atan(x);
+    else if constexpr (C == Code::Absolu) return std::fabs(x);
+    else if constexpr (C == Code::Plancher) return std::floor(x);
+    else if constexpr (C == Code::RacineSinonZero) return x >= 0 ? std::sqrt(x) : 0.0;
+    else return y * 0.0;
+}
+
+template <Code C>
+VELORIN_EN_LIGNE double puissanceSure(double x, bool& ok)
+{
+    if constexpr (C == Code::Carre) return carreSur(x, ok);
+    else return cubeSur(x, ok);
+}
+
+// Calls f.template operator()<C>() for the code of the instruction.
+template <class F>
+VELORIN_EN_LIGNE void selonCode(Code c, F&& f)
+{
+    switch (c) {
+    case Code::Ajoute: f.template operator()<Code::Ajoute>(); break;
+    case Code::Soustrait: f.template operator()<Code::Soustrait>(); break;
+    case Code::Multiplie: f.template operator()<Code::Multiplie>(); break;
+    case Code::Divise: f.template operator()<Code::Divise>(); break;
+    case Code::Oppose: f.template operator()<Code::Oppose>(); break;
+    case Code::PlusZero: f.template operator()<Code::PlusZero>(); break;
+    case Code::Puissance: f.template operator()<Code::Puissance>(); break;
+    case Code::Carre: f.template operator()<Code::Carre>(); break;
+    case Code::Cube: f.template operator()<Code::Cube>(); break;
+    case Code::Sinus: f.template operator()<Code::Sinus>(); break;
+    case Code::Cosinus: f.template operator()<Code::Cosinus>(); break;
+    case Code::Tangente: f.template operator()<Code::Tangente>(); break;
+    case Code::Exponentielle: f.template operator()<Code::Exponentielle>(); break;
+    case Code::Logarithme: f.template operator()<Code::Logarithme>(); break;
+    case Code::ArcTangente: f.template operator()<Code::ArcTangente>(); break;
+    case Code::Absolu: f.template operator()<Code::Absolu>(); break;
+    case Code::Plancher: f.template operator()<Code::Plancher>(); break;
+    case Code::RacineSinonZero: f.template operator()<Code::RacineSinonZero>(); break;
+    case Code::Exact: f.template operator()<Code::Exact>(); break;
     }
 }
 
-template <class F>
-VELORIN_EN_LIGNE void deuxOperandes(double* __restrict d, const double* __restrict a,
-                                    const double* __restrict b, double* __restrict controle,
-                                    std::size_t n, F f)
+// One instruction over n lanes. Each loop also keeps, in `controle`, a NaN
+// for the lanes whose result is not finite (x * 0 is 0 for a finite x and
+// NaN otherwise).
+template <Code C>
+VELORIN_EN_LIGNE void boucle(double* __restrict d, const double* __restrict a, const double* __restrict b,
+                             double* __restrict controle, std::size_t n)
 {
     for (std::size_t i = 0; i < n; ++i) {
-        const double r = f(a[i], b[i]);
+        const double r = calcule<C>(a[i], b[i]);
         d[i] = r;
         controle[i] += r * 0.0;
     }
 }
 
 // The fast power on every lane, then pow on the lanes it is not sure of.
-template <class F>
-VELORIN_EN_LIGNE void puissanceRapide(double* __restrict d, const double* __restrict a,
-                                      const double* __restrict b, double* __restrict controle,
-                                      std::size_t n, F rapide)
+template <Code C>
+VELORIN_EN_LIGNE void bouclePuissance(double* __restrict d, const double* __restrict a,
+                                      const double* __restrict b, double* __restrict controle, std::size_t n)
 {
     unsigned char ok[blocMax];
     for (std::size_t i = 0; i < n; ++i) {
         bool sur;
-        d[i] = rapide(a[i], sur);
+        d[i] = puissanceSure<C>(a[i], sur);
         ok[i] = sur;
     }
     unsigned char tousSurs = 1;
@@ -116,37 +162,6 @@ VELORIN_EN_LIGNE void puissanceRapide(double* __restrict d, const double* __rest
     }
     for (std::size_t j = 0; j < k; ++j) d[reprises[j]] = std::pow(a[reprises[j]], b[reprises[j]]);
     for (std::size_t i = 0; i < n; ++i) controle[i] += d[i] * 0.0;
-}
-
-// One instruction over n lanes.
-VELORIN_EN_LIGNE void execute(const Instruction& ins, double* d, const double* a, const double* b,
-                              double* controle, std::size_t n)
-{
-    switch (ins.code) {
-    case Code::Ajoute: deuxOperandes(d, a, b, controle, n, [](double x, double y) { return x + y; }); break;
-    case Code::Soustrait: deuxOperandes(d, a, b, controle, n, [](double x, double y) { return x - y; }); break;
-    case Code::Multiplie: deuxOperandes(d, a, b, controle, n, [](double x, double y) { return x * y; }); break;
-    case Code::Divise: deuxOperandes(d, a, b, controle, n, [](double x, double y) { return x / y; }); break;
-    case Code::Puissance:
-        deuxOperandes(d, a, b, controle, n, [](double x, double y) { return std::pow(x, y); });
-        break;
-    case Code::Oppose: uneOperande(d, a, controle, n, [](double x) { return -x; }); break;
-    case Code::PlusZero: uneOperande(d, a, controle, n, [](double x) { return x + 0.0; }); break;
-    case Code::Carre: puissanceRapide(d, a, b, controle, n, carreSur); break;
-    case Code::Cube: puissanceRapide(d, a, b, controle, n, cubeSur); break;
-    case Code::Sinus: uneOperande(d, a, controle, n, [](double x) { return std::sin(x); }); break;
-    case Code::Cosinus: uneOperande(d, a, controle, n, [](double x) { return std::cos(x); }); break;
-    case Code::Tangente: uneOperande(d, a, controle, n, [](double x) { return std::tan(x); }); break;
-    case Code::Exponentielle: uneOperande(d, a, controle, n, [](double x) { return std::exp(x); }); break;
-    case Code::Logarithme: uneOperande(d, a, controle, n, [](double x) { return std::log(x); }); break;
-    case Code::ArcTangente: uneOperande(d, a, controle, n, [](double x) { return std::atan(x); }); break;
-    case Code::Absolu: uneOperande(d, a, controle, n, [](double x) { return std::fabs(x); }); break;
-    case Code::Plancher: uneOperande(d, a, controle, n, [](double x) { return std::floor(x); }); break;
-    case Code::RacineSinonZero:
-        uneOperande(d, a, controle, n, [](double x) { return x >= 0 ? std::sqrt(x) : 0.0; });
-        break;
-    case Code::Exact: break;  // needs the tree: done by the caller
-    }
 }
 
 struct Bloc {
@@ -175,14 +190,20 @@ VELORIN_EN_LIGNE bool executeBlocSur(const Bloc& b)
     for (std::size_t i = 0; i < n; ++i) controle[i] = 0.0;
     for (const Instruction& ins : p.code) {
         double* d = reg[ins.dest];
-        if (ins.code == Code::Exact) {
-            for (std::size_t i = 0; i < n; ++i) {
-                d[i] = evalueNoeudOuNaN(b.arbre, ins.noeud, b.u[i], b.v[i], b.w[i]);
-                controle[i] += d[i] * 0.0;
+        const double* a = reg[ins.a];
+        const double* c = reg[ins.b];
+        selonCode(ins.code, [&]<Code C>() {
+            if constexpr (C == Code::Exact) {
+                for (std::size_t i = 0; i < n; ++i) {
+                    d[i] = evalueNoeudOuNaN(b.arbre, ins.noeud, b.u[i], b.v[i], b.w[i]);
+                    controle[i] += d[i] * 0.0;
+                }
+            } else if constexpr (C == Code::Carre || C == Code::Cube) {
+                bouclePuissance<C>(d, a, c, controle, n);
+            } else {
+                boucle<C>(d, a, c, controle, n);
             }
-        } else {
-            execute(ins, d, reg[ins.a], reg[ins.b], controle, n);
-        }
+        });
     }
     const double* resultat = reg[p.sortie];
     // controle[i] is +0 or NaN: an OR of the bit patterns finds the NaN.
@@ -227,14 +248,25 @@ double executePoint(const Programme& p, const Arbre& arbre, double u, double v, 
     reg[1] = v;
     reg[2] = w;
     for (std::size_t k = 0; k < p.constantes.size(); ++k) reg[Programme::premiereConstante + k] = p.constantes[k];
-    double controle = 0;
+    bool fini = true;
     for (const Instruction& ins : p.code) {
-        double& d = reg[ins.dest];
-        if (ins.code == Code::Exact) d = evalueNoeudOuNaN(arbre, ins.noeud, u, v, w);
-        else execute(ins, &d, &reg[ins.a], &reg[ins.b], &controle, 1);
+        const double x = reg[ins.a], y = reg[ins.b];
+        double r;
+        selonCode(ins.code, [&]<Code C>() {
+            if constexpr (C == Code::Exact) {
+                r = evalueNoeudOuNaN(arbre, ins.noeud, u, v, w);
+            } else if constexpr (C == Code::Carre || C == Code::Cube) {
+                bool sur;
+                r = puissanceSure<C>(x, sur);
+                if (!sur) r = std::pow(x, y);
+            } else {
+                r = calcule<C>(x, y);
+            }
+        });
+        reg[ins.dest] = r;
+        fini &= std::isfinite(r);
     }
-    controle += reg[p.sortie] * 0.0;
-    douteux = controle != 0.0;
+    douteux = !fini || !std::isfinite(reg[p.sortie]);
     return reg[p.sortie];
 }
 

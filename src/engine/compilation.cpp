@@ -6,19 +6,6 @@ namespace velorin {
 
 namespace {
 
-compil::Point point(Famille f, double a, double b, double c)
-{
-    compil::Point p;
-    p.valeurs[0] = a;
-    if (f == Famille::Espace) {
-        p.xPrecedent = b;
-    } else {
-        p.valeurs[1] = b;
-        p.valeurs[2] = c;
-    }
-    return p;
-}
-
 // Stands for an array the family does not read.
 constexpr double zeros[compil::blocMax] = {};
 
@@ -39,7 +26,7 @@ Resultat FormuleCompilee::evalue(double a, double b, double c) const
         const double r = compil::executePoint(programme_, arbre_, a, b, c, douteux);
         if (!douteux) return {Issue::Valeur, r};
     }
-    return compil::evalueArbre(arbre_, point(arbre_.famille, a, b, c));
+    return compil::evalueArbre(arbre_, variables(a, b, c, arbre_.famille));
 }
 
 double FormuleCompilee::valeur(double a, double b, double c, Issue* issue) const
