@@ -234,11 +234,11 @@ std::size_t tailleBloc(const Programme& p)
 }
 
 bool executeBloc(const Programme& p, const Arbre& arbre, const double* u, const double* v,
-                 const double* w, double* sortie, bool* douteux, std::size_t n)
+                 const double* w, double* sortie, bool* douteux, std::size_t n, Jeu jeu)
 {
     static const bool avx2 = __builtin_cpu_supports("avx2");
     const Bloc b{p, arbre, u, v, w, sortie, douteux, n};
-    return avx2 ? executeBlocAvx2(b) : executeBlocSse(b);
+    return avx2 && jeu == Jeu::Auto ? executeBlocAvx2(b) : executeBlocSse(b);
 }
 
 double executePoint(const Programme& p, const Arbre& arbre, double u, double v, double w, bool& douteux)

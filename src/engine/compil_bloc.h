@@ -65,11 +65,15 @@ inline constexpr std::size_t zoneBloc = 8192;
 // registers than the work area holds: the caller then goes point by point).
 std::size_t tailleBloc(const Programme& p);
 
+// Which machine code runs the loops: AVX2 when the processor has it
+// (Auto), or the plain SSE2 code every x86-64 processor runs.
+enum class Jeu : std::uint8_t { Auto, Sse2 };
+
 // Runs the program over n <= tailleBloc(p) points. sortie[i] gets the value
 // of point i; douteux[i] tells whether the point must be evaluated again by
 // the exact path. Returns true when at least one must.
 bool executeBloc(const Programme& p, const Arbre& arbre, const double* u, const double* v,
-                 const double* w, double* sortie, bool* douteux, std::size_t n);
+                 const double* w, double* sortie, bool* douteux, std::size_t n, Jeu jeu = Jeu::Auto);
 
 // Registers the one-point runner holds: a program with more goes through
 // the tree.

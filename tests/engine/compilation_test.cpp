@@ -92,7 +92,8 @@ public:
 
     static constexpr double speciales[] = {0,    -0.0,  1,     -1,    0.5,    1.5,     2.5,   -2.5,   2,
                                            3,    0.4,   1e-300, 1e300, -1e308, 1e155,   1e-170, 1e-9,
-                                           700,  -745,  2147483647.5, 2147483648.0, 3.141592, 1.570796};
+                                           700,  -745,  2147483647.5, 2147483648.0, 3.141592, 1.570796,
+                                           4.9e-324, -2.5e-310};
 
     double valeur()
     {
@@ -199,6 +200,54 @@ TEST(Compilation, PuissancesRapidesCommePow)
         evalueBloc(c, x.data(), nullptr, nullptr, sortie.data(), x.size());
         for (std::size_t i = 0; i < x.size(); ++i)
             ASSERT_EQ(bits(evalespace(texte, x[i], 0)), bits(sortie[i])) << texte << " en " << x[i];
+    }
+}
+
+// The SSE2 loops (used where the processor lacks AVX2) give the same lanes.
+TEST(Compilation, BouclesSse2CommeAuto)
+{
+    Generateur g(4242);
+    double u[64], v[64], w[64], auto_[64], sse[64];
+    bool douteuxAuto[64], douteuxSse[64];
+    for (int essai = 0; essai < 1500; ++essai) {
+        const FormuleCompilee c(familles[essai % 3], g.texte());
+        if (compil::tailleBloc(c.programme()) < 64) continue;
+        for (int i = 0; i < 64; ++i) u[i] = g.valeur(), v[i] = g.valeur(), w[i] = g.valeur();
+        const bool a = compil::executeBloc(c.programme(), c.arbre(), u, v, w, auto_, douteuxAuto, 64);
+        const bool b = compil::executeBloc(c.programme(), c.arbre(), u, v, w, sse, douteuxSse, 64, compil::Jeu::Sse2);
+        ASSERT_EQ(a, b) << c.texte();
+        for (int i = 0; i < 64; ++i) {
+            if (a) ASSERT_EQ(douteuxAuto[i], douteuxSse[i]) << c.texte();
+            if (!a || !douteuxAuto[i]) ASSERT_EQ(bits(auto_[i]), bits(sse[i])) << c.texte();
+        }
+    }
+}
+
+// The entry points read their formulas through the cache: a curve whose
+// formulas change between points, and the space "\" that divides by the
+// previous point's x, must give what the text reading gives.
+TEST(Compilation, PointsParLesFormulesCompilees)
+{
+    GlobalesMoteur g;
+    double xAttendu = 0, yAttendu = 0;
+    for (int k = 0; k < 40; ++k) {
+        const double t = -2 + 0.1 * k;
+        g.formuleF1 = k % 2 ? "(3\\X)+(T)" : "SIN(T)*(2)";
+        g.formuleF2 = "5\\T^2";
+        const double px = xAttendu;
+        yAttendu = evalespace(g.formuleF2, t, px);
+        xAttendu = evalespace(g.formuleF1, t, px);
+        pointparametre(g, t, 1, false);
+        ASSERT_EQ(bits(xAttendu), bits(g.pointX)) << k;
+        ASSERT_EQ(bits(yAttendu), bits(g.pointY)) << k;
+        g.formuleF1 = "(X)*(Y)";
+        g.formuleF2 = "COS(X)+(Y)";
+        g.formuleF3 = k % 3 ? "X-Y" : "(X";
+        g.erreurFormule.clear();
+        pointsurface(g, t, 0.5 * t);
+        EXPECT_EQ(bits(evalplan(g.formuleF2, t, 0.5 * t)), bits(g.pointY));
+        EXPECT_EQ(k % 3 ? "" : "Formule incorrecte", g.erreurFormule);
+        g.pointX = xAttendu;
     }
 }
 
