@@ -258,3 +258,25 @@ TEST(ObjetsTrace, SegmentEtPoint)
 }
 
 }  // namespace
+
+// Texts made of the characters a user may type: every kind reads them
+// without crashing, and either draws or explains in a message.
+TEST(ObjetsTrace, TextesAuHasard)
+{
+    const std::string alphabet = "0123456789.,()+-*/=PEXYZxyz] ";
+    unsigned graine = 12345;
+    auto hasard = [&](unsigned n) { graine = graine * 1103515245u + 12345u; return (graine >> 16) % n; };
+    auto texte = [&] {
+        std::string t = hasard(2) ? "(" : "";
+        for (unsigned i = 0, n = hasard(14); i < n; ++i) t += alphabet[hasard(alphabet.size())];
+        return t;
+    };
+    for (int essai = 0; essai < 1500; ++essai) {
+        Scene s(essai % 2 == 0);
+        const int genre = 5 + essai % 5;
+        const std::string message = s.trace(genre, texte(), texte(), texte());
+        if (!message.empty()) {
+            EXPECT_TRUE(s.surface.operations().empty()) << message;
+        }
+    }
+}
