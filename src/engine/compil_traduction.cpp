@@ -7,6 +7,8 @@
 // that gives no value, rare functions, number texts reading a variable...)
 // become one `Exact` instruction that evaluates the node lane by lane.
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <cstring>
 #include <map>
 
@@ -109,6 +111,24 @@ private:
 
     std::uint16_t emet(Code c, std::uint16_t a, std::uint16_t b = 0, std::int32_t noeud = -1)
     {
+        // Plain arithmetic on constants is done now (the same IEEE operation
+        // gives the same bits), unless it fails: the lanes must then be marked.
+        if (a >= marqueConstante && (b >= marqueConstante || b < Programme::premiereConstante)) {
+            const double x = constantes_[a - marqueConstante];
+            const double y = b >= marqueConstante ? constantes_[b - marqueConstante] : 0.0;
+            double r = std::numeric_limits<double>::quiet_NaN();
+            switch (c) {
+            case Code::Ajoute: r = x + y; break;
+            case Code::Soustrait: r = x - y; break;
+            case Code::Multiplie: r = x * y; break;
+            case Code::Divise: r = x / y; break;
+            case Code::Oppose: r = -x; break;
+            case Code::PlusZero: r = x + 0.0; break;
+            default: break;
+            }
+            if (std::isfinite(r) && (b >= marqueConstante || c == Code::Oppose || c == Code::PlusZero))
+                return constante(r);
+        }
         Instruction i;
         i.code = c;
         i.a = a;
