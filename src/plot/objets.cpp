@@ -158,10 +158,6 @@ public:
     {
         crochets_.pause = nullptr;
         etat_.param.traceContinu = 1;
-        double ox = 0, oy = 0;
-        projette(e.param, e.vue, e.fenetre.modeEspace, 0, 0, 0, ox, oy);
-        etat_.trace.tangenteX1 = etat_.trace.tangenteX2 = ox;
-        etat_.trace.tangenteY1 = etat_.trace.tangenteY2 = oy;
     }
     ~Dessin() { etat_.param.traceContinu = continuAvant_; }
     Dessin(const Dessin&) = delete;
@@ -197,6 +193,12 @@ public:
 
     void croix(const Vecteur3& p)
     {
+        // The point step draws a tangent on a marked point; a point has none:
+        // both ends are put on the point itself.
+        double sx = 0, sy = 0;
+        if (!projette(etat_.param, etat_.vue, etat_.fenetre.modeEspace, p[0], p[1], p[2], sx, sy)) return;
+        etat_.trace.tangenteX1 = etat_.trace.tangenteX2 = sx;
+        etat_.trace.tangenteY1 = etat_.trace.tangenteY2 = sy;
         etat_.trace.nbVisiblesSuite = 0;
         if (!point(p, 1) || etat_.trace.pointVisible != 1) return;
         const double x = etat_.trace.ecranX, y = etat_.trace.ecranY;
