@@ -77,7 +77,16 @@ public:
 
     Programme termine()
     {
-        const std::uint16_t sortie = traduis(arbre_.racine);
+        std::uint16_t sortie = traduis(arbre_.racine);
+        // A text so long that the virtual registers would run out of
+        // numbers: the whole formula as one exact instruction.
+        if (prochainVirtuel_ >= limiteVirtuels || constantes_.size() >= limiteVirtuels) {
+            code_.clear();
+            constantes_.clear();
+            indexConstantes_.clear();
+            prochainVirtuel_ = 0;
+            sortie = exact(arbre_.racine);
+        }
         Programme p = alloue(sortie);
         p.racineDonneUneValeur = donneUneValeur(arbre_, arbre_.racine);
         return p;
@@ -88,17 +97,18 @@ private:
     std::vector<Instruction> code_;       // on virtual registers
     std::vector<double> constantes_;
     std::map<std::uint64_t, std::uint16_t> indexConstantes_;
-    std::uint16_t prochainVirtuel_ = 0;   // numbered after the constants, see alloue
+    std::size_t prochainVirtuel_ = 0;
 
     // Virtual registers: 0..2 the variables, then 0x8000 + k for constant k,
     // then 0x4000 + n for temporary n.
     static constexpr std::uint16_t marqueConstante = 0x8000, marqueTemporaire = 0x4000;
+    static constexpr std::size_t limiteVirtuels = 0x3000;
 
     std::uint16_t constante(double x)
     {
         const auto it = indexConstantes_.find(motif(x));
         if (it != indexConstantes_.end()) return it->second;
-        const auto r = static_cast<std::uint16_t>(marqueConstante + constantes_.size());
+        const auto r = static_cast<std::uint16_t>(marqueConstante + std::min(constantes_.size(), limiteVirtuels));
         constantes_.push_back(x);
         indexConstantes_[motif(x)] = r;
         return r;
@@ -134,7 +144,7 @@ private:
         i.a = a;
         i.b = b;
         i.noeud = noeud;
-        i.dest = static_cast<std::uint16_t>(marqueTemporaire + prochainVirtuel_++);
+        i.dest = static_cast<std::uint16_t>(marqueTemporaire + std::min<std::size_t>(prochainVirtuel_++, limiteVirtuels));
         code_.push_back(i);
         return i.dest;
     }

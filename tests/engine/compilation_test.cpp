@@ -151,6 +151,19 @@ TEST(Compilation, CasParticuliers)
         }
 }
 
+// Texts long enough to need more registers than the flat code numbers.
+TEST(Compilation, TextesTresLongs)
+{
+    for (const char* terme : {"+X^2", "-1.5*X^3", "+2"}) {
+        std::string texte = "X";
+        for (int k = 0; k < 25000; ++k) texte += terme;
+        const FormuleCompilee c(Famille::Espace, texte);
+        double x[5] = {0.5, -3, 1e100, 0, 7}, sortie[5];
+        evalueBloc(c, x, nullptr, nullptr, sortie, 5);
+        for (int i = 0; i < 5; ++i) ASSERT_EQ(bits(evalespace(texte, x[i], 0)), bits(sortie[i])) << terme;
+    }
+}
+
 // Whole blocks, including lanes that fail, must match the point-by-point values.
 TEST(Compilation, BlocsCommePointParPoint)
 {
