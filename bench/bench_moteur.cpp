@@ -240,8 +240,9 @@ int main(int argc, char** argv)
     benchmark::Shutdown();
 
     const char* colonnes[] = {"bloc", "point", "natif", "muparser", "texte"};
-    std::printf("\nns par point    %22s%10s%10s%10s%10s%10s\n", "bloc", "point", "natif", "muparser", "texte",
-                "bloc/natif");
+    std::printf("\n%-37s", "ns par point (temps processeur)");
+    for (const char* col : colonnes) std::printf("%10s", col);
+    std::printf("%12s\n", "bloc/natif");
     for (const Cas& c : cas) {
         std::printf("%-37s", c.nom.c_str());
         for (const char* col : colonnes) {
@@ -250,7 +251,7 @@ int main(int argc, char** argv)
             else std::printf("%10.2f", it->second);
         }
         const auto b = releve.nsParPoint.find(c.nom + "/bloc"), n = releve.nsParPoint.find(c.nom + "/natif");
-        if (b != releve.nsParPoint.end() && n != releve.nsParPoint.end()) std::printf("%10.2f", b->second / n->second);
+        if (b != releve.nsParPoint.end() && n != releve.nsParPoint.end()) std::printf("%12.2f", b->second / n->second);
         std::printf("\n");
     }
     return 0;
