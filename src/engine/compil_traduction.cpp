@@ -8,8 +8,8 @@
 // become one `Exact` instruction that evaluates the node lane by lane.
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <cstring>
+#include <limits>
 #include <map>
 
 #include "engine/compil_arbre.h"
@@ -59,7 +59,7 @@ bool donneUneValeur(const Arbre& a, std::int32_t k)
     case Sorte::Valeur:
     case Sorte::TermeConstant:
     case Sorte::Somme: return true;
-    case Sorte::Terme: return operationValide(n.ops[0]) && n.ops[0] != '+' && n.ops[0] != '-' && n.ops[0] != '^';
+    case Sorte::Terme: return n.ops[0] == '*' || n.ops[0] == '/' || n.ops[0] == '\\';
     case Sorte::Applique:
         if (n.prefixe == Prefixe::SansValeur) return false;
         return n.prefixe != Prefixe::Fonction || n.tete != Tete::Operation || operationValide(n.ops[1]);
