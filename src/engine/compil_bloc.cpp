@@ -166,9 +166,9 @@ VELORIN_EN_LIGNE void bouclePuissance(double* __restrict d, const double* __rest
 
 struct Bloc {
     const Programme& p;
-    const Arbre& arbre;
+    const Arbre* const* arbres;
     const double *u, *v, *w;
-    double* sortie;
+    double* const* sorties;
     bool* douteux;
     std::size_t n;
 };
@@ -195,7 +195,7 @@ VELORIN_EN_LIGNE bool executeBlocSur(const Bloc& b)
         selonCode(ins.code, [&]<Code C>() {
             if constexpr (C == Code::Exact) {
                 for (std::size_t i = 0; i < n; ++i) {
-                    d[i] = evalueNoeudOuNaN(b.arbre, ins.noeud, b.u[i], b.v[i], b.w[i]);
+                    d[i] = evalueNoeudOuNaN(*b.arbres[ins.arbre], ins.noeud, b.u[i], b.v[i], b.w[i]);
                     controle[i] += d[i] * 0.0;
                 }
             } else if constexpr (C == Code::Carre || C == Code::Cube) {
@@ -205,13 +205,14 @@ VELORIN_EN_LIGNE bool executeBlocSur(const Bloc& b)
             }
         });
     }
-    const double* resultat = reg[p.sortie];
+    for (std::size_t k = 0; k < p.sorties.size(); ++k) {
+        const double* resultat = reg[p.sorties[k]];
+        double* sortie = b.sorties[k];
+        for (std::size_t i = 0; i < n; ++i) sortie[i] = resultat[i];
+    }
     // controle[i] is +0 or NaN: an OR of the bit patterns finds the NaN.
     std::uint64_t marques = 0;
-    for (std::size_t i = 0; i < n; ++i) {
-        b.sortie[i] = resultat[i];
-        marques |= bitsDe(controle[i]);
-    }
+    for (std::size_t i = 0; i < n; ++i) marques |= bitsDe(controle[i]);
     if (marques == 0) return false;
     for (std::size_t i = 0; i < n; ++i) b.douteux[i] = controle[i] != 0.0;
     return true;
@@ -233,11 +234,11 @@ std::size_t tailleBloc(const Programme& p)
     return taille >= 8 ? taille : 0;
 }
 
-bool executeBloc(const Programme& p, const Arbre& arbre, const double* u, const double* v,
-                 const double* w, double* sortie, bool* douteux, std::size_t n, Jeu jeu)
+bool executeBloc(const Programme& p, const Arbre* const* arbres, const double* u, const double* v,
+                 const double* w, double* const* sorties, bool* douteux, std::size_t n, Jeu jeu)
 {
     static const bool avx2 = __builtin_cpu_supports("avx2");
-    const Bloc b{p, arbre, u, v, w, sortie, douteux, n};
+    const Bloc b{p, arbres, u, v, w, sorties, douteux, n};
     return avx2 && jeu == Jeu::Auto ? executeBlocAvx2(b) : executeBlocSse(b);
 }
 
@@ -266,8 +267,9 @@ double executePoint(const Programme& p, const Arbre& arbre, double u, double v, 
         reg[ins.dest] = r;
         fini &= std::isfinite(r);
     }
-    douteux = !fini || !std::isfinite(reg[p.sortie]);
-    return reg[p.sortie];
+    const double resultat = reg[p.sorties[0]];
+    douteux = !fini || !std::isfinite(resultat);
+    return resultat;
 }
 
 __attribute__((target("avx"))) static void videMoitiesHautes()

@@ -36,6 +36,7 @@ enum class Code : std::uint8_t {
 
 struct Instruction {
     Code code;
+    std::uint8_t arbre = 0;  // which formula's tree `noeud` belongs to
     std::uint16_t dest = 0, a = 0, b = 0;
     std::int32_t noeud = -1;
 };
@@ -47,7 +48,9 @@ struct Programme {
     std::vector<Instruction> code;
     std::vector<double> constantes;
     std::uint16_t nbRegistres = premiereConstante;
-    std::uint16_t sortie = 0;
+    // The register of each formula's value (one formula, or several
+    // compiled together so that they share their common operations).
+    std::vector<std::uint16_t> sorties;
     // True when the formula, unless a lane is marked, always has a value
     // (not "no value"): the runner's number is then the whole result.
     bool racineDonneUneValeur = false;
@@ -56,6 +59,9 @@ struct Programme {
 // Flat code of a tree: fast instructions where the nodes are plain
 // arithmetic and the usual functions, `Exact` instructions elsewhere.
 Programme traduisArbre(const Arbre& arbre);
+// One flat code for several trees of the same family (at most 255), each
+// operation common to them computed once; sorties[k] is tree k's value.
+Programme traduisArbres(const Arbre* const* arbres, std::size_t nombre);
 
 // Largest block the runner handles at once, and the size of its work area.
 inline constexpr std::size_t blocMax = 256;
@@ -69,18 +75,20 @@ std::size_t tailleBloc(const Programme& p);
 // (Auto), or the plain SSE2 code every x86-64 processor runs.
 enum class Jeu : std::uint8_t { Auto, Sse2 };
 
-// Runs the program over n <= tailleBloc(p) points. sortie[i] gets the value
-// of point i; douteux[i] tells whether the point must be evaluated again by
-// the exact path. Returns true when at least one must.
-bool executeBloc(const Programme& p, const Arbre& arbre, const double* u, const double* v,
-                 const double* w, double* sortie, bool* douteux, std::size_t n, Jeu jeu = Jeu::Auto);
+// Runs the program over n <= tailleBloc(p) points. sorties[k][i] gets the
+// value of formula k (tree arbres[k]) at point i; douteux[i] tells whether
+// the point must be evaluated again by the exact path. Returns true when at
+// least one must.
+bool executeBloc(const Programme& p, const Arbre* const* arbres, const double* u, const double* v,
+                 const double* w, double* const* sorties, bool* douteux, std::size_t n, Jeu jeu = Jeu::Auto);
 
 // Registers the one-point runner holds: a program with more goes through
 // the tree.
 inline constexpr std::size_t registresPoint = 256;
 
-// Runs the program for one point (nbRegistres <= registresPoint). `douteux`
-// is set when the point must be evaluated again by the exact path.
+// Runs the program of one tree for one point (nbRegistres <=
+// registresPoint). `douteux` is set when the point must be evaluated again
+// by the exact path.
 double executePoint(const Programme& p, const Arbre& arbre, double u, double v, double w, bool& douteux);
 
 // Clears the upper halves of the vector registers when the processor has

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <limits>
 #include <map>
+#include <tuple>
 
 #include "engine/compil_arbre.h"
 #include "engine/compil_bloc.h"
@@ -73,31 +74,47 @@ bool donneUneValeur(const Arbre& a, std::int32_t k)
 
 class Traducteur {
 public:
-    explicit Traducteur(const Arbre& a) : arbre_(a) {}
-
-    Programme termine()
+    Programme termine(const Arbre* const* arbres, std::size_t nombre)
     {
-        std::uint16_t sortie = traduis(arbre_.racine);
-        // A text so long that the virtual registers would run out of
-        // numbers: the whole formula as one exact instruction.
+        std::vector<std::uint16_t> sorties;
+        for (std::size_t k = 0; k < nombre; ++k) {
+            choisit(arbres, k);
+            sorties.push_back(traduis(arbre_->racine));
+        }
+        // Texts so long that the virtual registers would run out of
+        // numbers: each formula as one exact instruction.
         if (prochainVirtuel_ >= limiteVirtuels || constantes_.size() >= limiteVirtuels) {
             code_.clear();
             constantes_.clear();
             indexConstantes_.clear();
+            dejaCalcule_.clear();
             prochainVirtuel_ = 0;
-            sortie = exact(arbre_.racine);
+            for (std::size_t k = 0; k < nombre; ++k) {
+                choisit(arbres, k);
+                sorties[k] = exact(arbre_->racine);
+            }
         }
-        Programme p = alloue(sortie);
-        p.racineDonneUneValeur = donneUneValeur(arbre_, arbre_.racine);
+        Programme p = alloue(sorties);
+        p.racineDonneUneValeur = nombre == 1 && donneUneValeur(*arbres[0], arbres[0]->racine);
         return p;
     }
 
 private:
-    const Arbre& arbre_;
+    const Arbre* arbre_ = nullptr;        // the tree being translated
+    std::uint8_t rangArbre_ = 0;
     std::vector<Instruction> code_;       // on virtual registers
     std::vector<double> constantes_;
     std::map<std::uint64_t, std::uint16_t> indexConstantes_;
+    // Operations already emitted (code, operands) -> their register: an
+    // operation common to several places is computed once.
+    std::map<std::tuple<Code, std::uint16_t, std::uint16_t>, std::uint16_t> dejaCalcule_;
     std::size_t prochainVirtuel_ = 0;
+
+    void choisit(const Arbre* const* arbres, std::size_t k)
+    {
+        arbre_ = arbres[k];
+        rangArbre_ = static_cast<std::uint8_t>(k);
+    }
 
     // Virtual registers: 0..2 the variables, then 0x8000 + k for constant k,
     // then 0x4000 + n for temporary n.
@@ -139,13 +156,20 @@ private:
             if (std::isfinite(r) && (b >= marqueConstante || c == Code::Oppose || c == Code::PlusZero))
                 return constante(r);
         }
+        const auto cle = std::make_tuple(c, a, b);
+        if (c != Code::Exact) {
+            const auto it = dejaCalcule_.find(cle);
+            if (it != dejaCalcule_.end()) return it->second;
+        }
         Instruction i;
         i.code = c;
+        i.arbre = rangArbre_;
         i.a = a;
         i.b = b;
         i.noeud = noeud;
         i.dest = static_cast<std::uint16_t>(marqueTemporaire + std::min<std::size_t>(prochainVirtuel_++, limiteVirtuels));
         code_.push_back(i);
+        if (c != Code::Exact) dejaCalcule_[cle] = i.dest;
         return i.dest;
     }
 
@@ -173,7 +197,7 @@ private:
         }
     }
 
-    const Noeud& noeud(std::int32_t k) const { return arbre_.noeuds[static_cast<std::size_t>(k)]; }
+    const Noeud& noeud(std::int32_t k) const { return arbre_->noeuds[static_cast<std::size_t>(k)]; }
 
     std::uint16_t traduis(std::int32_t k)
     {
@@ -210,7 +234,7 @@ private:
     {
         std::uint16_t s = 0;
         for (std::int32_t i = 0; i < n.nombre; ++i) {
-            const TermeSigne& t = arbre_.listeTermes[static_cast<std::size_t>(n.debut + i)];
+            const TermeSigne& t = arbre_->listeTermes[static_cast<std::size_t>(n.debut + i)];
             const std::uint16_t r = traduis(t.noeud);
             if (i == 0)
                 s = t.signe > 0 ? emet(Code::PlusZero, r) : emet(Code::Soustrait, constante(0), r);
@@ -276,7 +300,7 @@ private:
     // then the temporaries, a temporary's register being free again after
     // its last reading (never the one an instruction writes: the runner's
     // loops read and write different arrays).
-    Programme alloue(std::uint16_t sortie)
+    Programme alloue(const std::vector<std::uint16_t>& sorties)
     {
         Programme p;
         p.constantes = constantes_;
@@ -286,7 +310,7 @@ private:
             derniereLecture[code_[i].a] = i;
             derniereLecture[code_[i].b] = i;
         }
-        derniereLecture[sortie] = code_.size();
+        for (std::uint16_t sortie : sorties) derniereLecture[sortie] = code_.size();
         std::map<std::uint16_t, std::uint16_t> reel;
         std::vector<std::uint16_t> libres;
         std::uint16_t suivant = premiereTemp;
@@ -316,7 +340,7 @@ private:
             // A result nobody reads frees its register at once.
             if (derniereLecture.find(code_[i].dest) == derniereLecture.end()) libres.push_back(d);
         }
-        p.sortie = vers(sortie);
+        for (std::uint16_t sortie : sorties) p.sorties.push_back(vers(sortie));
         p.nbRegistres = suivant;
         return p;
     }
@@ -326,7 +350,13 @@ private:
 
 Programme traduisArbre(const Arbre& arbre)
 {
-    return Traducteur(arbre).termine();
+    const Arbre* arbres[] = {&arbre};
+    return Traducteur().termine(arbres, 1);
+}
+
+Programme traduisArbres(const Arbre* const* arbres, std::size_t nombre)
+{
+    return Traducteur().termine(arbres, nombre);
 }
 
 }  // namespace velorin::compil

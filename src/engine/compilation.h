@@ -51,6 +51,27 @@ private:
 bool evalueBloc(const FormuleCompilee& f, const double* u, const double* v, const double* w,
                 double* sortie, std::size_t n);
 
+// Several formulas of one family compiled together, as the coordinates of
+// a curve or a surface: by blocks, the operations they have in common
+// (cos(a) in both x and y of a torus) are computed once.
+class FormulesCompilees {
+public:
+    static constexpr std::size_t nombreMax = 8;  // texts beyond are dropped
+    FormulesCompilees(Famille famille, const std::vector<std::string_view>& textes);
+
+    const std::vector<FormuleCompilee>& formules() const { return formules_; }
+    const compil::Programme& programme() const { return programme_; }
+
+private:
+    std::vector<FormuleCompilee> formules_;
+    compil::Programme programme_;
+};
+
+// sorties[k][i] gets formula k at point i, as evalueBloc of each formula
+// alone would give it.
+bool evalueBloc(const FormulesCompilees& f, const double* u, const double* v, const double* w,
+                double* const* sorties, std::size_t n);
+
 // The formulas compiled so far, by family and text: the entry points find
 // the compiled form of the current formulas here (a few are kept, the
 // oldest is replaced first).

@@ -191,6 +191,30 @@ TEST(Compilation, BlocsCommePointParPoint)
     }
 }
 
+// Formulas compiled together share their common operations: each must
+// still give its own values, also where another one of the group fails.
+TEST(Compilation, GroupesCommeFormulesSeules)
+{
+    Generateur g(2024);
+    std::vector<double> u(300), v(300), w(300), x(300), y(300), z(300);
+    double* sorties[] = {x.data(), y.data(), z.data()};
+    for (int essai = 0; essai < 1500; ++essai) {
+        const Famille f = familles[essai % 3];
+        // A torus now and then: its x and y share 3+COS(A).
+        const std::string a = essai % 20 ? g.texte() : "(3+COS(A))*COS(T)";
+        const std::string b = essai % 20 ? g.texte() : "(3+COS(A))*SIN(T)";
+        const std::string c = essai % 2 ? a + "+(1)" : g.texte();
+        const FormulesCompilees groupe(f, {a, b, c});
+        const std::size_t n = 1 + std::size_t(g.tire(300));
+        for (std::size_t i = 0; i < n; ++i) u[i] = g.valeur(), v[i] = g.valeur(), w[i] = g.valeur();
+        evalueBloc(groupe, u.data(), v.data(), w.data(), sorties, n);
+        for (std::size_t k = 0; k < 3; ++k)
+            for (std::size_t i = 0; i < n; ++i)
+                ASSERT_EQ(bits(groupe.formules()[k].valeur(u[i], v[i], w[i])), bits(sorties[k][i]))
+                    << groupe.formules()[k].texte() << " point " << i;
+    }
+}
+
 // Powers 2 and 3 take a fast path away from rounding midpoints: values with
 // full mantissas, exact squares, powers of two, and the ends of the range.
 TEST(Compilation, PuissancesRapidesCommePow)
@@ -226,8 +250,11 @@ TEST(Compilation, BouclesSse2CommeAuto)
         const FormuleCompilee c(familles[essai % 3], g.texte());
         if (compil::tailleBloc(c.programme()) < 64) continue;
         for (int i = 0; i < 64; ++i) u[i] = g.valeur(), v[i] = g.valeur(), w[i] = g.valeur();
-        const bool a = compil::executeBloc(c.programme(), c.arbre(), u, v, w, auto_, douteuxAuto, 64);
-        const bool b = compil::executeBloc(c.programme(), c.arbre(), u, v, w, sse, douteuxSse, 64, compil::Jeu::Sse2);
+        const compil::Arbre* arbres[] = {&c.arbre()};
+        double* sortiesAuto[] = {auto_};
+        double* sortiesSse[] = {sse};
+        const bool a = compil::executeBloc(c.programme(), arbres, u, v, w, sortiesAuto, douteuxAuto, 64);
+        const bool b = compil::executeBloc(c.programme(), arbres, u, v, w, sortiesSse, douteuxSse, 64, compil::Jeu::Sse2);
         ASSERT_EQ(a, b) << c.texte();
         for (int i = 0; i < 64; ++i) {
             if (a) ASSERT_EQ(douteuxAuto[i], douteuxSse[i]) << c.texte();
