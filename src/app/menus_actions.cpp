@@ -234,9 +234,8 @@ void Mirado::mnupara_Click(int index)
         montreProgres();
         retraceLignes(toutesLesCourbes());
         break;
-    case 5:  // Efface Ecran: the drawing is forgotten too, so that the next
-             // redraw does not bring it back
-        vidage();
+    case 5:  // Efface Ecran: only the window is cleared; the drawn curves stay
+             // listed and the redraw "O&K" brings them back
         effaceEcran(etat, *surface_);
         montreProgres();
         break;

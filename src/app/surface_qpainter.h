@@ -78,9 +78,4 @@ QColor couleurQt(Couleur c);
 // dpi, times `ratio` device pixels each (high-dpi).
 QImage imagePourSurface(int largeurPx, int hauteurPx, qreal ratio = 1);
 
-// Saves an image as PNG with light compression (zlib level 1): several
-// times quicker than Qt's default for a file a little larger. Returns an
-// empty string on success, otherwise the French message.
-QString enregistrePngRapide(const QImage& image, const QString& chemin);
-
 }  // namespace velorin

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "cli/commandes.h"
+#include "engine/compilation.h"
 #include "engine/lecture.h"
 #include "engine/nombres.h"
 #include "engine/normalisation.h"
@@ -109,12 +110,14 @@ int commandeCalcule(int argc, char** argv)
     if (valeurs.empty()) valeurs.resize(n, 0.0);
     valeurs.resize((valeurs.size() + n - 1) / n * n, 0.0);
 
+    // The formula is read once and its compiled form gives every value.
+    const FormuleCompilee compilee(d.famille, formule);
     std::string sortie;
     for (std::size_t k = 0; k < valeurs.size(); k += n) {
         const double a = valeurs[k];
         const double b = d.famille == Famille::Espace ? d.pointX : valeurs[k + 1];
         const double c = d.famille == Famille::Nuage ? valeurs[k + 2] : 0.0;
-        const Resultat r = evalue(d.famille, formule, a, b, c);
+        const Resultat r = compilee.evalue(a, b, c);
         if (r.issue == Issue::Incorrecte) {
             std::fprintf(stderr, "%s\n", messageIncorrecte(d.famille));
             return 2;

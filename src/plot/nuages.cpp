@@ -68,9 +68,9 @@ void traceNuage(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
                     return;
                 const double z = axes[2].valeur(k);
                 Issue issues[3];
-                const double g = evalnuage(m.formuleF1, x, y, z, &issues[0]);
-                const double f = evalnuage(m.formuleF2, x, y, z, &issues[1]);
-                const double h = evalnuage(m.formuleF3, x, y, z, &issues[2]);
+                const double g = m.formules.valeur(Famille::Nuage, m.formuleF1, x, y, z, &issues[0]);
+                const double f = m.formules.valeur(Famille::Nuage, m.formuleF2, x, y, z, &issues[1]);
+                const double h = m.formules.valeur(Famille::Nuage, m.formuleF3, x, y, z, &issues[2]);
                 for (Issue issue : issues) {
                     if (issue == Issue::Incorrecte) {
                         m.erreurFormule = messageIncorrecte(Famille::Nuage);

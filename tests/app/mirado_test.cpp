@@ -164,12 +164,15 @@ TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListe)
     EXPECT_TRUE(m.windowTitle().contains(QRegularExpression(QStringLiteral("__\\d\\d\\.\\d\\d$"))))
         << m.windowTitle().toStdString();
 
-    // A redraw keeps the curve; a clearing forgets it.
-    m.Command3_Click();
-    EXPECT_EQ(m.etat.courbes.nbCourbes, 1);
+    // Clearing the window keeps the list of drawn curves: the redraw brings
+    // the same picture back.
+    const QImage trace = m.ecran().copy();
     m.mnupara[5]->trigger();
-    EXPECT_EQ(m.etat.courbes.nbCourbes, 0);
-    EXPECT_EQ(m.mnutra.size(), 1u);
+    EXPECT_EQ(m.etat.courbes.nbCourbes, 1);
+    EXPECT_NE(m.ecran(), trace);
+    m.Command3_Click();
+    EXPECT_EQ(m.ecran(), trace);
+    EXPECT_EQ(m.etat.courbes.nbCourbes, 1);
 }
 
 TEST(Mirado, BasculeEspacePlan)

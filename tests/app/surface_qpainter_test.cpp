@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include "app/surface_qpainter.h"
+#include "cli/png_rapide.h"
 
 namespace velorin {
 namespace {
@@ -147,11 +148,11 @@ TEST(SurfaceQPainter, ImageSvgAndPdfFilesAreWritten)
         dessine(s);
     }
     const QString png = dossier.filePath("repere.png");
-    EXPECT_TRUE(enregistrePngRapide(image, png).isEmpty());
+    EXPECT_TRUE(ecrisPngRapide(image, png.toStdString()).empty());
     const QImage relue(png);
     ASSERT_EQ(relue.size(), image.size());
     EXPECT_EQ(relue.convertToFormat(QImage::Format_RGB32), image);
-    EXPECT_FALSE(enregistrePngRapide(image, dossier.filePath("absent/x.png")).isEmpty());
+    EXPECT_FALSE(ecrisPngRapide(image, dossier.filePath("absent/x.png").toStdString()).empty());
 
     // SVG and PDF: the surface measures them in twips too.
     QSvgGenerator svg;

@@ -257,8 +257,12 @@ TEST(Compilation, BouclesSse2CommeAuto)
         const bool b = compil::executeBloc(c.programme(), arbres, u, v, w, sortiesSse, douteuxSse, 64, compil::Jeu::Sse2);
         ASSERT_EQ(a, b) << c.texte();
         for (int i = 0; i < 64; ++i) {
-            if (a) ASSERT_EQ(douteuxAuto[i], douteuxSse[i]) << c.texte();
-            if (!a || !douteuxAuto[i]) ASSERT_EQ(bits(auto_[i]), bits(sse[i])) << c.texte();
+            if (a) {
+                ASSERT_EQ(douteuxAuto[i], douteuxSse[i]) << c.texte();
+            }
+            if (!a || !douteuxAuto[i]) {
+                ASSERT_EQ(bits(auto_[i]), bits(sse[i])) << c.texte();
+            }
         }
     }
 }
