@@ -1,5 +1,6 @@
 #include "app/boites.h"
 
+#include <QCoreApplication>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -20,6 +21,9 @@ Boites Boites::standard()
             return std::nullopt;
         return reponse;
     };
+    // Leaves every event loop, the main one included: the program ends
+    // without saving anything.
+    b.fin = [] { QCoreApplication::exit(1); };
     return b;
 }
 

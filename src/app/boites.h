@@ -18,6 +18,8 @@ struct Boites {
     std::function<std::optional<QString>(QWidget* parent, const QString& invite,
                                          const QString& titre)>
         saisie;
+    // Ends the program (after the evaluator's "Formule incorrecte").
+    std::function<void()> fin;
 
     // The real boxes (QMessageBox, QInputDialog), titled with the program's name.
     static Boites standard();

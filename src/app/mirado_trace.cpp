@@ -139,8 +139,9 @@ int Mirado::seance(const std::vector<Requete>& requetes)
     depuisPause_.start();
     QStringList messages;
     int traces = 0;
+    bool formuleIncorrecte = false;
     for (const Requete& q : requetes) {
-        if (echap_)
+        if (echap_ || formuleIncorrecte)
             break;
         // Each request is timed on its own: tics from 0, Timer4 running.
         etat.fenetre.tics = 0;
@@ -151,6 +152,7 @@ int Mirado::seance(const std::vector<Requete>& requetes)
         Timer4_Timer();
         if (!r.message.empty())
             messages << QString::fromStdString(r.message);
+        formuleIncorrecte = r.formuleIncorrecte;
         if (r.trace) {
             ++traces;
             setWindowTitle(QString::fromStdString(legendeFinTrace(r.legende, etat.fenetre.tics)));
@@ -164,6 +166,12 @@ int Mirado::seance(const std::vector<Requete>& requetes)
     montreProgres();
     if (!messages.isEmpty())
         boites.message(this, messages.join(QLatin1Char('\n')));
+    if (formuleIncorrecte && boites.fin) {
+        // A formula whose brackets the evaluator cannot read ends the
+        // program once its message has been read, as it always did.
+        boites.fin();
+        return traces;
+    }
     if (redessinEnAttente_) {
         redessinEnAttente_ = false;
         QTimer::singleShot(0, this, &Mirado::suisTaille);

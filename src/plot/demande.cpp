@@ -172,6 +172,7 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     r.trace = true;
     r.interrompu = fin.interrompu;
     r.message = !fin.message.empty() ? fin.message : m.erreurFormule;
+    r.formuleIncorrecte = !m.erreurFormule.empty();
     r.dureeMs = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - depart)
                     .count();
     return r;

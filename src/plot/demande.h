@@ -29,6 +29,9 @@ struct ResultatTrace {
     bool interrompu = false;   // the user stopped the tracing
     int ligne = 0;             // row of the drawn-curves table drawn (0: none)
     std::string message;       // French message to show, empty when none
+    // The evaluator met brackets it cannot read ("Formule incorrecte"...):
+    // the program shows the message and then ends.
+    bool formuleIncorrecte = false;
     std::string legende;       // caption shown during the tracing
     double dureeMs = 0;        // tracing time, measured by the core
 };

@@ -41,6 +41,7 @@ struct Banc {
     QTemporaryDir dossier;
     Etat etat;
     QStringList messages;                  // what the message boxes said
+    int fins = 0;                          // times the program asked to end
     std::vector<std::optional<QString>> reponses;  // answers of the input boxes, in turn
     std::unique_ptr<Mirado> fenetre;
 
@@ -92,6 +93,7 @@ struct Banc {
             reponses.erase(reponses.begin());
             return r;
         };
+        boites.fin = [this] { ++fins; };
         fenetre = std::make_unique<Mirado>(etat, dossier.path(), boites);
         fenetre->resize(900, 650);
         fenetre->show();

@@ -175,6 +175,33 @@ TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListe)
     EXPECT_EQ(m.etat.courbes.nbCourbes, 1);
 }
 
+TEST(Mirado, CrochetsIllisiblesTerminentLeProgrammeApresLeMessage)
+{
+    // The request's own test (counts of brackets) refuses "SIN(T" and the
+    // program goes on; ")T(" passes it but the evaluator cannot read it:
+    // its message is shown, then the program ends.
+    struct Cas {
+        const char* x;
+        const char* message;
+        int fins;
+    };
+    for (const Cas& c : {Cas{"SIN(T", "La formule SIN(T est incorrecte, corrigez-la , svp", 0},
+                         Cas{")T(", "Formule incorrecte,désolé", 1}}) {
+        Banc banc;
+        banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 0);
+        {
+            Catalogue cat;
+            ASSERT_FALSE(ouvrirCatalogue(cat, banc.chemin(QStringLiteral("Espace_courbes/Lisurf.lsu")).toStdString()));
+            const LigneCatalogue l{1, std::string("x=f1(t)=") + c.x + "][y=f2(t)=T][z=f3(t)=T"};
+            ASSERT_FALSE(ecrisLigne(cat, 1, l));
+        }
+        Mirado& m = banc.demarre();
+        m.mnufa[1]->trigger();
+        EXPECT_EQ(banc.messages, QStringList{QString::fromUtf8(c.message)}) << c.x;
+        EXPECT_EQ(banc.fins, c.fins) << c.x;
+    }
+}
+
 TEST(Mirado, BasculeEspacePlan)
 {
     Banc banc;
