@@ -2,6 +2,7 @@
 
 #include <zlib.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <vector>
@@ -40,29 +41,42 @@ std::string ecrisPngRapide(const QImage& source, const std::string& chemin)
     const int w = image.width(), h = image.height();
     if (w <= 0 || h <= 0) return "image vide : rien à écrire dans " + chemin;
 
-    // Rows of filter byte 0 then R, G, B.
-    std::vector<unsigned char> brut(static_cast<std::size_t>(h) * (1 + 3 * static_cast<std::size_t>(w)));
-    std::size_t k = 0;
-    for (int y = 0; y < h; ++y) {
-        brut[k++] = 0;
-        const QRgb* ligne = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        for (int x = 0; x < w; ++x) {
-            brut[k++] = static_cast<unsigned char>(qRed(ligne[x]));
-            brut[k++] = static_cast<unsigned char>(qGreen(ligne[x]));
-            brut[k++] = static_cast<unsigned char>(qBlue(ligne[x]));
-        }
-    }
+    // Rows of filter byte 0 then R, G, B, converted and compressed a band of
+    // rows at a time: small buffers, so that no large memory is touched
+    // twice (a whole raw copy of the image costs more in page faults than
+    // its compression).
     z_stream z{};
     if (deflateInit2(&z, 1, Z_DEFLATED, 15, 8, Z_RLE) != Z_OK) return "compression impossible";
-    std::vector<unsigned char> comprime(deflateBound(&z, brut.size()));
-    z.next_in = brut.data();
-    z.avail_in = static_cast<uInt>(brut.size());
-    z.next_out = comprime.data();
-    z.avail_out = static_cast<uInt>(comprime.size());
-    const int fin = deflate(&z, Z_FINISH);
-    comprime.resize(z.total_out);
+    constexpr int lignesParBande = 32;
+    const std::size_t octetsLigne = 1 + 3 * static_cast<std::size_t>(w);
+    std::vector<unsigned char> bande(octetsLigne * lignesParBande);
+    std::vector<unsigned char> comprime;
+    unsigned char tampon[1 << 16];
+    int etat = Z_OK;
+    for (int y0 = 0; y0 < h && etat == Z_OK; y0 += lignesParBande) {
+        const int y1 = std::min(h, y0 + lignesParBande);
+        std::size_t k = 0;
+        for (int y = y0; y < y1; ++y) {
+            bande[k++] = 0;
+            const QRgb* ligne = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+            for (int x = 0; x < w; ++x) {
+                bande[k++] = static_cast<unsigned char>(qRed(ligne[x]));
+                bande[k++] = static_cast<unsigned char>(qGreen(ligne[x]));
+                bande[k++] = static_cast<unsigned char>(qBlue(ligne[x]));
+            }
+        }
+        z.next_in = bande.data();
+        z.avail_in = static_cast<uInt>(k);
+        const int mode = y1 == h ? Z_FINISH : Z_NO_FLUSH;
+        do {
+            z.next_out = tampon;
+            z.avail_out = sizeof tampon;
+            etat = deflate(&z, mode);
+            comprime.insert(comprime.end(), tampon, tampon + (sizeof tampon - z.avail_out));
+        } while (etat == Z_OK && (z.avail_in > 0 || (mode == Z_FINISH && z.avail_out == 0)));
+    }
     deflateEnd(&z);
-    if (fin != Z_STREAM_END) return "compression impossible";
+    if (etat != Z_STREAM_END) return "compression impossible";
 
     std::vector<unsigned char> entete;
     ajoute32(entete, static_cast<std::uint32_t>(w));

@@ -1,6 +1,7 @@
 // The formula engine's globals: the three formulas of the current function,
 // the point the last evaluation left, and the kind of the current function.
 #pragma once
+#include <memory>
 #include <string>
 
 #include "engine/compilation.h"
@@ -17,6 +18,9 @@ struct GlobalesMoteur {
     // Compiled forms of the formulas evaluated so far (read once, not at
     // every point).
     CacheFormules formules;
+    // F1, F2, F3 of the family being traced, compiled together for the
+    // evaluation of whole runs of points (pointsFamille).
+    std::shared_ptr<const FormulesCompilees> familleCompilee;
 };
 
 }  // namespace velorin

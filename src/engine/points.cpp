@@ -36,11 +36,16 @@ double plan(GlobalesMoteur& g, const std::string& formule, double u, double v)
 }
 
 // Radius R, horizontal angle Agh and elevation Agv above the xOy plane.
+void cartesien(double r, double agh, double agv, double& x, double& y, double& z)
+{
+    x = r * std::cos(agv) * std::cos(agh);
+    y = r * std::cos(agv) * std::sin(agh);
+    z = r * std::sin(agv);
+}
+
 void spherique(GlobalesMoteur& g, double r, double agh, double agv)
 {
-    g.pointX = r * std::cos(agv) * std::cos(agh);
-    g.pointY = r * std::cos(agv) * std::sin(agh);
-    g.pointZ = r * std::sin(agv);
+    cartesien(r, agh, agv, g.pointX, g.pointY, g.pointZ);
 }
 
 }  // namespace
@@ -87,6 +92,30 @@ void pointspherique(GlobalesMoteur& g, double u, double v)
     const double agh = plan(g, g.formuleF2, u, v);
     const double r = plan(g, g.formuleF1, u, v);
     spherique(g, r, agh, agv);
+}
+
+bool pointsFamille(GlobalesMoteur& g, bool sphere, const double* u, const double* v, double* x,
+                   double* y, double* z, std::size_t n)
+{
+    // F1..F3 are compiled together once per set of texts.
+    const auto& f = g.familleCompilee;
+    if (!f || f->formules()[0].texte() != g.formuleF1 || f->formules()[1].texte() != g.formuleF2 ||
+        f->formules()[2].texte() != g.formuleF3)
+        g.familleCompilee = std::make_shared<const FormulesCompilees>(
+            Famille::Plan, std::vector<std::string_view>{g.formuleF1, g.formuleF2, g.formuleF3});
+    double* sorties[3] = {x, y, z};
+    if (!evalueBloc(*g.familleCompilee, u, v, nullptr, sorties, n)) {
+        g.erreurFormule = messageIncorrecte(Famille::Plan);
+        return false;
+    }
+    if (sphere) {
+        // x, y, z hold R, Agh, Agv: turned into the point in place.
+        for (std::size_t i = 0; i < n; ++i) {
+            const double r = x[i], agh = y[i], agv = z[i];
+            cartesien(r, agh, agv, x[i], y[i], z[i]);
+        }
+    }
+    return true;
 }
 
 }  // namespace velorin

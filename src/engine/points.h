@@ -2,6 +2,8 @@
 // the current function (formuleF1..3) for the parameter values given and
 // leaves the point in pointX, pointY, pointZ.
 #pragma once
+#include <cstddef>
+
 #include "engine/globales.h"
 
 namespace velorin {
@@ -17,5 +19,14 @@ void pointpolaire(GlobalesMoteur& g, double t, bool modeEspace);
 void pointsurface(GlobalesMoteur& g, double u, double v);
 // R, Agh, Agv = F1..F3(u, v) turned into x, y, z.
 void pointspherique(GlobalesMoteur& g, double u, double v);
+
+// The points of a family of (u, v) for n pairs (u[i], v[i]) at once, into
+// x, y, z: exactly what pointsurface (or pointspherique when `spherique`)
+// leaves in pointX, pointY, pointZ point by point, computed a block at a
+// time. The plane family reads no previous point, so the order of the
+// points does not matter. Returns false when a formula is unreadable (its
+// message is then in erreurFormule, as the point-by-point entry leaves it).
+bool pointsFamille(GlobalesMoteur& g, bool spherique, const double* u, const double* v, double* x,
+                   double* y, double* z, std::size_t n);
 
 }  // namespace velorin

@@ -214,8 +214,7 @@ void evaluePolaire(GlobalesMoteur& m, double t, bool espace) { pointpolaire(m, t
 // 3 both with the t-outer curves red and the a-outer curves green. t is
 // walked in double precision, a in single precision (bounds, step and
 // variable), which decides how many values of a are reached.
-FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochets,
-                      void (*evalue)(GlobalesMoteur&, double, double))
+FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochets, bool spherique)
 {
     const Parametres& p = etat.param;
     const Boucle<double> bt{p.tmin, p.tmax, p.pasT};
@@ -237,23 +236,44 @@ FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochet
             etat.couleurs.couleurFamille = QBColor(moirure);
         }
     };
-    auto point = [&](double a, double t) {
-        evalue(etat.moteur, a, t);
-        if (!tr.continuer())
-            return false;
-        tr.poseEvalue(etat.couleurs.couleurFamille);
+    // The points of a curve are gathered a block at a time and evaluated
+    // together (the values are those of the point-by-point entries), then
+    // drawn in order.
+    constexpr std::size_t taille = 256;
+    double us[taille], vs[taille], xs[taille], ys[taille], zs[taille];
+    std::size_t n = 0;
+    auto vide = [&] {
+        GlobalesMoteur& m = etat.moteur;
+        pointsFamille(m, spherique, us, vs, xs, ys, zs, n);
+        const std::size_t nb = n;
+        n = 0;
+        for (std::size_t i = 0; i < nb; ++i) {
+            m.pointX = xs[i];
+            m.pointY = ys[i];
+            m.pointZ = zs[i];
+            if (!tr.continuer())
+                return false;
+            tr.poseEvalue(etat.couleurs.couleurFamille);
+        }
         return true;
+    };
+    auto point = [&](double a, double t) {
+        us[n] = a;
+        vs[n] = t;
+        return ++n < taille || vide();
+    };
+    auto courbe = [&](auto&& parcours) {
+        debutCourbe();
+        return parcours() && (n == 0 || vide());
     };
     auto passeAExterieur = [&] {
         return ba.parcourt([&](float a) {
-            debutCourbe();
-            return bt.parcourt([&](double t) { return point(a, t); });
+            return courbe([&] { return bt.parcourt([&](double t) { return point(a, t); }); });
         });
     };
     auto passeTExterieur = [&] {
         return bt.parcourt([&](double t) {
-            debutCourbe();
-            return ba.parcourt([&](float a) { return point(a, t); });
+            return courbe([&] { return ba.parcourt([&](float a) { return point(a, t); }); });
         });
     };
 
@@ -273,9 +293,6 @@ FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochet
     }
     return tr.fin;
 }
-
-void evalueSurface(GlobalesMoteur& m, double a, double t) { pointsurface(m, a, t); }
-void evalueSpherique(GlobalesMoteur& m, double a, double t) { pointspherique(m, a, t); }
 
 }  // namespace
 
@@ -327,7 +344,7 @@ FinTrace parcours1(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
 
 FinTrace parcours2(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
 {
-    return traceFamille(etat, surface, crochets, evalueSurface);
+    return traceFamille(etat, surface, crochets, false);
 }
 
 FinTrace parcours3(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
@@ -337,7 +354,7 @@ FinTrace parcours3(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
 
 FinTrace parcours4(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
 {
-    return traceFamille(etat, surface, crochets, evalueSpherique);
+    return traceFamille(etat, surface, crochets, true);
 }
 
 }  // namespace velorin

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
+#include <vector>
 
 #include "engine/points.h"
 
@@ -76,6 +79,48 @@ TEST(MoteurPoints, FormuleIncorrecteRetenueSansValeurAZero)
     pointsurface(g, 1, 2);
     EXPECT_TRUE(g.erreurFormule.empty());
     ATTEND_POINT(g, 0, 1, 1);
+}
+
+TEST(MoteurPoints, FamilleParBlocsCommePointParPoint)
+{
+    // Whole runs of a family give, bit for bit, what the point-by-point
+    // entries leave in pointX..Z, failures included.
+    struct Cas {
+        bool spherique;
+        const char* f1;
+        const char* f2;
+        const char* f3;
+    };
+    const Cas cas[] = {
+        {false, "(3+COS(A))*COS(T)", "(3+COS(A))*SIN(T)", "SIN(A)"},
+        {false, "1/X", "LN(T)", "X^T"},
+        {true, "(5)+SIN(6*T)", "T", "(A-1P)/(2)"},
+        {true, "RAC(A)", "ARCSIN(T)", "EXP(A)"},
+    };
+    std::vector<double> u, v;
+    for (double a : {-2.5, -1.0, 0.0, 0.5, 1.0, 3.0, 800.0})
+        for (double t : {-1.0, 0.0, 0.25, 1.0, 6.28}) {
+            u.push_back(a);
+            v.push_back(t);
+        }
+    const std::size_t n = u.size();
+    for (const Cas& c : cas) {
+        GlobalesMoteur g = formules(c.f1, c.f2, c.f3);
+        std::vector<double> x(n), y(n), z(n);
+        ASSERT_TRUE(pointsFamille(g, c.spherique, u.data(), v.data(), x.data(), y.data(), z.data(), n));
+        for (std::size_t i = 0; i < n; ++i) {
+            GlobalesMoteur p = formules(c.f1, c.f2, c.f3);
+            c.spherique ? pointspherique(p, u[i], v[i]) : pointsurface(p, u[i], v[i]);
+            EXPECT_EQ(std::bit_cast<std::uint64_t>(x[i]), std::bit_cast<std::uint64_t>(p.pointX)) << c.f1 << " " << i;
+            EXPECT_EQ(std::bit_cast<std::uint64_t>(y[i]), std::bit_cast<std::uint64_t>(p.pointY)) << c.f2 << " " << i;
+            EXPECT_EQ(std::bit_cast<std::uint64_t>(z[i]), std::bit_cast<std::uint64_t>(p.pointZ)) << c.f3 << " " << i;
+        }
+    }
+    // An unreadable formula leaves its message, as point by point.
+    GlobalesMoteur g = formules(")A(", "A", "T");
+    double x, y, z;
+    EXPECT_FALSE(pointsFamille(g, false, u.data(), v.data(), &x, &y, &z, 1));
+    EXPECT_EQ(g.erreurFormule, "Formule incorrecte");
 }
 
 }  // namespace
