@@ -165,8 +165,7 @@ void Mirado::controlfenetre()
     // base [-10,10] set by the calibration stays.
     lisMemoire(f.dossierCourbes + "mem.log", etat.param);
     prepareVue(etat.param, f.modeEspace, etat.vue);
-    if (!calibre(etat.param, etat.vue, f.modeEspace))
-        calibre(etat.param, etat.vue, f.modeEspace);
+    calibre(etat.param, etat.vue, f.modeEspace);
     affou();
     affviseur();
 }

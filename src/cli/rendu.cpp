@@ -93,10 +93,9 @@ std::string prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertiss
     etat.fenetre.largeurVue = etat.vue.W;
     etat.fenetre.hauteurVue = etat.vue.H;
     prepareVue(etat.param, d.espace, etat.vue);
-    if (!calibre(etat.param, etat.vue, d.espace)) {
+    // A refused frame is put back to the base [-10, 10] by the calibration.
+    if (!calibre(etat.param, etat.vue, d.espace))
         avertissement = "Pas pochible,je rétablis la base [-10,10 ]";
-        calibre(etat.param, etat.vue, d.espace);
-    }
     return {};
 }
 

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "engine/lecture.h"
+#include "plot/point_trace.h"
 #include "view/projection.h"
 
 namespace velorin {
@@ -80,8 +81,7 @@ void traceNuage(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
                 if (!(g < f && f < h)) continue;
                 double sx = 0, sy = 0;
                 if (!projette(p, v, etat.fenetre.modeEspace, x, y, z, sx, sy)) continue;
-                // The visibility rule of the point step.
-                if (sx < 1 || sy < 16 || sx > v.largeurUtile || sy > v.hauteurUtile + 15) continue;
+                if (!dansAireDessin(v, sx, sy)) continue;
                 m.pointX = x;
                 m.pointY = y;
                 m.pointZ = z;

@@ -71,14 +71,18 @@ void traceMarques(Etat& etat, Surface& surface)
 
 }  // namespace
 
+bool dansAireDessin(const Vue& v, double sx, double sy)
+{
+    return std::isfinite(sx) && std::isfinite(sy) &&
+           !(sx < 1 || sy < 16 || sx > v.largeurUtile || sy > v.hauteurUtile + 15);
+}
+
 void tracePoint(Etat& etat, Surface& surface, int marque, Couleur couleur,
                 const CrochetsTrace& crochets)
 {
     EtatTrace& t = etat.trace;
     const Vue& v = etat.vue;
-    const bool dedans = std::isfinite(t.ecranX) && std::isfinite(t.ecranY) &&
-                        !(t.ecranX < 1 || t.ecranY < 16 || t.ecranX > v.largeurUtile ||
-                          t.ecranY > v.hauteurUtile + 15);
+    const bool dedans = dansAireDessin(v, t.ecranX, t.ecranY);
     t.pointVisible = dedans ? 1 : 0;
     etat.couleurs.couleurProjXOy = couleurProjectionXOy;
     if (marque == 1 && dedans)

@@ -20,6 +20,10 @@ inline constexpr double rayonPiedProjection = 20;
 void tracePoint(Etat& etat, Surface& surface, int marque, Couleur couleur,
                 const CrochetsTrace& crochets);
 
+// Whether the surface point (sx, sy) lies in the drawing area, where the
+// point step draws (a point that is not finite does not).
+bool dansAireDessin(const Vue& vue, double sx, double sy);
+
 // False when the jump from (x1, y1) to (x2, y2) is longer than half the
 // drawing width or height: a discontinuity, not joined.
 bool sautAdmissible(const Vue& vue, double x1, double y1, double x2, double y2);
