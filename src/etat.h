@@ -31,6 +31,13 @@ struct EtatFenetre {
     int politiqueCouleurs = 0;                // colour scheme policy, menu "Comment Tracer?" 0..2
     int orientationImprimante = 1;            // 0 portrait, 1 landscape
     void metsModeEspace(bool espace) { modeEspace = espace; modePlan = !espace; }
+    // Space or plane mode with the curves and figure folders of that mode.
+    void choisisMode(bool espace)
+    {
+        metsModeEspace(espace);
+        dossierCourbes = espace ? cheminEspaceCourbes : cheminPlanCourbes;
+        dossierFig = espace ? cheminEspaceFig : cheminPlanFig;
+    }
 };
 
 struct Etat {

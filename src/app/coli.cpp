@@ -13,10 +13,10 @@ namespace velorin {
 
 namespace {
 
-// Record number of a list line ("0012]..."); 0 for the header line.
+// Record number of a list line: line n lists record n; 0 is the header.
 int numeroDeLigne(const QListWidget* liste, const QListWidgetItem* item)
 {
-    return liste->row(item) == 0 ? 0 : item->text().left(4).toInt();
+    return liste->row(item);
 }
 
 }  // namespace

@@ -55,9 +55,9 @@ void Licou::List1_Click(int ligne)
     if (ligne < 1 || ligne > int(lignes.size()))
         return;
     const LigneCourbe& l = lignes[ligne - 1];
-    Label1[0]->setText(QStringLiteral("Trait ") + QString::fromStdString(nomCouleur(Couleur(l[colCouleurTrace]))));
+    Label1[0]->setText(QStringLiteral("Trait ") + QString::fromStdString(nomCouleur(enCouleur(l[colCouleurTrace]))));
     Label1[1]->setText(l[colTraceContinu] != 0 ? QStringLiteral("continu") : QStringLiteral("pointillé"));
-    Label1[2]->setText(QStringLiteral("Tgte ") + QString::fromStdString(nomCouleur(Couleur(l[colCouleurTangente]))));
+    Label1[2]->setText(QStringLiteral("Tgte ") + QString::fromStdString(nomCouleur(enCouleur(l[colCouleurTangente]))));
     Label1[3]->setText(l[colAvecSegmentTangent] != 0 ? QStringLiteral("avec segment tangent")
                                                      : QStringLiteral("sans segment tangent"));
 }

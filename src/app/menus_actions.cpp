@@ -10,6 +10,7 @@
 #include "app/licou.h"
 #include "app/mirado.h"
 #include "catalogue/catalogue.h"
+#include "view/projection.h"
 #include "view/repere.h"
 
 namespace velorin {
@@ -107,9 +108,7 @@ static void choisitFichier(Mirado& m, bool espace, const QAction* article)
     if (m.refuseSiOccupe())
         return;
     EtatFenetre& f = m.etat.fenetre;
-    f.metsModeEspace(espace);
-    f.dossierCourbes = espace ? f.cheminEspaceCourbes : f.cheminPlanCourbes;
-    f.dossierFig = espace ? f.cheminEspaceFig : f.cheminPlanFig;
+    f.choisisMode(espace);
     m.montrePanneau();
     const QString nom = article->data().toString();
     if (nom.isEmpty()) {
@@ -204,9 +203,7 @@ void Mirado::mnuf_Click(int index)
     if (index == 2) {
         if (refuseSiOccupe())
             return;
-        Parametres& p = etat.param;
-        p.xmin = p.ymin = p.zmin = -10;
-        p.xmax = p.ymax = p.zmax = 10;
+        remetBase(etat.param);
         affou();
     }
     Command3_Click();

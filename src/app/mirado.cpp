@@ -36,9 +36,7 @@ Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
     const QStringList echecs = prepareDossiers(dossierAppli);
     if (!echecs.isEmpty())
         boites.message(this, echecs.join(QLatin1Char('\n')));
-    f.dossierCourbes = f.cheminEspaceCourbes;
-    f.dossierFig = f.cheminEspaceFig;
-    f.metsModeEspace(true);
+    f.choisisMode(true);
     f.fichierCatalogue = "Lisurf.lsu";
     placeFenetre();
     f.pauseActive = true;
@@ -160,7 +158,7 @@ void Mirado::controlfenetre()
     prepareVue(etat.param, f.modeEspace, etat.vue);
     if (calibre(etat.param, etat.vue, f.modeEspace))
         return;
-    boites.message(this, QStringLiteral("Pas pochible,je rétablis la base [-10,10 ]"));
+    boites.message(this, QString::fromUtf8(messageBaseRetablie));
     // "mem.log" back in force; if it is unreadable or itself refused, the
     // base [-10,10] set by the calibration stays.
     lisMemoire(f.dossierCourbes + "mem.log", etat.param);

@@ -95,7 +95,7 @@ std::string prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertiss
     prepareVue(etat.param, d.espace, etat.vue);
     // A refused frame is put back to the base [-10, 10] by the calibration.
     if (!calibre(etat.param, etat.vue, d.espace))
-        avertissement = "Pas pochible,je rétablis la base [-10,10 ]";
+        avertissement = messageBaseRetablie;
     return {};
 }
 

@@ -46,6 +46,13 @@ void pourChaqueColonne(E& etat, F&& f)
     f(colAvecMoirure, p.avecMoirure);
 }
 
+int enEntier(double v)
+{
+    return v >= -2147483647.0 && v <= 2147483647.0 ? static_cast<int>(v) : 0;
+}
+
+}  // namespace
+
 // Values read back from a figure file may be anything: a colour keeps its
 // 24 bits, a flag or a count its integer part, the loop order 0..3.
 Couleur enCouleur(double v)
@@ -53,10 +60,7 @@ Couleur enCouleur(double v)
     return v >= 0 && v <= 0xFFFFFF ? static_cast<Couleur>(v) : 0;
 }
 
-int enEntier(double v)
-{
-    return v >= -2147483647.0 && v <= 2147483647.0 ? static_cast<int>(v) : 0;
-}
+namespace {
 
 void lis(double& cible, double v) { cible = v; }
 void lis(int& cible, double v) { cible = enEntier(v); }

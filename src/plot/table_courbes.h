@@ -83,6 +83,10 @@ void videCourbes(TableCourbes& table);
 // "En vert:", "En bleu:", "En jaune:", "En blanc:", or "En panaché" for any
 // other value.
 std::string nomCouleur(Couleur couleur);
+
+// A value of a row taken as a colour: its 24 bits, or 0 when it is out of
+// range (rows read back from a file may hold anything).
+Couleur enCouleur(double valeur);
 // Line of drawn curve i (1-based) in the list of drawn curves: the kind as
 // "00", "/", the curve number as "000 " and the colour name, e.g.
 // "01/003 En rouge:".

@@ -129,14 +129,14 @@ bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, doub
     return true;
 }
 
-namespace {
-
 void remetBase(Parametres& p)
 {
     p.xmin = p.ymin = -10;
     p.zmin = -10;
     p.xmax = p.ymax = p.zmax = 10;
 }
+
+namespace {
 
 // Space: the screen images of the origin and of the three unit points. A
 // point that cannot be projected (the viewer sits on it) keeps its old image.

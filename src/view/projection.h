@@ -20,6 +20,12 @@ void prepareVue(const Parametres& p, bool modeEspace, Vue& v);
 bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, double y, double z,
               double& sx, double& sy);
 
+// The base frame: every axis over [-10, 10].
+void remetBase(Parametres& p);
+
+// The message shown when the ranges are refused and the base comes back.
+inline constexpr const char* messageBaseRetablie = "Pas pochible,je rétablis la base [-10,10 ]";
+
 // Calibration for the surface size v.W x v.H. Returns false when the ranges
 // are refused: the bounds are then reset to -10 and 10 and the caller shows
 // "Pas pochible,je rétablis la base [-10,10 ]".
