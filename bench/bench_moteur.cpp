@@ -47,16 +47,12 @@ __attribute__((noinline)) void salitAvx()
     const double un = 1.0;
     asm volatile("vbroadcastsd %0, %%ymm15" : : "m"(un) : "xmm15");
 }
-__attribute__((target("avx"), noinline)) void nettoieAvx() { __builtin_ia32_vzeroupper(); }
 const bool avecAvx = __builtin_cpu_supports("avx");
 void salit()
 {
     if (avecAvx) salitAvx();
 }
-void nettoie()
-{
-    if (avecAvx) nettoieAvx();
-}
+void nettoie() { velorin::compil::nettoieRegistresVectoriels(); }
 
 struct Cas {
     std::string nom;

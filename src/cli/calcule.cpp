@@ -49,30 +49,31 @@ const char* litArguments(int argc, char** argv, Demande& d)
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
         const bool suivant = i + 1 < argc;
-        if (!d.formuleDonnee && arg == "--famille") {
+        // After the formula, every argument is a value.
+        if (d.formuleDonnee) {
+            double v = 0;
+            if (!lisValeurExacte(arg, v)) return "une valeur n'est pas un nombre.";
+            d.valeurs.push_back(v);
+        } else if (arg == "--famille") {
             if (!suivant) return "--famille attend espace, plan ou nuage.";
             const std::string f = argv[++i];
             if (f == "espace") d.famille = Famille::Espace;
             else if (f == "plan") d.famille = Famille::Plan;
             else if (f == "nuage") d.famille = Famille::Nuage;
             else return "famille inconnue (espace, plan ou nuage).";
-        } else if (!d.formuleDonnee && arg == "--brut") {
+        } else if (arg == "--brut") {
             d.brut = true;
-        } else if (!d.formuleDonnee && arg == "--normalise") {
+        } else if (arg == "--normalise") {
             d.normaliseSeulement = true;
-        } else if (!d.formuleDonnee && arg == "--pointx") {
+        } else if (arg == "--pointx") {
             if (!suivant || !lisValeurExacte(argv[i + 1], d.pointX))
                 return "--pointx attend un nombre.";
             ++i;
-        } else if (!d.formuleDonnee && arg.size() > 1 && arg[0] == '-' && arg[1] == '-') {
+        } else if (arg.size() > 1 && arg[0] == '-' && arg[1] == '-') {
             return "option inconnue.";
-        } else if (!d.formuleDonnee) {
+        } else {
             d.formule = arg;
             d.formuleDonnee = true;
-        } else {
-            double v = 0;
-            if (!lisValeurExacte(arg, v)) return "une valeur n'est pas un nombre.";
-            d.valeurs.push_back(v);
         }
     }
     if (!d.formuleDonnee) return "formule manquante.";

@@ -11,13 +11,6 @@ namespace velorin::compil {
 
 namespace {
 
-bool estChiffre(char c) { return c >= '0' && c <= '9'; }
-
-bool estOperateurDeTete(char c)
-{
-    return c == '*' || c == '+' || c == '-' || c == '/' || c == '\\' || c == '^';
-}
-
 class Constructeur {
 public:
     explicit Constructeur(Famille f) { arbre_.famille = f; }
@@ -165,7 +158,7 @@ private:
         } else if (prefixe.size() == 1 && estChiffre(prefixe[0])) {
             n.prefixe = Prefixe::Constante;
             n.x = prefixe[0] - '0';
-        } else if (estOperateurDeTete(prefixe.back())) {
+        } else if (estOperateur(prefixe.back())) {
             n.x = lisnombre(prefixe.substr(0, prefixe.size() - 1), 0.0, echec);
             n.prefixe = echec ? Prefixe::Constante : Prefixe::Operation;
             if (echec) n.x = horsCalcul;

@@ -24,13 +24,6 @@ namespace {
 
 Resultat valeur(double v) { return {Issue::Valeur, v}; }
 
-bool estChiffre(char c) { return c >= '0' && c <= '9'; }
-
-bool estOperateur(char c)
-{
-    return c == '*' || c == '+' || c == '-' || c == '/' || c == '\\' || c == '^';
-}
-
 // Records whether one of the checked double operations failed.
 struct Garde {
     bool echec = false;

@@ -10,8 +10,6 @@ namespace velorin {
 
 namespace {
 
-bool estChiffre(char c) { return c >= '0' && c <= '9'; }
-
 std::size_t chiffresDepuis(std::string_view s, std::size_t i)
 {
     while (i < s.size() && estChiffre(s[i])) ++i;
@@ -28,11 +26,11 @@ double strtodC(const std::string& texte)
 
 }  // namespace
 
-std::string_view sansBlancsAuxBouts(std::string_view texte)
+std::string_view sansBlancsAuxBouts(std::string_view texte, std::string_view blancs)
 {
-    const std::size_t debut = texte.find_first_not_of(' ');
+    const std::size_t debut = texte.find_first_not_of(blancs);
     if (debut == std::string_view::npos) return {};
-    const std::size_t fin = texte.find_last_not_of(' ');
+    const std::size_t fin = texte.find_last_not_of(blancs);
     return texte.substr(debut, fin - debut + 1);
 }
 

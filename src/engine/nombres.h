@@ -8,6 +8,14 @@
 
 namespace velorin {
 
+// A decimal digit.
+inline bool estChiffre(char c) { return c >= '0' && c <= '9'; }
+// One of the six operators of formulas: "*", "+", "-", "/", "\", "^".
+inline bool estOperateur(char c)
+{
+    return c == '*' || c == '+' || c == '-' || c == '/' || c == '\\' || c == '^';
+}
+
 // Length of the number at the start of `texte` (after leading blanks):
 // an optional sign, digits, an optional "." and digits, an optional
 // exponent "E" with an optional sign and digits. 0 when there is no digit.
@@ -29,8 +37,9 @@ bool lisValeurExacte(std::string_view texte, double& valeur);
 // in magnitude).
 std::string texteValeur(double valeur);
 
-// The text without blanks at both ends, and in upper case (ASCII letters).
-std::string_view sansBlancsAuxBouts(std::string_view texte);
+// The text without blanks (the characters of `blancs`) at both ends, and in
+// upper case (ASCII letters).
+std::string_view sansBlancsAuxBouts(std::string_view texte, std::string_view blancs = " ");
 std::string majuscules(std::string_view texte);
 
 }  // namespace velorin

@@ -6,12 +6,7 @@ namespace velorin {
 
 namespace {
 
-bool estChiffre(char c) { return c >= '0' && c <= '9'; }
 bool estLettreVariable(char c) { return c == 'A' || c == 'T' || c == 'X' || c == 'Y' || c == 'Z'; }
-bool estOperateur(char c)
-{
-    return c == '*' || c == '/' || c == '\\' || c == '^' || c == '+' || c == '-';
-}
 
 }  // namespace
 
