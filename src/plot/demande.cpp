@@ -2,6 +2,7 @@
 
 #include <chrono>
 
+#include "engine/nombres.h"
 #include "engine/normalisation.h"
 #include "plot/nuages.h"
 #include "plot/objets.h"
@@ -13,10 +14,7 @@ namespace {
 
 std::string sansBlancsAutour(const std::string& s)
 {
-    const auto debut = s.find_first_not_of(" \t");
-    if (debut == std::string::npos)
-        return {};
-    return s.substr(debut, s.find_last_not_of(" \t") - debut + 1);
+    return std::string(sansBlancsAuxBouts(s, " \t"));
 }
 
 // Splits at every `separateur` into at most three trimmed fields.
@@ -137,9 +135,10 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     }
 
     // The row: a new curve takes the values in force, a redraw its own.
+    const LigneCourbe enVigueur = ligneDepuisParametres(etat, numero, type);
     LigneCourbe valeurs;
     if (options.ligne == 0) {
-        valeurs = ligneDepuisParametres(etat, numero, type);
+        valeurs = enVigueur;
         if (options.couleurs == ModeCouleurs::Cycle)
             valeurs[colCouleurTrace] =
                 couleurCycle(etat.defaut, etat.couleurs.couleurTrace, options.rang);
@@ -153,7 +152,6 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
         valeurs = table.lignes[options.ligne - 1];
         r.ligne = options.ligne;
     }
-    const LigneCourbe enVigueur = ligneDepuisParametres(etat, numero, type);
     appliqueLigne(valeurs, etat);
 
     GlobalesMoteur& m = etat.moteur;

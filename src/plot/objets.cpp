@@ -19,6 +19,7 @@
 #include <cmath>
 
 #include "engine/lecture.h"
+#include "engine/nombres.h"
 #include "plot/point_trace.h"
 #include "view/projection.h"
 
@@ -72,11 +73,6 @@ bool estFormeNombre(const std::string& s)
     return i == s.size();
 }
 
-std::string majuscules(std::string s)
-{
-    for (char& c : s) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    return s;
-}
 
 // Value of a number form through the number reader; empty when the text is
 // no number form or its value is not finite. A lone "P" (which the number

@@ -1,22 +1,15 @@
 #include "plot/traceurs.h"
 
-#include <charconv>
 #include <cmath>
 
 #include "engine/points.h"
 #include "plot/point_trace.h"
+#include "settings/texte_nombre.h"
 #include "view/projection.h"
 
 namespace velorin {
 
 namespace {
-
-std::string texteNombre(double v)
-{
-    char tampon[32];
-    const auto fin = std::to_chars(tampon, tampon + sizeof tampon, v);
-    return std::string(tampon, fin.ptr);
-}
 
 // A counted loop as the drawings have always walked it: the variable starts
 // at `debut` and the step is added at each turn, in the precision T, while
@@ -59,8 +52,8 @@ struct Boucle {
 template <typename T>
 std::string messageBoucle(const char* nom, const Boucle<T>& b)
 {
-    return std::string("L'intervalle de ") + nom + " (de " + texteNombre(b.debut) + " à " +
-           texteNombre(b.fin) + " par pas de " + texteNombre(b.pas) +
+    return std::string("L'intervalle de ") + nom + " (de " + texteCourt(b.debut) + " à " +
+           texteCourt(b.fin) + " par pas de " + texteCourt(b.pas) +
            ") ne donne aucun point : rien n'est tracé.";
 }
 
@@ -72,8 +65,8 @@ std::string refus(const char* nom, const Boucle<T>& b, double points)
     if (b.nombre() == 0)
         return messageBoucle(nom, b);
     if (points > maxPointsTrace)
-        return "Trop de points à calculer (" + texteNombre(std::floor(points)) + ") : au plus " +
-               texteNombre(maxPointsTrace) + " par tracé. Augmentez le pas.";
+        return "Trop de points à calculer (" + texteCourt(std::floor(points)) + ") : au plus " +
+               texteCourt(maxPointsTrace) + " par tracé. Augmentez le pas.";
     return {};
 }
 

@@ -9,6 +9,7 @@
 #include <variant>
 #include <vector>
 
+#include "engine/nombres.h"
 #include "settings/texte_nombre.h"
 
 namespace velorin {
@@ -77,10 +78,7 @@ std::string valeursTrouvees(std::size_t n)
 
 std::string sansBlancs(const std::string& s)
 {
-    const auto debut = s.find_first_not_of(" \t");
-    if (debut == std::string::npos)
-        return "";
-    return s.substr(debut, s.find_last_not_of(" \t") - debut + 1);
+    return std::string(sansBlancsAuxBouts(s, " \t"));
 }
 
 std::vector<std::string> valeursDeLigne(const std::string& ligne)

@@ -64,6 +64,12 @@ std::string texteEntier(long long valeur)
     return std::string(tampon, std::to_chars(tampon, tampon + sizeof tampon, valeur).ptr);
 }
 
+std::string texteCourt(double valeur)
+{
+    char tampon[32];
+    return std::string(tampon, std::to_chars(tampon, tampon + sizeof tampon, valeur).ptr);
+}
+
 std::string texteNombre(double valeur, int significatifs)
 {
     if (std::isnan(valeur))

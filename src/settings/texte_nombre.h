@@ -38,4 +38,8 @@ std::string texteNombre(double valeur, int significatifs);
 // An integer in decimal text, never grouped by a locale.
 std::string texteEntier(long long valeur);
 
+// The shortest text that reads back as the same double, "." always (the
+// plain or exponent form, whichever is shorter: "6.28", "1e+07").
+std::string texteCourt(double valeur);
+
 }  // namespace velorin

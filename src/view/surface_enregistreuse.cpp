@@ -1,6 +1,5 @@
 #include "view/surface_enregistreuse.h"
 
-#include <charconv>
 
 #include "settings/texte_nombre.h"
 
@@ -93,13 +92,6 @@ double SurfaceEnregistreuse::TextHeight() const
 
 namespace {
 
-// Shortest text that reads back as the same double, "." always.
-std::string nombre(double v)
-{
-    char tampon[32];
-    return std::string(tampon, std::to_chars(tampon, tampon + sizeof tampon, v).ptr);
-}
-
 std::string entreGuillemets(const std::string& texte)
 {
     std::string s = "\"";
@@ -133,33 +125,33 @@ std::string SurfaceEnregistreuse::journal() const
         case G::Ligne:
             s += "LINE";
             for (double v : {op.x1, op.y1, op.x2, op.y2})
-                champ(nombre(v));
+                champ(texteCourt(v));
             champ(texteEntier(op.couleur));
             champ(texteEntier(op.largeur));
             champ(texteEntier(op.style));
             break;
         case G::Point:
             s += "PSET";
-            champ(nombre(op.x1));
-            champ(nombre(op.y1));
+            champ(texteCourt(op.x1));
+            champ(texteCourt(op.y1));
             champ(texteEntier(op.couleur));
             champ(texteEntier(op.largeur));
             break;
         case G::Cercle:
             s += "CIRCLE";
             for (double v : {op.x1, op.y1, op.rayon})
-                champ(nombre(v));
+                champ(texteCourt(v));
             champ(texteEntier(op.couleur));
             champ(texteEntier(op.largeur));
             champ(texteEntier(op.style));
             break;
         case G::Texte:
             s += "PRINT";
-            champ(nombre(op.x1));
-            champ(nombre(op.y1));
+            champ(texteCourt(op.x1));
+            champ(texteCourt(op.y1));
             champ(texteEntier(op.couleur));
             champ(entreGuillemets(op.police));
-            champ(nombre(op.taille));
+            champ(texteCourt(op.taille));
             champ(entreGuillemets(op.texte));
             break;
         case G::Effacement:
