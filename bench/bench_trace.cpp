@@ -43,8 +43,8 @@ public:
     void Circle(double, double, double, Couleur) override {}
     void Print(const std::string&) override {}
     void Clear(Couleur) override {}
-    double Width() const override { return kLargeur * 15; }
-    double Height() const override { return kHauteur * 15; }
+    double Width() const override { return kLargeur * twipsParPixelEcran; }
+    double Height() const override { return kHauteur * twipsParPixelEcran; }
     double TextWidth(const std::string& t) const override { return 100.0 * t.size(); }
     double TextHeight() const override { return 200; }
 };
@@ -68,10 +68,7 @@ void prepareTore(Etat& etat)
     Parametres& p = etat.param;
     parametresTore(p);
     p.ordreBoucles = 2;
-    etat.vue.W = kLargeur * 15;
-    etat.vue.H = kHauteur * 15;
-    prepareVue(p, true, etat.vue);
-    calibre(p, etat.vue, true);
+    ajusteVue(etat, kLargeur * twipsParPixelEcran, kHauteur * twipsParPixelEcran);
     etat.trace.typeTrace = 2;
     etat.moteur.genreCourbe = 2;
     etat.moteur.formuleF1 = "(3+COS(A))*COS(T)";
@@ -117,7 +114,7 @@ std::string prepareProcessus()
     if (ouvrirCatalogue(c, cat.string()) || ecrisLigne(c, 1, l)) std::abort();
     Parametres p;
     parametresTore(p);
-    if (ecrisMemoire((dossier / "mem.log").string(), p)) std::abort();
+    if (ecrisMemoire((dossier / nomFichierMemoire(true)).string(), p)) std::abort();
     return std::string(VELORIN_BIN_DIR) + "/velorin exporte --taille 1600x1000 --ordre 2 --catalogue " +
            cat.string() + " --entree 1 --sortie " + (dossier / "tore.png").string();
 }

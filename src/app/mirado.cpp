@@ -96,7 +96,7 @@ void Mirado::lecdebut(int choix)
     if (refuseSiOccupe())
         return;
     const std::string chemin =
-        etat.fenetre.dossierCourbes + (choix == 0 ? "mem.log" : "memprovi.log");
+        etat.fenetre.dossierCourbes + nomFichierMemoire(choix == 0);
     // A missing or damaged file changes nothing: the values in force stay
     // (at start-up, the program's own values).
     if (auto erreur = lisMemoire(chemin, etat.param))
@@ -111,7 +111,7 @@ void Mirado::lecouleurs()
 {
     etat.defaut = CouleursDefaut{};
     if (etat.fenetre.inversionVideo)
-        etat.defaut.coulNoir = 0xFFFFFF - etat.defaut.coulNoir;
+        etat.defaut.coulNoir = inverseVideo(etat.defaut.coulNoir);
     QPalette p = zone_->palette();
     p.setColor(QPalette::Window, couleurQt(etat.defaut.coulNoir));
     zone_->setPalette(p);
@@ -153,17 +153,13 @@ void Mirado::controlfenetre()
                             .arg(QString::fromStdString(entierFormate(std::lround(W), 5)),
                                  QString::fromStdString(entierFormate(std::lround(H), 5))));
     }
-    etat.vue.W = W;
-    etat.vue.H = H;
-    prepareVue(etat.param, f.modeEspace, etat.vue);
-    if (calibre(etat.param, etat.vue, f.modeEspace))
+    if (ajusteVue(etat, W, H))
         return;
     boites.message(this, QString::fromUtf8(messageBaseRetablie));
     // "mem.log" back in force; if it is unreadable or itself refused, the
     // base [-10,10] set by the calibration stays.
-    lisMemoire(f.dossierCourbes + "mem.log", etat.param);
-    prepareVue(etat.param, f.modeEspace, etat.vue);
-    calibre(etat.param, etat.vue, f.modeEspace);
+    lisMemoire(f.dossierCourbes + nomFichierMemoire(true), etat.param);
+    ajusteVue(etat, W, H);
     affou();
     affviseur();
 }

@@ -9,7 +9,6 @@ namespace velorin {
 namespace {
 
 constexpr double twipsParPouce = 1440;
-constexpr double twipsParPixelEcran = 15;     // one pixel of a 96 dpi screen
 constexpr int piecesLargesMax = 8;            // points of a wide polyline piece
 constexpr int piecesFinesMax = 4096;          // points of a 1-pixel polyline
 

@@ -36,8 +36,6 @@ namespace velorin {
 
 namespace {
 
-constexpr double kTwipsParPixel = 15;
-
 // Temporary file in the folder of `sortie`, removed unless kept.
 class FichierProvisoire {
 public:
@@ -88,13 +86,10 @@ std::string prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertiss
             return "le catalogue " + d.catalogue + " n'a pas d'entrée " + std::to_string(n) + " (il en a " +
                    std::to_string(etat.catalogue.nbLignesCatalogue) + ")";
     }
-    etat.vue.W = d.largeurPx * kTwipsParPixel;
-    etat.vue.H = d.hauteurPx * kTwipsParPixel;
-    etat.fenetre.largeurVue = etat.vue.W;
-    etat.fenetre.hauteurVue = etat.vue.H;
-    prepareVue(etat.param, d.espace, etat.vue);
+    etat.fenetre.largeurVue = d.largeurPx * twipsParPixelEcran;
+    etat.fenetre.hauteurVue = d.hauteurPx * twipsParPixelEcran;
     // A refused frame is put back to the base [-10, 10] by the calibration.
-    if (!calibre(etat.param, etat.vue, d.espace))
+    if (!ajusteVue(etat, etat.fenetre.largeurVue, etat.fenetre.hauteurVue))
         avertissement = messageBaseRetablie;
     return {};
 }

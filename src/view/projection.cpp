@@ -7,6 +7,8 @@
 // previous content; `projette` reports such a failure to its caller.
 #include "view/projection.h"
 
+#include "etat.h"
+
 #include <cmath>
 
 namespace velorin {
@@ -191,6 +193,15 @@ bool calibre(Parametres& p, Vue& v, bool modeEspace)
     else
         calibrePlan(p, v, p.repereOrthonorme);
     return true;
+}
+
+bool ajusteVue(Etat& etat, double W, double H)
+{
+    const bool espace = etat.fenetre.modeEspace;
+    etat.vue.W = W;
+    etat.vue.H = H;
+    prepareVue(etat.param, espace, etat.vue);
+    return calibre(etat.param, etat.vue, espace);
 }
 
 }  // namespace velorin

@@ -7,6 +7,8 @@
 
 namespace velorin {
 
+struct Etat;
+
 double normeCarree(double a, double b, double c);
 void produitVectoriel(double a1, double a2, double a3, double b1, double b2, double b3,
                       double& c1, double& c2, double& c3);
@@ -30,5 +32,10 @@ inline constexpr const char* messageBaseRetablie = "Pas pochible,je rétablis la
 // are refused: the bounds are then reset to -10 and 10 and the caller shows
 // "Pas pochible,je rétablis la base [-10,10 ]".
 bool calibre(Parametres& p, Vue& v, bool modeEspace);
+
+// The view of `etat` for a surface of W x H twips in the mode in force: the
+// size, the viewing set-up and the calibration. Returns false when the
+// ranges were refused (the base [-10, 10] is then in force).
+bool ajusteVue(Etat& etat, double W, double H);
 
 }  // namespace velorin

@@ -49,7 +49,7 @@ const char* motifGraduation(double v)
 
 double tailleTexteRepere(double W, double H)
 {
-    const double taille = std::round(std::min(W / 15 / 130, H / 15 / 95));
+    const double taille = std::round(std::min(W / twipsParPixelEcran / 130, H / twipsParPixelEcran / 95));
     return std::clamp(taille, 8.0, 11.0);
 }
 

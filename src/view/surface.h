@@ -9,6 +9,9 @@
 
 namespace velorin {
 
+// Twips per pixel of a 96 dpi screen or image.
+inline constexpr double twipsParPixelEcran = 15;
+
 class Surface {
 public:
     virtual ~Surface() = default;

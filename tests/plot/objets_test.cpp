@@ -4,27 +4,18 @@
 
 #include <cmath>
 
-#include "view/projection.h"
-#include "view/surface_enregistreuse.h"
+#include "outils_trace.h"
 
 using namespace velorin;
+using namespace velorin::essai;
 
 namespace {
 
-using Genre = OperationDessin::Genre;
-
 struct Scene {
     Etat etat;
-    SurfaceEnregistreuse surface{15360, 11520};
+    SurfaceEnregistreuse surface{etat.vue.W, etat.vue.H};
 
-    explicit Scene(bool espace)
-    {
-        etat.fenetre.metsModeEspace(espace);
-        etat.vue.W = surface.Width();
-        etat.vue.H = surface.Height();
-        prepareVue(etat.param, espace, etat.vue);
-        calibre(etat.param, etat.vue, espace);
-    }
+    explicit Scene(bool espace) : etat(etatCalibre(espace)) {}
     std::string trace(int genre, std::string f1, std::string f2 = {}, std::string f3 = {})
     {
         etat.trace.typeTrace = genre;
@@ -33,13 +24,7 @@ struct Scene {
         etat.moteur.formuleF3 = std::move(f3);
         return traceObjet(etat, surface, {});
     }
-    std::vector<OperationDessin> lignes() const
-    {
-        std::vector<OperationDessin> r;
-        for (const auto& o : surface.operations())
-            if (o.genre == Genre::Ligne) r.push_back(o);
-        return r;
-    }
+    std::vector<OperationDessin> lignes() const { return duGenre(surface, Genre::Ligne); }
     // Plane mode: the point of the plane drawn at (sx, sy).
     double versX(double sx) const { return (sx - etat.vue.decalX) / etat.vue.echelleX; }
     double versY(double sy) const { return (etat.vue.decalY - sy) / etat.vue.echelleY; }

@@ -19,8 +19,7 @@ inline Etat etatCalibre(bool espace)
     Etat etat;
     etat.fenetre.metsModeEspace(espace);
     etat.fenetre.pauseActive = false;
-    prepareVue(etat.param, espace, etat.vue);
-    calibre(etat.param, etat.vue, espace);
+    ajusteVue(etat, etat.vue.W, etat.vue.H);
     return etat;
 }
 

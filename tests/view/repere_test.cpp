@@ -91,8 +91,7 @@ struct Dessin {
     }
     const std::vector<OperationDessin>& trace()
     {
-        prepareVue(etat.param, etat.fenetre.modeEspace, etat.vue);
-        calibre(etat.param, etat.vue, etat.fenetre.modeEspace);
+        ajusteVue(etat, etat.vue.W, etat.vue.H);
         traceRepere(etat, surface);
         return surface.operations();
     }
