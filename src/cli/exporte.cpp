@@ -7,8 +7,10 @@
 #include <filesystem>
 #include <string>
 
+#include "app/dossiers.h"
 #include "cli/commandes.h"
 #include "cli/rendu.h"
+#include "settings/memoire.h"
 
 namespace fs = std::filesystem;
 
@@ -79,10 +81,8 @@ int commandeExporte(int argc, char** argv)
     if (!figure.empty()) return erreur("--figure : pas encore disponible");
     if (catalogue.empty() || d.entrees.empty() || d.sortie.empty())
         return erreur(std::string("il faut --catalogue, au moins une --entree et --sortie\n") + kUsage);
-    if (formatSortie(d.sortie) == FormatSortie::Inconnu)
-        return erreur("format de sortie inconnu (" + d.sortie + ") : .png, .svg, .pdf ou .txt");
 
-    const char* sousDossier = d.espace ? "Espace_courbes" : "Plan_courbes";
+    const char* sousDossier = nomsDossiers[d.espace ? 0 : 2];
     if (dossier.empty()) dossier = dossierExecutable() + sousDossier;
     fs::path chemin(catalogue);
     if (chemin.is_relative()) chemin = fs::path(dossier) / chemin;
@@ -90,8 +90,8 @@ int commandeExporte(int argc, char** argv)
     // Parameters: the named file, else "mem.log" beside the catalogue, else
     // the factory file, else the built-in values.
     if (!parametresDonnes) {
-        for (const fs::path& p : {chemin.parent_path() / "mem.log",
-                                  fs::path(dossierExecutable()) / "usine" / sousDossier / "mem.log"}) {
+        for (const fs::path& p : {chemin.parent_path() / nomFichierMemoire(true),
+                                  fs::path(dossierExecutable()) / "usine" / sousDossier / nomFichierMemoire(true)}) {
             if (fs::is_regular_file(p)) {
                 d.parametres = p.string();
                 break;

@@ -11,11 +11,13 @@
 #include <filesystem>
 #include <string>
 
+#include "app/dossiers.h"
 #include "app/surface_qpainter.h"
 #include "catalogue/catalogue.h"
 #include "cli/commandes.h"
 #include "cli/png_rapide.h"
 #include "cli/rendu.h"
+#include "settings/memoire.h"
 
 namespace fs = std::filesystem;
 
@@ -66,8 +68,8 @@ int commandeSansFenetre(int, char**)
     assureApplication();
     const std::string base = dossierExecutable();
     const fs::path apercus = fs::path(base) / "Apercus";
-    const Galerie galeries[] = {{true, "Espace_courbes", "Lisurf.lsu", "espace"},
-                                {false, "Plan_courbes", "Lico.lsu", "plan"}};
+    const Galerie galeries[] = {{true, nomsDossiers[0], "Lisurf.lsu", "espace"},
+                                {false, nomsDossiers[2], "Lico.lsu", "plan"}};
     std::printf("Pas de fenêtre : les galeries sont dessinées dans des images PNG.\n");
     int statut = 0;
     for (const Galerie& g : galeries) {
@@ -82,6 +84,8 @@ int commandeSansFenetre(int, char**)
         const fs::path dossier = apercus / g.nom;
         std::error_code ec;
         fs::create_directories(dossier, ec);
+        const fs::path mem = catalogue.parent_path() / nomFichierMemoire(true);
+        const std::string parametres = fs::exists(mem) ? mem.string() : std::string();
         std::vector<std::string> images, textes;
         for (int n = 1; n <= cat.nbLignesCatalogue; ++n) {
             LigneCatalogue ligne;
@@ -89,8 +93,7 @@ int commandeSansFenetre(int, char**)
             DemandeRendu d;
             d.espace = g.espace;
             d.catalogue = catalogue.string();
-            const fs::path mem = catalogue.parent_path() / "mem.log";
-            if (fs::exists(mem)) d.parametres = mem.string();
+            d.parametres = parametres;
             d.largeurPx = kLargeur;
             d.hauteurPx = kHauteur;
             d.entrees = {n};
