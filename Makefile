@@ -9,12 +9,14 @@ JOBS       ?= $(shell nproc)
 SUDO       := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
 PAQUETS := cmake g++ make pkg-config qt6-base-dev qt6-svg-dev qt6-translations-l10n \
-           libgtest-dev libgmock-dev libbenchmark-dev libmuparser-dev \
-           xvfb xauth xdotool
+           libgtest-dev libgmock-dev
+# Only the benchmarks (bench/) and the screenshot script need these.
+PAQUETS_BANC    := libbenchmark-dev libmuparser-dev
+PAQUETS_CAPTURE := xvfb xauth xdotool imagemagick
 # A package is missing when dpkg does not report it installed.
 MANQUANTS = $(shell for p in $(PAQUETS); do dpkg-query -W -f='$${Status}\n' $$p 2>/dev/null | grep -q 'install ok installed' || echo $$p; done)
 
-.PHONY: deps build run test bench clean
+.PHONY: deps build run test bench capture clean
 
 deps:
 	@m="$(MANQUANTS)"; if [ -n "$$m" ]; then \
@@ -40,9 +42,15 @@ test: build
 	cmake --build $(BUILD_SAN) -j $(JOBS) --target core_tests
 	cd $(BUILD_SAN) && ctest --output-on-failure -j $(JOBS)
 
+bench: PAQUETS += $(PAQUETS_BANC)
 bench: deps
 	cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DVELORIN_BENCH=ON
 	cmake --build build-bench -j $(JOBS)
+
+# Screenshots of the window on a virtual screen, in captures/.
+capture: PAQUETS += $(PAQUETS_CAPTURE)
+capture: build
+	bash scripts/capture_ecran.sh $(BUILD)/velorin captures
 
 clean:
 	rm -rf $(BUILD) $(BUILD_SAN) build-bench
