@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QFile>
 #include <QPdfWriter>
 #include <QSvgGenerator>
@@ -12,16 +11,8 @@
 namespace velorin {
 namespace {
 
-void exigeApplication()
-{
-    static int argc = 1;
-    static char nom[] = "app_tests";
-    static char* argv[] = {nom, nullptr};
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (!QCoreApplication::instance())
-        new QApplication(argc, argv);
-}
+// The Qt application of these tests is made once for the whole test
+// program by its environment (banc_fenetre.h).
 
 // A white image of w x h logical pixels (ratio: device pixels per pixel).
 QImage blanche(int w, int h, qreal ratio = 1)
@@ -39,7 +30,6 @@ bool estCouleur(QRgb p, int r, int g, int b, int tolerance = 40)
 
 TEST(SurfaceQPainter, TwipsLandOnTheirPixelsWithTheRightColours)
 {
-    exigeApplication();
     struct Cas { qreal ratio; };
     for (Cas c : {Cas{1}, Cas{2}}) {
         QImage image = blanche(200, 100, c.ratio);
@@ -66,7 +56,6 @@ TEST(SurfaceQPainter, TwipsLandOnTheirPixelsWithTheRightColours)
 
 TEST(SurfaceQPainter, GatheredSegmentsStylesAndClearing)
 {
-    exigeApplication();
     QImage image = blanche(300, 100);
     SurfaceQPainter s(image);
     // A polyline of 280 one-pixel steps, a dotted line, a wide line.
@@ -97,7 +86,6 @@ TEST(SurfaceQPainter, GatheredSegmentsStylesAndClearing)
 
 TEST(SurfaceQPainter, TextIsMeasuredAndPrintedWhereTheLayoutExpects)
 {
-    exigeApplication();
     QImage image = blanche(400, 100);
     SurfaceQPainter s(image);
     s.FontSize = 10;
@@ -129,7 +117,6 @@ TEST(SurfaceQPainter, TextIsMeasuredAndPrintedWhereTheLayoutExpects)
 
 TEST(SurfaceQPainter, ImageSvgAndPdfFilesAreWritten)
 {
-    exigeApplication();
     QTemporaryDir dossier;
     ASSERT_TRUE(dossier.isValid());
     auto dessine = [](Surface& s) {
