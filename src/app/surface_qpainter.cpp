@@ -61,13 +61,18 @@ SurfaceQPainter::~SurfaceQPainter()
     Acheve();
 }
 
-QPen SurfaceQPainter::stylo(Couleur couleur) const
+double SurfaceQPainter::epaisseur(int largeur) const
+{
+    return std::max(1, largeur) * twipsParPixelEcran * kx_;
+}
+
+QPen SurfaceQPainter::stylo(Couleur couleur, int largeur, int style) const
 {
     QPen pen(couleurQt(couleur));
-    pen.setWidthF(std::max(1, DrawWidth) * twipsParPixelEcran * kx_);
+    pen.setWidthF(epaisseur(largeur));
     pen.setCapStyle(Qt::FlatCap);
     pen.setJoinStyle(Qt::RoundJoin);
-    if (DrawStyle == 2) {
+    if (style == 2) {
         // Dot, two blanks: in pen widths, so still visible at one pixel.
         pen.setDashPattern({1, 2});
     } else {
@@ -89,12 +94,7 @@ void SurfaceQPainter::Acheve()
         trait_.clear();
         return;
     }
-    const int largeur = DrawWidth, style = DrawStyle;
-    DrawWidth = traitLargeur_;
-    DrawStyle = traitStyle_;
-    painter_->setPen(stylo(traitCouleur_));
-    DrawWidth = largeur;
-    DrawStyle = style;
+    painter_->setPen(stylo(traitCouleur_, traitLargeur_, traitStyle_));
     painter_->setBrush(Qt::NoBrush);
     painter_->drawPolyline(trait_);
     trait_.clear();
@@ -123,7 +123,7 @@ void SurfaceQPainter::PSet(double x, double y, Couleur couleur)
     Acheve();
     // A square of the pen's width, aligned on the pixels so that it stays
     // one clear pixel wide.
-    const double cote = std::max(1, DrawWidth) * twipsParPixelEcran * kx_;
+    const double cote = epaisseur(DrawWidth);
     const QPointF c = point(x, y);
     const QRectF carre(std::floor(c.x() - cote / 2 + 0.5), std::floor(c.y() - cote / 2 + 0.5),
                        std::max(1.0, std::round(cote)), std::max(1.0, std::round(cote)));
@@ -135,7 +135,7 @@ void SurfaceQPainter::PSet(double x, double y, Couleur couleur)
 void SurfaceQPainter::Circle(double x, double y, double rayon, Couleur couleur)
 {
     Acheve();
-    painter_->setPen(stylo(couleur));
+    painter_->setPen(stylo(couleur, DrawWidth, DrawStyle));
     painter_->setBrush(Qt::NoBrush);
     painter_->drawEllipse(point(x, y), rayon * kx_, rayon * ky_);
 }

@@ -56,7 +56,9 @@ public:
 private:
     void prepare(QPaintDevice& device);
     QPointF point(double x, double y) const { return {x * kx_, y * ky_}; }
-    QPen stylo(Couleur couleur) const;
+    // Pen width of `largeur` pixels, in device units.
+    double epaisseur(int largeur) const;
+    QPen stylo(Couleur couleur, int largeur, int style) const;
     QFont police() const;
 
     std::unique_ptr<QPainter> propre_;  // the painter this surface began, if any

@@ -190,11 +190,9 @@ public:
     void croix(const Vecteur3& p)
     {
         // The point step draws a tangent on a marked point; a point has none:
-        // both ends are put on the point itself.
-        double sx = 0, sy = 0;
-        if (!projette(etat_.param, etat_.vue, etat_.fenetre.modeEspace, p[0], p[1], p[2], sx, sy)) return;
-        etat_.trace.tangenteX1 = etat_.trace.tangenteX2 = sx;
-        etat_.trace.tangenteY1 = etat_.trace.tangenteY2 = sy;
+        // both ends are put on one place, which draws nothing.
+        etat_.trace.tangenteX1 = etat_.trace.tangenteX2;
+        etat_.trace.tangenteY1 = etat_.trace.tangenteY2;
         etat_.trace.nbVisiblesSuite = 0;
         if (!point(p, 1) || etat_.trace.pointVisible != 1) return;
         const double x = etat_.trace.ecranX, y = etat_.trace.ecranY;

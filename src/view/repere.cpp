@@ -85,8 +85,9 @@ public:
                 continue;
             t_.ligne(ax, ay, bx, by);
             const double l = std::hypot(bx - ax, by - ay);
+            double ex, ey;
             if (l >= 1)
-                vus_[i] = {true, entier(b.x, b.y, b.z) && t_.dedans(bx, by), bx, by,
+                vus_[i] = {true, entier(b.x, b.y, b.z, ex, ey) && t_.dedans(bx, by), bx, by,
                            (bx - ax) / l, (by - ay) / l};
         }
         for (int i = 0; i < 6; ++i) {
@@ -118,10 +119,9 @@ private:
         return projette(p_, v_, true, x, y, z, sx, sy);
     }
 
-    // The whole point is in front of the viewer and projects.
-    bool entier(double x, double y, double z) const
+    // The whole point is in front of the viewer and projects to (sx, sy).
+    bool entier(double x, double y, double z, double& sx, double& sy) const
     {
-        double sx, sy;
         return profondeur(x, y, z) > procheViseur && image(x, y, z, sx, sy);
     }
 
@@ -150,7 +150,7 @@ private:
                                  {"K", 0, 0, 1, p_.zmax, vus_[5]}};
         for (const Unite& u : unites) {
             double sx, sy;
-            if (!entier(u.x, u.y, u.z) || !image(u.x, u.y, u.z, sx, sy) || !t_.dedans(sx, sy))
+            if (!entier(u.x, u.y, u.z, sx, sy) || !t_.dedans(sx, sy))
                 continue;
             if (u.max >= 1 && u.axe.axe)
                 t_.trait(sx, sy, u.axe.ux, u.axe.uy, tailleTrait / 2);
@@ -163,7 +163,7 @@ private:
             t_.texte(u.nom, sx, sy, nx, ny, ecartLettre);
         }
         double ox, oy;
-        if (entier(0, 0, 0) && image(0, 0, 0, ox, oy) && t_.dedans(ox, oy)) {
+        if (entier(0, 0, 0, ox, oy) && t_.dedans(ox, oy)) {
             const double a = angleLibre();
             t_.texte("O", ox, oy, std::cos(a), std::sin(a), ecartLettre);
         }
