@@ -15,10 +15,10 @@
 #include <fstream>
 #include <string>
 
-#include "app/surface_qpainter.h"
+#include "qt/surface_qpainter.h"
 #include "catalogue/catalogue.h"
 #include "cli/rendu.h"
-#include "etat.h"
+#include "plot/etat.h"
 #include "plot/traceurs.h"
 #include "settings/memoire.h"
 #include "view/projection.h"

@@ -130,7 +130,7 @@ bool ecrisCatalogue(const std::string& chemin, const std::vector<Entree>& entree
     }
     if (!erreur) fs::rename(provisoire, chemin, ec);
     if (erreur || ec) {
-        std::fprintf(stderr, "fabrique_galerie : %s\n", erreur ? erreur->c_str() : ec.message().c_str());
+        std::fprintf(stderr, "fabrique_galerie : %s\n", erreur ? erreur.message().c_str() : ec.message().c_str());
         fs::remove(provisoire, ec);
         return false;
     }

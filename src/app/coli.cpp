@@ -30,7 +30,7 @@ Coli::Coli(Etat& etat, const Boites& boites, QWidget* parent) : QDialog(parent)
     // entry's text shows at once and its kind sits far right out of sight.
     List2->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     List2->setUniformItemSizes(true);
-    std::optional<std::string> erreur;
+    Erreur erreur;
     for (const std::string& ligne : listerCatalogue(etat.catalogue, &erreur))
         List2->addItem(QString::fromStdString(ligne));
     List2->item(0)->setForeground(Qt::blue);
@@ -61,7 +61,7 @@ Coli::Coli(Etat& etat, const Boites& boites, QWidget* parent) : QDialog(parent)
     resize(std::max(largeur, 500), parent ? std::max(parent->height() * 2 / 3, 300) : 500);
 
     if (erreur)
-        boites.message(this, QString::fromStdString(*erreur));
+        boites.message(this, QString::fromStdString(erreur.message()));
 }
 
 void Coli::Option1_Click(int index)

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app/boites.h"
-#include "etat.h"
+#include "plot/etat.h"
 #include "plot/demande.h"
 
 class QGroupBox;

@@ -155,7 +155,7 @@ void Mirado::crenouveau()
 
 void Mirado::afmenu()
 {
-    std::optional<std::string> erreur = ouvrirCatalogue(etat.catalogue);
+    Erreur erreur = ouvrirCatalogue(etat.catalogue);
     for (std::size_t i = 1; i < mnufa.size(); ++i)
         delete mnufa[i];
     mnufa.resize(1);
@@ -173,7 +173,7 @@ void Mirado::afmenu()
         mnufa.push_back(a);
     }
     if (erreur)
-        boites.message(this, QString::fromStdString(*erreur));
+        boites.message(this, QString::fromStdString(erreur.message()));
     if (nb > maxEntreesMenu) {
         mnufaReste = menuGraphe->addAction(
             QStringLiteral("… et %1 autres entrées : voir « 0)Au choix dans la liste complète »")

@@ -9,8 +9,8 @@
 #include <QMenu>
 #include <QScreen>
 
-#include "app/dossiers.h"
-#include "app/surface_qpainter.h"
+#include "qt/dossiers.h"
+#include "qt/surface_qpainter.h"
 #include "app/zone_dessin.h"
 #include "catalogue/catalogue.h"
 #include "settings/memoire.h"
@@ -81,7 +81,7 @@ void Mirado::debutravail()
     // from: another catalogue forgets them before anything is redrawn.
     vidage();
     if (auto erreur = ouvrirCatalogue(etat.catalogue, cheminCatalogue().toStdString()))
-        boites.message(this, QString::fromStdString(*erreur));
+        boites.message(this, QString::fromStdString(erreur.message()));
     setWindowTitle(QString::fromUtf8(legendeMirado));
     lecdebut(0);
     afmenu();
@@ -100,7 +100,7 @@ void Mirado::lecdebut(int choix)
     // A missing or damaged file changes nothing: the values in force stay
     // (at start-up, the program's own values).
     if (auto erreur = lisMemoire(chemin, etat.param))
-        boites.message(this, QString::fromStdString(*erreur) +
+        boites.message(this, QString::fromStdString(erreur.message()) +
                                  QStringLiteral("\nLes valeurs en vigueur sont conservées."));
     lecouleurs();
     affou();

@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "app/boites.h"
-#include "etat.h"
+#include "plot/etat.h"
 #include "plot/crochets.h"
 #include "plot/demande.h"
 

@@ -12,7 +12,7 @@
 #include <QLabel>
 
 #include "app/mirado.h"
-#include "app/surface_qpainter.h"
+#include "qt/surface_qpainter.h"
 #include "app/zone_dessin.h"
 
 namespace velorin {

@@ -56,7 +56,7 @@ std::string entierFormate(long long valeur, int chiffres)
     return valeur < 0 ? "-" + corps : corps;
 }
 
-std::optional<std::string> ouvrirCatalogue(Catalogue& cat, const std::string& chemin)
+Erreur ouvrirCatalogue(Catalogue& cat, const std::string& chemin)
 {
     std::error_code ec;
     if (!fs::exists(chemin, ec)) {
@@ -71,10 +71,10 @@ std::optional<std::string> ouvrirCatalogue(Catalogue& cat, const std::string& ch
     cat.chemin = chemin;
     cat.nbLignesCatalogue = static_cast<int>(*taille / tailleEnregistrement);
     cat.marquesCatalogue.resize(cat.nbLignesCatalogue + 1, 0);
-    return std::nullopt;
+    return {};
 }
 
-std::optional<std::string> ouvrirCatalogue(Catalogue& cat)
+Erreur ouvrirCatalogue(Catalogue& cat)
 {
     return ouvrirCatalogue(cat, cat.chemin);
 }
@@ -85,7 +85,7 @@ void viderLigne(LigneCatalogue& ligne)
     ligne.texte.assign(longueurTexte, ' ');
 }
 
-std::optional<std::string> lisLigne(const Catalogue& cat, int n, LigneCatalogue& ligne)
+Erreur lisLigne(const Catalogue& cat, int n, LigneCatalogue& ligne)
 {
     if (n < 1 || n > cat.nbLignesCatalogue)
         return "La ligne " + std::to_string(n) + " n'existe pas dans le catalogue " +
@@ -96,10 +96,10 @@ std::optional<std::string> lisLigne(const Catalogue& cat, int n, LigneCatalogue&
         !f.read(octets, tailleEnregistrement))
         return messageLigne("lue", n, cat);
     decodeEnregistrement(octets, ligne);
-    return std::nullopt;
+    return {};
 }
 
-std::optional<std::string> ecrisLigne(Catalogue& cat, int n, const LigneCatalogue& ligne)
+Erreur ecrisLigne(Catalogue& cat, int n, const LigneCatalogue& ligne)
 {
     if (n < 1 || n > cat.nbLignesCatalogue + 1)
         return "La ligne " + std::to_string(n) + " ne peut pas être écrite dans le catalogue " +
@@ -123,7 +123,7 @@ std::optional<std::string> ecrisLigne(Catalogue& cat, int n, const LigneCatalogu
         cat.nbLignesCatalogue = n;
         cat.marquesCatalogue.resize(n + 1, 0);
     }
-    return std::nullopt;
+    return {};
 }
 
 std::string ligneListeCatalogue(int n, const LigneCatalogue& ligne)
@@ -131,10 +131,10 @@ std::string ligneListeCatalogue(int n, const LigneCatalogue& ligne)
     return entierFormate(n, 4) + "]" + ligne.texte + "[" + entierFormate(ligne.typeFonction, 2);
 }
 
-std::vector<std::string> listerCatalogue(Catalogue& cat, std::optional<std::string>* erreur)
+std::vector<std::string> listerCatalogue(Catalogue& cat, Erreur* erreur)
 {
     std::vector<std::string> liste{enteteListeCatalogue};
-    std::optional<std::string> probleme = ouvrirCatalogue(cat);
+    Erreur probleme = ouvrirCatalogue(cat);
     if (!probleme) {
         // The whole file in one read: a list refresh must stay quick.
         std::string contenu(std::size_t(cat.nbLignesCatalogue) * tailleEnregistrement, '\0');

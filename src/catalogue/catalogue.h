@@ -11,7 +11,7 @@
 // never truncated).
 #pragma once
 #include <cstdint>
-#include <optional>
+#include "base/erreur.h"
 #include <string>
 #include <vector>
 
@@ -37,24 +37,24 @@ struct Catalogue {
 // Takes `chemin` as the catalogue in force, creating an empty file when it
 // does not exist, and counts its records (a trailing partial record is
 // ignored). On failure the catalogue keeps its previous path and count.
-std::optional<std::string> ouvrirCatalogue(Catalogue& cat, const std::string& chemin);
+Erreur ouvrirCatalogue(Catalogue& cat, const std::string& chemin);
 // Opens again the catalogue in force (the count follows the file on disk).
-std::optional<std::string> ouvrirCatalogue(Catalogue& cat);
+Erreur ouvrirCatalogue(Catalogue& cat);
 
 // Kind 0 and an all-blank text.
 void viderLigne(LigneCatalogue& ligne);
 
 // Reads record n (1..nbLignesCatalogue).
-std::optional<std::string> lisLigne(const Catalogue& cat, int n, LigneCatalogue& ligne);
+Erreur lisLigne(const Catalogue& cat, int n, LigneCatalogue& ligne);
 // Writes record n (1..nbLignesCatalogue + 1; the last value appends). The
 // text is converted to Windows-1252, cut or padded to 300 bytes.
-std::optional<std::string> ecrisLigne(Catalogue& cat, int n, const LigneCatalogue& ligne);
+Erreur ecrisLigne(Catalogue& cat, int n, const LigneCatalogue& ligne);
 
 // The list of the catalogue: reopens it, then item 0 is the header line and
 // item n is record n: n as "0000", "]", the 300-character text, "[", the
 // kind as "00". When the catalogue cannot be read, the list holds the header
 // and the records read so far, and `erreur` (if given) receives the message.
-std::vector<std::string> listerCatalogue(Catalogue& cat, std::optional<std::string>* erreur = nullptr);
+std::vector<std::string> listerCatalogue(Catalogue& cat, Erreur* erreur = nullptr);
 
 // The list line of one record (item n of the list above).
 std::string ligneListeCatalogue(int n, const LigneCatalogue& ligne);

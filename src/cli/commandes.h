@@ -10,7 +10,5 @@ int commandeCalcule(int argc, char** argv);
 int commandeExporte(int argc, char** argv);
 // `velorin sansfenetre`: what `make run` does without a display.
 int commandeSansFenetre(int argc, char** argv);
-// No argument: the main window.
-int lanceFenetre(int argc, char** argv);
 
 }  // namespace velorin

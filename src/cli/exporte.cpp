@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <string>
 
-#include "app/dossiers.h"
+#include "qt/dossiers.h"
 #include "cli/commandes.h"
 #include "cli/rendu.h"
 #include "settings/memoire.h"
@@ -106,7 +106,7 @@ int commandeExporte(int argc, char** argv)
         for (std::size_t i = 0; i < r.dureesMs.size(); ++i)
             std::fprintf(stderr, "entrée %d : %.1f ms\n", d.entrees[i], r.dureesMs[i]);
     }
-    if (!r.erreur.empty()) return erreur(r.erreur);
+    if (r.erreur) return erreur(r.erreur.message());
     return 0;
 }
 

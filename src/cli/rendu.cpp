@@ -20,10 +20,10 @@
 #include <memory>
 #include <unistd.h>
 
-#include "app/surface_qpainter.h"
+#include "qt/surface_qpainter.h"
 #include "catalogue/catalogue.h"
-#include "cli/png_rapide.h"
-#include "etat.h"
+#include "qt/png_rapide.h"
+#include "plot/etat.h"
 #include "plot/demande.h"
 #include "settings/memoire.h"
 #include "view/projection.h"
@@ -53,7 +53,7 @@ public:
     }
     const std::string& chemin() const { return chemin_; }
     // Gives the temporary file the output's name; the error text on failure.
-    std::string installe()
+    Erreur installe()
     {
         std::error_code ec;
         fs::rename(chemin_, final_, ec);
@@ -69,7 +69,7 @@ private:
 
 // Prepares the state as the main window has it after reading the parameters
 // for a drawing area of that size.
-std::string prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertissement)
+Erreur prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertissement)
 {
     etat.fenetre.metsModeEspace(d.espace);
     const fs::path cat(d.catalogue);
@@ -77,10 +77,10 @@ std::string prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertiss
     etat.fenetre.fichierCatalogue = cat.filename().string();
     if (!fs::is_regular_file(cat)) return "catalogue introuvable : " + d.catalogue;
     if (!d.parametres.empty()) {
-        if (auto erreur = lisMemoire(d.parametres, etat.param)) return *erreur;
+        if (auto erreur = lisMemoire(d.parametres, etat.param)) return erreur;
     }
     if (d.ordreBoucles >= 0) etat.param.ordreBoucles = static_cast<std::uint8_t>(d.ordreBoucles);
-    if (auto erreur = ouvrirCatalogue(etat.catalogue, d.catalogue)) return *erreur;
+    if (auto erreur = ouvrirCatalogue(etat.catalogue, d.catalogue)) return erreur;
     for (int n : d.entrees) {
         if (n < 1 || n > etat.catalogue.nbLignesCatalogue)
             return "le catalogue " + d.catalogue + " n'a pas d'entrée " + std::to_string(n) + " (il en a " +
@@ -95,7 +95,7 @@ std::string prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertiss
 }
 
 // Clearing, frame, then the entries in order; stops at the first message.
-std::string dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<double>& durees)
+Erreur dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<double>& durees)
 {
     effaceEcran(etat, surface);
     traceRepere(etat, surface);
@@ -107,17 +107,18 @@ std::string dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::ve
     return {};
 }
 
-std::string renduJournal(Etat& etat, const DemandeRendu& d, const std::string& chemin, std::vector<double>& durees)
+Erreur renduJournal(Etat& etat, const DemandeRendu& d, const std::string& chemin, std::vector<double>& durees)
 {
     SurfaceEnregistreuse surface(etat.vue.W, etat.vue.H);
-    if (auto erreur = dessine(etat, surface, d, durees); !erreur.empty()) return erreur;
+    if (auto erreur = dessine(etat, surface, d, durees)) return erreur;
     std::ofstream f(chemin, std::ios::binary);
     surface.ecrisJournal(f);
     f.close();
-    return f ? std::string() : "impossible d'écrire " + chemin;
+    if (!f) return "impossible d'écrire " + chemin;
+    return {};
 }
 
-std::string renduQt(Etat& etat, const DemandeRendu& d, FormatSortie format, const std::string& chemin,
+Erreur renduQt(Etat& etat, const DemandeRendu& d, FormatSortie format, const std::string& chemin,
                     std::vector<double>& durees)
 {
     const QString fichier = QString::fromStdString(chemin);
@@ -143,15 +144,14 @@ std::string renduQt(Etat& etat, const DemandeRendu& d, FormatSortie format, cons
         appareil = std::move(pdf);
     }
     QPaintDevice* cible = appareil ? appareil.get() : &image;
-    std::string erreur;
+    Erreur erreur;
     {
         SurfaceQPainter surface(*cible, etat.vue.W, etat.vue.H);
         erreur = dessine(etat, surface, d, durees);
     }
-    if (!erreur.empty()) return erreur;
+    if (erreur) return erreur;
     if (format == FormatSortie::Png) {
-        const std::string echec = ecrisPngRapide(image, chemin);
-        if (!echec.empty()) return echec;
+        if (auto echec = ecrisPngRapide(image, chemin)) return echec;
     }
     appareil.reset();
     if (!fs::exists(chemin)) return "impossible d'écrire " + chemin;
@@ -190,14 +190,18 @@ ResultatRendu rendu(const DemandeRendu& d)
     }
     Etat etat;
     r.erreur = prepareEtat(d, etat, r.avertissement);
-    if (!r.erreur.empty()) return r;
+    if (r.erreur) return r;
     FichierProvisoire provisoire(d.sortie);
     r.erreur = format == FormatSortie::Texte ? renduJournal(etat, d, provisoire.chemin(), r.dureesMs)
                                              : renduQt(etat, d, format, provisoire.chemin(), r.dureesMs);
-    if (r.erreur.empty()) r.erreur = provisoire.installe();
+    if (!r.erreur) r.erreur = provisoire.installe();
     // The user knows the output file, not its temporary name.
-    for (auto p = r.erreur.find(provisoire.chemin()); p != std::string::npos; p = r.erreur.find(provisoire.chemin()))
-        r.erreur.replace(p, provisoire.chemin().size(), d.sortie);
+    if (r.erreur) {
+        std::string message = r.erreur.message();
+        for (auto p = message.find(provisoire.chemin()); p != std::string::npos; p = message.find(provisoire.chemin()))
+            message.replace(p, provisoire.chemin().size(), d.sortie);
+        r.erreur = Erreur(message);
+    }
     return r;
 }
 

@@ -4,6 +4,8 @@
 // surface's text journal. Shared by `velorin exporte` and `velorin sansfenetre`.
 #pragma once
 #include <string>
+
+#include "base/erreur.h"
 #include <vector>
 
 namespace velorin {
@@ -21,7 +23,7 @@ struct DemandeRendu {
 };
 
 struct ResultatRendu {
-    std::string erreur;            // French, one line; empty on success
+    Erreur erreur;                 // French, one line
     std::string avertissement;     // e.g. refused ranges reset; the file is written all the same
     std::vector<double> dureesMs;  // tracing time of each entry
 };

@@ -11,11 +11,11 @@
 #include <filesystem>
 #include <string>
 
-#include "app/dossiers.h"
-#include "app/surface_qpainter.h"
+#include "qt/dossiers.h"
+#include "qt/surface_qpainter.h"
 #include "catalogue/catalogue.h"
 #include "cli/commandes.h"
-#include "cli/png_rapide.h"
+#include "qt/png_rapide.h"
 #include "cli/rendu.h"
 #include "settings/memoire.h"
 
@@ -58,7 +58,7 @@ bool planche(const std::vector<std::string>& images, const std::vector<std::stri
         p.drawText(QRect(x + 4, y + hv + 2, kVignette - 8, kLegende - 4), Qt::TextWrapAnywhere, legende);
     }
     p.end();
-    return ecrisPngRapide(feuille, sortie).empty();
+    return !ecrisPngRapide(feuille, sortie);
 }
 
 }  // namespace
@@ -101,8 +101,8 @@ int commandeSansFenetre(int, char**)
             std::snprintf(nom, sizeof nom, "%02d.png", n);
             d.sortie = (dossier / nom).string();
             const ResultatRendu r = rendu(d);
-            if (!r.erreur.empty()) {
-                std::printf("  %s, entrée %d : %s\n", g.fichier, n, r.erreur.c_str());
+            if (r.erreur) {
+                std::printf("  %s, entrée %d : %s\n", g.fichier, n, r.erreur.message().c_str());
                 statut = 1;
             }
             images.push_back(d.sortie);

@@ -115,7 +115,7 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     }
     LigneCatalogue entree;
     if (auto erreur = lisLigne(cat, numero, entree)) {
-        r.message = *erreur;
+        r.message = erreur.message();
         return r;
     }
     const int type = entree.typeFonction;

@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "etat.h"
+#include "plot/etat.h"
 #include "plot/crochets.h"
 #include "view/surface.h"
 

@@ -2,7 +2,7 @@
 // where g < f < h, with g, f, h in formuleF1, formuleF2, formuleF3 read by the
 // cloud family of the evaluator (variables X, Y, Z).
 #pragma once
-#include "etat.h"
+#include "plot/etat.h"
 #include "plot/crochets.h"
 #include "view/surface.h"
 

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "etat.h"
+#include "plot/etat.h"
 #include "plot/crochets.h"
 #include "view/surface.h"
 

@@ -1,7 +1,7 @@
 // The point step shared by every tracer: visibility, pen lifts, joining,
 // tangent, radius and projection marks, and the per-point pause.
 #pragma once
-#include "etat.h"
+#include "plot/etat.h"
 #include "plot/crochets.h"
 #include "view/surface.h"
 

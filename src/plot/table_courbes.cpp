@@ -1,7 +1,7 @@
 #include "plot/table_courbes.h"
 
 #include "catalogue/catalogue.h"
-#include "etat.h"
+#include "plot/etat.h"
 
 namespace velorin {
 

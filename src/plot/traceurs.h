@@ -5,7 +5,7 @@
 #pragma once
 #include <string>
 
-#include "etat.h"
+#include "plot/etat.h"
 #include "plot/crochets.h"
 #include "view/surface.h"
 

@@ -111,7 +111,7 @@ bool litNombre(const std::string& texte, double& v)
 
 // Converts one value into its member of `p`; returns the message's end on
 // failure.
-std::optional<std::string> convertis(const std::string& texte, const Champ& champ, Parametres& p)
+Erreur convertis(const std::string& texte, const Champ& champ, Parametres& p)
 {
     const bool caseACocher = std::holds_alternative<int Parametres::*>(champ.membre);
     double v;
@@ -139,7 +139,7 @@ std::optional<std::string> convertis(const std::string& texte, const Champ& cham
     } else {
         p.*std::get<double Parametres::*>(champ.membre) = v;
     }
-    return std::nullopt;
+    return {};
 }
 
 }  // namespace
@@ -167,7 +167,7 @@ std::string texteMemoire(const Parametres& p)
     return s;
 }
 
-std::optional<std::string> analyseMemoire(const std::string& contenu, const std::string& chemin,
+Erreur analyseMemoire(const std::string& contenu, const std::string& chemin,
                                           Parametres& p)
 {
     std::vector<std::string> lignes;
@@ -190,13 +190,13 @@ std::optional<std::string> analyseMemoire(const std::string& contenu, const std:
                    " valeurs attendues, " + valeursTrouvees(valeurs.size());
         for (std::size_t i = 0; i < champs.size(); ++i)
             if (auto erreur = convertis(valeurs[i], champs[i], lu))
-                return enTete(chemin, n) + "valeur " + std::to_string(i + 1) + ", " + *erreur;
+                return enTete(chemin, n) + "valeur " + std::to_string(i + 1) + ", " + erreur.message();
     }
     p = lu;
-    return std::nullopt;
+    return {};
 }
 
-std::optional<std::string> lisMemoire(const std::string& chemin, Parametres& p)
+Erreur lisMemoire(const std::string& chemin, Parametres& p)
 {
     std::ifstream f(chemin, std::ios::binary);
     if (!f)
@@ -213,7 +213,7 @@ std::optional<std::string> lisMemoire(const std::string& chemin, Parametres& p)
     return analyseMemoire(contenu, chemin, p);
 }
 
-std::optional<std::string> ecrisMemoire(const std::string& chemin, const Parametres& p)
+Erreur ecrisMemoire(const std::string& chemin, const Parametres& p)
 {
     for (const auto& ligne : lignesFichier())
         for (const Champ& c : ligne)
@@ -239,7 +239,7 @@ std::optional<std::string> ecrisMemoire(const std::string& chemin, const Paramet
         std::filesystem::remove(provisoire, erreur);
         return "Impossible de remplacer le fichier " + chemin;
     }
-    return std::nullopt;
+    return {};
 }
 
 }  // namespace velorin

@@ -4,7 +4,7 @@
 // the file and the line; nothing is thrown and a failed read changes
 // nothing.
 #pragma once
-#include <optional>
+#include "base/erreur.h"
 #include <string>
 
 #include "settings/parametres.h"
@@ -37,18 +37,18 @@ std::string texteMemoire(const Parametres& p);
 // (half to even) and must lie in -32768..32767; a check box takes 0 or 1,
 // and "#TRUE#"/"#FALSE#" are taken there as 1 and 0 (the other fields need a
 // number).
-std::optional<std::string> analyseMemoire(const std::string& contenu, const std::string& chemin,
+Erreur analyseMemoire(const std::string& contenu, const std::string& chemin,
                                           Parametres& p);
 
 // Reads the file `chemin` (see analyseMemoire); a missing or unreadable
 // file is reported the same way.
-std::optional<std::string> lisMemoire(const std::string& chemin, Parametres& p);
+Erreur lisMemoire(const std::string& chemin, Parametres& p);
 
 // Writes `p` to `chemin`, replacing the file. The text goes first to a
 // temporary file beside it that then takes its name, so that a failure
 // never leaves a half-written memory file. A value that is not finite is
 // refused (it could not be read back). Returns the French message on
 // failure.
-std::optional<std::string> ecrisMemoire(const std::string& chemin, const Parametres& p);
+Erreur ecrisMemoire(const std::string& chemin, const Parametres& p);
 
 }  // namespace velorin

@@ -7,7 +7,7 @@
 // previous content; `projette` reports such a failure to its caller.
 #include "view/projection.h"
 
-#include "etat.h"
+#include "plot/etat.h"
 
 #include <cmath>
 

@@ -3,7 +3,7 @@
 #pragma once
 #include <string>
 
-#include "etat.h"
+#include "plot/etat.h"
 #include "view/surface.h"
 
 namespace velorin {

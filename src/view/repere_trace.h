@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "etat.h"
+#include "plot/etat.h"
 #include "view/placement.h"
 #include "view/surface.h"
 

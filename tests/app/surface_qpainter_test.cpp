@@ -5,8 +5,8 @@
 #include <QSvgGenerator>
 #include <QTemporaryDir>
 
-#include "app/surface_qpainter.h"
-#include "cli/png_rapide.h"
+#include "qt/surface_qpainter.h"
+#include "qt/png_rapide.h"
 
 namespace velorin {
 namespace {
@@ -135,11 +135,11 @@ TEST(SurfaceQPainter, ImageSvgAndPdfFilesAreWritten)
         dessine(s);
     }
     const QString png = dossier.filePath("repere.png");
-    EXPECT_TRUE(ecrisPngRapide(image, png.toStdString()).empty());
+    EXPECT_FALSE(ecrisPngRapide(image, png.toStdString()));
     const QImage relue(png);
     ASSERT_EQ(relue.size(), image.size());
     EXPECT_EQ(relue.convertToFormat(QImage::Format_RGB32), image);
-    EXPECT_FALSE(ecrisPngRapide(image, dossier.filePath("absent/x.png").toStdString()).empty());
+    EXPECT_TRUE(ecrisPngRapide(image, dossier.filePath("absent/x.png").toStdString()));
 
     // SVG and PDF: the surface measures them in twips too.
     QSvgGenerator svg;

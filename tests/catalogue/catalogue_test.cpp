@@ -106,7 +106,7 @@ TEST_F(Catalogues, FailuresAreReportedInFrenchAndChangeNothing)
                          Cas{chemin("absent/x.lsu"), "ne peut pas être créé"}}) {
         const auto erreur = ouvrirCatalogue(cat, c.chemin);
         ASSERT_TRUE(erreur) << c.chemin;
-        EXPECT_NE(erreur->find(c.attendu), std::string::npos) << *erreur;
+        EXPECT_NE(erreur.message().find(c.attendu), std::string::npos) << erreur.message();
         EXPECT_EQ(cat.chemin, bon);  // the catalogue in force is kept
     }
     LigneCatalogue ligne;
@@ -121,7 +121,7 @@ TEST_F(Catalogues, FailuresAreReportedInFrenchAndChangeNothing)
     fs::create_directory(bon);
     EXPECT_TRUE(lisLigne(cat, 1, ligne));
     EXPECT_TRUE(ecrisLigne(cat, 1, LigneCatalogue{2, "x"}));
-    std::optional<std::string> erreurListe;
+    Erreur erreurListe;
     EXPECT_EQ(listerCatalogue(cat, &erreurListe).size(), 1u);
     EXPECT_TRUE(erreurListe);
 }

@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "etat.h"
+#include "plot/etat.h"
 #include "view/projection.h"
 #include "view/surface_enregistreuse.h"
 

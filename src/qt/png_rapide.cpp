@@ -1,4 +1,4 @@
-#include "cli/png_rapide.h"
+#include "qt/png_rapide.h"
 
 #include <zlib.h>
 
@@ -33,7 +33,7 @@ bool ecrisBloc(std::FILE* f, const char type[4], const unsigned char* donnees, s
 
 }  // namespace
 
-std::string ecrisPngRapide(const QImage& source, const std::string& chemin)
+Erreur ecrisPngRapide(const QImage& source, const std::string& chemin)
 {
     const QImage image = source.format() == QImage::Format_RGB32 || source.format() == QImage::Format_ARGB32
                              ? source

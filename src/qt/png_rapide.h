@@ -6,10 +6,11 @@
 #include <QImage>
 #include <string>
 
+#include "base/erreur.h"
+
 namespace velorin {
 
 // Writes `image` (any format; stored as 8-bit RGB, 96 dpi) to `chemin`.
-// Returns an empty string on success, otherwise the French message.
-std::string ecrisPngRapide(const QImage& image, const std::string& chemin);
+Erreur ecrisPngRapide(const QImage& image, const std::string& chemin);
 
 }  // namespace velorin

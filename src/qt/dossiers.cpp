@@ -1,4 +1,4 @@
-#include "app/dossiers.h"
+#include "qt/dossiers.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "etat.h"
+#include "plot/etat.h"
 
 namespace velorin {
 

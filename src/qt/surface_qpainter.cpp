@@ -1,4 +1,4 @@
-#include "app/surface_qpainter.h"
+#include "qt/surface_qpainter.h"
 
 #include <QFontMetricsF>
 #include <QPaintDevice>

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "app/lancement.h"
 #include "cli/commandes.h"
 
 int main(int argc, char** argv)

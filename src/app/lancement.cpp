@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "app/mirado.h"
-#include "cli/commandes.h"
+#include "app/lancement.h"
 
 namespace velorin {
 
