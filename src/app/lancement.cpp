@@ -5,7 +5,7 @@
 #include <QTranslator>
 #include <memory>
 
-#include "app/mirado.h"
+#include "app/fenetre/mirado.h"
 #include "app/lancement.h"
 
 namespace velorin {

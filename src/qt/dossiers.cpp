@@ -19,7 +19,7 @@ void fixeDossiers(EtatFenetre& f, const QString& dossierAppli)
     f.cheminPlanFig = chemin(3);
 }
 
-QStringList prepareDossiers(const QString& dossierAppli)
+Erreur prepareDossiers(const QString& dossierAppli)
 {
     QStringList echecs;
     const QDir appli(dossierAppli);
@@ -43,7 +43,9 @@ QStringList prepareDossiers(const QString& dossierAppli)
                 QFile::setPermissions(cible, QFile::permissions(cible) | QFileDevice::WriteOwner);
         }
     }
-    return echecs;
+    if (echecs.isEmpty())
+        return {};
+    return echecs.join(QLatin1Char('\n')).toStdString();
 }
 
 }  // namespace velorin

@@ -2,7 +2,8 @@
 // space and of the plane, figures of space and of the plane.
 #pragma once
 #include <QString>
-#include <QStringList>
+
+#include "base/erreur.h"
 
 #include "plot/etat.h"
 
@@ -18,7 +19,8 @@ void fixeDossiers(EtatFenetre& f, const QString& dossierAppli);
 
 // Creates each folder that is missing and copies into it every factory file
 // of <appli>/usine/<folder>/ that it lacks (a file the user has is never
-// replaced). Returns what could not be done, one French sentence per failure.
-QStringList prepareDossiers(const QString& dossierAppli);
+// replaced). On failure, says what could not be done, one French sentence
+// per line.
+Erreur prepareDossiers(const QString& dossierAppli);
 
 }  // namespace velorin

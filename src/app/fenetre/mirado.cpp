@@ -1,17 +1,20 @@
 // The main window: start-up, reading of the parameters, calibration and the
 // redraw of everything.
-#include "app/mirado.h"
+#include "app/fenetre/mirado.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QLabel>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
+#include <QTimer>
+#include <QToolButton>
 
 #include "qt/dossiers.h"
 #include "qt/surface_qpainter.h"
-#include "app/zone_dessin.h"
+#include "app/fenetre/zone_dessin.h"
 #include "catalogue/catalogue.h"
 #include "settings/memoire.h"
 #include "view/projection.h"
@@ -29,13 +32,13 @@ Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
     creePanneaux();
     creeMenus();
     creeMinuteries();
+    menuBar()->installEventFilter(this);
 
     // Form_Load
     EtatFenetre& f = etat.fenetre;
     fixeDossiers(f, dossierAppli);
-    const QStringList echecs = prepareDossiers(dossierAppli);
-    if (!echecs.isEmpty())
-        boites.message(this, echecs.join(QLatin1Char('\n')));
+    if (auto erreur = prepareDossiers(dossierAppli))
+        boites.message(this, QString::fromStdString(erreur.message()));
     f.choisisMode(true);
     f.fichierCatalogue = "Lisurf.lsu";
     placeFenetre();
@@ -85,7 +88,8 @@ void Mirado::debutravail()
     setWindowTitle(QString::fromUtf8(legendeMirado));
     lecdebut(0);
     afmenu();
-    mnutrace->setTitle(QStringLiteral("Dans ") + cheminCatalogue());
+    titreTrace_ = QStringLiteral("Dans ") + cheminCatalogue();
+    ajusteTitreTrace();
     mnupara_Click(5);
     mnupara_Click(3);
     affviseur();
@@ -130,7 +134,7 @@ void Mirado::nouvelleImage()
 
 void Mirado::suisTaille()
 {
-    attenteTaille_.stop();
+    attenteTaille_->stop();
     if (traceEnCours_) {
         // The bitmap is being drawn on: the new size waits for the end.
         redessinEnAttente_ = true;
@@ -158,7 +162,7 @@ void Mirado::controlfenetre()
     boites.message(this, QString::fromUtf8(messageBaseRetablie));
     // "mem.log" back in force; if it is unreadable or itself refused, the
     // base [-10,10] set by the calibration stays.
-    lisMemoire(f.dossierCourbes + nomFichierMemoire(true), etat.param);
+    static_cast<void>(lisMemoire(f.dossierCourbes + nomFichierMemoire(true), etat.param));
     ajusteVue(etat, W, H);
     affou();
     affviseur();
@@ -178,6 +182,43 @@ void Mirado::Command3_Click()
     controlfenetre();
     effaceEtRepere();
     retraceLignes(toutesLesCourbes());
+}
+
+bool Mirado::barreDeborde()
+{
+    QMenuBar* barre = menuBar();
+    // Asking for a geometry brings the bar's layout up to date; the entries
+    // that do not fit are then behind the "»" button.
+    for (QAction* a : barre->actions())
+        if (a->isVisible() && !barre->rect().contains(barre->actionGeometry(a)))
+            return true;
+    const auto* suite = barre->findChild<QToolButton*>(QStringLiteral("qt_menubar_ext_button"));
+    return suite && !suite->isHidden();
+}
+
+void Mirado::ajusteTitreTrace()
+{
+    QAction* titre = mnutrace->menuAction();
+    // A caption that changes makes the bar lay its entries out again (a
+    // resize reaches this before the bar itself).
+    mnutrace->setTitle(QString());
+    mnutrace->setTitle(titreTrace_);
+    titre->setToolTip(QString());
+    if (!barreDeborde())
+        return;
+    // The widest shortened caption with which every menu shows.
+    const QFontMetrics fm(menuBar()->font());
+    int bas = 0, haut = fm.horizontalAdvance(titreTrace_);
+    while (bas < haut) {
+        const int milieu = (bas + haut + 1) / 2;
+        mnutrace->setTitle(fm.elidedText(titreTrace_, Qt::ElideMiddle, milieu));
+        if (barreDeborde())
+            haut = milieu - 1;
+        else
+            bas = milieu;
+    }
+    mnutrace->setTitle(fm.elidedText(titreTrace_, Qt::ElideMiddle, bas));
+    titre->setToolTip(titreTrace_);
 }
 
 void Mirado::closeEvent(QCloseEvent* e)

@@ -10,10 +10,12 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenuBar>
+#include <QTimer>
 
-#include "app/mirado.h"
+#include "app/fenetre/mirado.h"
 #include "qt/surface_qpainter.h"
-#include "app/zone_dessin.h"
+#include "app/fenetre/zone_dessin.h"
 
 namespace velorin {
 
@@ -28,28 +30,34 @@ constexpr int attenteRedimension = 60;  // ms
 
 void Mirado::creeMinuteries()
 {
+    auto minuterie = [this](const char* nom, int ms) {
+        auto* t = new QTimer(this);
+        t->setObjectName(QString::fromUtf8(nom));
+        t->setInterval(ms);
+        return t;
+    };
     // Timer1 has the interval 0, which in this program means "never": it is
     // not started (a Qt timer of 0 ms would fire at every idle moment).
-    Timer1.setInterval(0);
-    connect(&Timer1, &QTimer::timeout, this, &Mirado::Timer1_Timer);
-    Timer2.setInterval(500);   // full turn, with the rotations
-    Timer3.setInterval(1000);  // head rotation, with the rotations
-    Timer4.setInterval(100);
-    connect(&Timer4, &QTimer::timeout, this, &Mirado::Timer4_Timer);
+    Timer1 = minuterie("Timer1", 0);
+    connect(Timer1, &QTimer::timeout, this, &Mirado::Timer1_Timer);
+    Timer2 = minuterie("Timer2", 500);   // full turn, with the rotations
+    Timer3 = minuterie("Timer3", 1000);  // head rotation, with the rotations
+    Timer4 = minuterie("Timer4", 100);
+    connect(Timer4, &QTimer::timeout, this, &Mirado::Timer4_Timer);
     // Timer5 switches itself off when it fires: the tracers' pause waits
     // for that.
-    Timer5.setSingleShot(true);
-    Timer5.setInterval(200);
-    Timer5.start();
+    Timer5 = minuterie("Timer5", 200);
+    Timer5->setSingleShot(true);
+    Timer5->start();
     // Timer6 hides the tip bubble: a bubble stays at most two seconds.
-    Timer6.setInterval(2000);
-    connect(&Timer6, &QTimer::timeout, Label6, &QLabel::hide);
-    Timer6.start();
+    Timer6 = minuterie("Timer6", 2000);
+    connect(Timer6, &QTimer::timeout, Label6, &QLabel::hide);
+    Timer6->start();
 
-    attenteTaille_.setSingleShot(true);
-    attenteTaille_.setInterval(attenteRedimension);
-    connect(&attenteTaille_, &QTimer::timeout, this, &Mirado::suisTaille);
-    connect(zone_, &ZoneDessin::tailleChangee, this, [this] { attenteTaille_.start(); });
+    attenteTaille_ = minuterie("attenteTaille", attenteRedimension);
+    attenteTaille_->setSingleShot(true);
+    connect(attenteTaille_, &QTimer::timeout, this, &Mirado::suisTaille);
+    connect(zone_, &ZoneDessin::tailleChangee, attenteTaille_, qOverload<>(&QTimer::start));
 }
 
 void Mirado::Timer1_Timer()
@@ -79,9 +87,9 @@ CrochetsTrace Mirado::crochets()
     CrochetsTrace c;
     c.pause = [this](int ms) {
         montreProgres();
-        Timer5.setInterval(ms);
-        Timer5.start();
-        while (Timer5.isActive() && !echap_)
+        Timer5->setInterval(ms);
+        Timer5->start();
+        while (Timer5->isActive() && !echap_)
             QApplication::processEvents(QEventLoop::WaitForMoreEvents);
         depuisPause_.restart();
     };
@@ -111,6 +119,8 @@ bool Mirado::eventFilter(QObject* objet, QEvent* evenement)
 {
     if (objet == centralWidget() && evenement->type() == QEvent::Resize)
         arrangelabel();  // Form_Resize
+    if (objet == menuBar() && evenement->type() == QEvent::Resize)
+        ajusteTitreTrace();
     if (traceEnCours_ && evenement->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(evenement)->key() == Qt::Key_Escape) {
         echap_ = true;
@@ -146,9 +156,9 @@ int Mirado::seance(const std::vector<Requete>& requetes)
         // Each request is timed on its own: tics from 0, Timer4 running.
         etat.fenetre.tics = 0;
         chrono_.start();
-        Timer4.start();
+        Timer4->start();
         const ResultatTrace r = demandeTrace(etat, *surface_, q.numero, q.options, crochets());
-        Timer4.stop();
+        Timer4->stop();
         Timer4_Timer();
         if (!r.message.empty())
             messages << QString::fromStdString(r.message);

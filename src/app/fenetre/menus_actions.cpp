@@ -6,9 +6,9 @@
 #include <QMenu>
 #include <QProcess>
 
-#include "app/coli.h"
-#include "app/licou.h"
-#include "app/mirado.h"
+#include "app/dialogues/coli.h"
+#include "app/dialogues/licou.h"
+#include "app/fenetre/mirado.h"
 #include "catalogue/catalogue.h"
 #include "view/projection.h"
 #include "view/repere.h"
@@ -94,6 +94,7 @@ void Mirado::aflico()
             QAction* a = l.menu->addAction(nom.isEmpty() ? QString::fromUtf8(legendeCreer)
                                                          : sansMnemonique(nom));
             a->setData(nom);
+            nommeArticle(a, l.menu == menuLifi ? "mnulifi" : "mnulico", index);
             auto clic = l.clic;
             connect(a, &QAction::triggered, this, [this, clic, index] { (this->*clic)(index); });
             l.articles.push_back(a);
@@ -103,30 +104,30 @@ void Mirado::aflico()
 
 // Choosing a catalogue file: the mode of its folder first (folders, panel),
 // then the creation of a new file or the start of work on the chosen one.
-static void choisitFichier(Mirado& m, bool espace, const QAction* article)
+void Mirado::choisitFichier(bool espace, const QAction* article)
 {
-    if (m.refuseSiOccupe())
+    if (refuseSiOccupe())
         return;
-    EtatFenetre& f = m.etat.fenetre;
+    EtatFenetre& f = etat.fenetre;
     f.choisisMode(espace);
-    m.montrePanneau();
+    montrePanneau();
     const QString nom = article->data().toString();
     if (nom.isEmpty()) {
-        m.crenouveau();
+        crenouveau();
         return;
     }
     f.fichierCatalogue = nom.toStdString();
-    m.debutravail();
+    debutravail();
 }
 
 void Mirado::mnulifi_Click(int index)
 {
-    choisitFichier(*this, true, mnulifi.at(index));
+    choisitFichier(true, mnulifi.at(index));
 }
 
 void Mirado::mnulico_Click(int index)
 {
-    choisitFichier(*this, false, mnulico.at(index));
+    choisitFichier(false, mnulico.at(index));
 }
 
 void Mirado::crenouveau()
@@ -170,6 +171,7 @@ void Mirado::afmenu()
         const QString texte = QString::fromStdString(entierFormate(n, 3) + ")" + ligne.texte);
         QAction* a = menuGraphe->addAction(sansMnemonique(texte.trimmed()));
         connect(a, &QAction::triggered, this, [this, n] { mnufa_Click(n); });
+        nommeArticle(a, "mnufa", int(mnufa.size()));
         mnufa.push_back(a);
     }
     if (erreur)
@@ -179,6 +181,7 @@ void Mirado::afmenu()
             QStringLiteral("… et %1 autres entrées : voir « 0)Au choix dans la liste complète »")
                 .arg(nb - maxEntreesMenu));
         mnufaReste->setEnabled(false);
+        mnufaReste->setObjectName(QStringLiteral("mnufaReste"));
     }
 }
 
@@ -187,10 +190,10 @@ void Mirado::mnufa_Click(int index)
     if (index == 0) {
         if (refuseSiOccupe())
             return;
-        Coli liste(etat, boites, this);
-        if (liste.exec() != QDialog::Accepted || liste.choix.empty())
+        Coli liste(etat.catalogue, boites, this);
+        if (liste.exec() != QDialog::Accepted || liste.choix().empty())
             return;
-        envoieSelection(liste.choix, liste.mode);
+        envoieSelection(liste.choix(), liste.mode());
         activateWindow();
         return;
     }
@@ -289,31 +292,22 @@ void Mirado::vide_mnutra()
 void Mirado::ajoute_mnutra()
 {
     const int i = int(mnutra.size());
-    QAction* a = mnutrace->addAction(sansMnemonique(ligneTracee(i)));
+    QAction* a = mnutrace->addAction(sansMnemonique(ligneTracee(etat.courbes, etat.catalogue, i)));
     connect(a, &QAction::triggered, this, [this, i] { mnutra_Click(i); });
+    nommeArticle(a, "mnutra", i);
     mnutra.push_back(a);
-}
-
-QString Mirado::ligneTracee(int i) const
-{
-    QString ligne = QString::fromStdString(ligneCourbeTracee(etat.courbes, i));
-    LigneCatalogue entree;
-    const int numero = int(etat.courbes.lignes.at(i - 1)[colNumero]);
-    if (!lisLigne(etat.catalogue, numero, entree))
-        ligne += QLatin1Char(' ') + QString::fromStdString(entree.texte).trimmed();
-    return ligne;
 }
 
 void Mirado::mnutra_Click(int index)
 {
     if (refuseSiOccupe())
         return;
-    Licou liste(*this, index);
+    Licou liste(etat.courbes, etat.catalogue, index, this);
     if (liste.exec() != QDialog::Accepted)
         return;
     // The frame again, then the ticked curves only.
     effaceEtRepere();
-    retraceLignes(liste.cochees);
+    retraceLignes(liste.cochees());
 }
 
 void Mirado::mnuzo_Click(int index)

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app/boites.h"
-#include "plot/etat.h"
+#include "catalogue/catalogue.h"
 #include "plot/demande.h"
 
 class QGroupBox;
@@ -21,22 +21,25 @@ namespace velorin {
 class Coli : public QDialog {
     Q_OBJECT
 public:
-    // Form_Load: lists the catalogue of `etat` (reopened, so that the count
-    // follows the file on disk).
-    Coli(Etat& etat, const Boites& boites, QWidget* parent = nullptr);
-
-    QListWidget* List2 = nullptr;
-    QGroupBox* Frame1 = nullptr;
-    std::array<QRadioButton*, 2> Option1{};  // "Cycle", "Unique"
-    QPushButton* Command1 = nullptr;
+    // Form_Load: lists `catalogue` (reopened, so that the count follows the
+    // file on disk); a reading failure is said through `boites`.
+    Coli(Catalogue& catalogue, const Boites& boites, QWidget* parent = nullptr);
 
     // What the user sent: record numbers in list order, and the colour mode.
-    std::vector<int> choix;
-    ModeCouleurs mode = ModeCouleurs::Unique;
+    const std::vector<int>& choix() const { return choix_; }
+    ModeCouleurs mode() const { return mode_; }
 
     void Option1_Click(int index);
     void Command1_Click();
     void List2_DblClick(QListWidgetItem* item);
+
+private:
+    QListWidget* List2 = nullptr;
+    QGroupBox* Frame1 = nullptr;
+    std::array<QRadioButton*, 2> Option1{};  // "Cycle", "Unique"
+    QPushButton* Command1 = nullptr;
+    std::vector<int> choix_;
+    ModeCouleurs mode_ = ModeCouleurs::Unique;
 };
 
 }  // namespace velorin

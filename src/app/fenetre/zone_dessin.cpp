@@ -1,4 +1,4 @@
-#include "app/zone_dessin.h"
+#include "app/fenetre/zone_dessin.h"
 
 #include <QPaintEvent>
 #include <QPainter>

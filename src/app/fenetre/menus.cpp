@@ -4,7 +4,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "app/mirado.h"
+#include "app/fenetre/mirado.h"
 
 namespace velorin {
 
@@ -185,9 +185,41 @@ void Mirado::creeMenus()
             aucun);
     mnuaf[10]->setEnabled(false);
 
+    // Every menu and entry is named like its array; an entry's place in
+    // its array is its "index".
+    const std::pair<QMenu*, const char*> menus[] = {
+        {mnus, "mnus"},         {mnufo, "mnufo"},   {mnupar, "mnupar"},     {mnut, "mnut"},
+        {mnue, "mnue"},         {mnurota, "mnurota"}, {mnuz, "mnuz"},       {mnutrace, "mnutrace"},
+        {mnup, "mnup"},         {mnumemo, "mnumemo"}, {mnua, "mnua"},       {menuLifi, "menuLifi"},
+        {menuLico, "menuLico"}, {menuGraphe, "menuGraphe"}};
+    for (const auto& [menu, nom] : menus)
+        menu->setObjectName(QString::fromUtf8(nom));
+    const std::pair<QAction*, const char*> seuls[] = {{mnupari, "mnupari"}, {mnumet, "mnumet"},
+                                                      {mnuipr, "mnuipr"},   {mnuip, "mnuip"},
+                                                      {mnuipcop, "mnuipcop"}};
+    for (const auto& [action, nom] : seuls)
+        action->setObjectName(QString::fromUtf8(nom));
+    const std::pair<std::vector<QAction*>*, const char*> tableaux[] = {
+        {&mnustp, "mnustp"}, {&mnufoc, "mnufoc"},     {&mnupara, "mnupara"}, {&mnucl, "mnucl"},
+        {&mnuct, "mnuct"},   {&mnuper, "mnuper"},     {&mnuchcol, "mnuchcol"}, {&mnuipo, "mnuipo"},
+        {&mnutf, "mnutf"},   {&mnuf, "mnuf"},         {&mnufa, "mnufa"},     {&mnurotu, "mnurotu"},
+        {&mnuroti, "mnuroti"}, {&mnurotan, "mnurotan"}, {&mnuzo, "mnuzo"},   {&mnutra, "mnutra"},
+        {&mnumemfig, "mnumemfig"}, {&mnuaide, "mnuaide"}, {&mnuaf, "mnuaf"}};
+    for (const auto& [tableau, nom] : tableaux)
+        for (int i = 0; i < int(tableau->size()); ++i)
+            nommeArticle((*tableau)[i], nom, i);
+
     // Checked at start: the colours in force, the first loop order, the
     // first colour policy, landscape printing.
     marqueChoix();
+}
+
+void Mirado::nommeArticle(QAction* article, const char* tableau, int index)
+{
+    if (!article)
+        return;
+    article->setObjectName(QString::fromUtf8(tableau));
+    article->setProperty("index", index);
 }
 
 }  // namespace velorin

@@ -1,4 +1,4 @@
-#include "app/coli.h"
+#include "app/dialogues/coli.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -21,32 +21,37 @@ int numeroDeLigne(const QListWidget* liste, const QListWidgetItem* item)
 
 }  // namespace
 
-Coli::Coli(Etat& etat, const Boites& boites, QWidget* parent) : QDialog(parent)
+Coli::Coli(Catalogue& catalogue, const Boites& boites, QWidget* parent) : QDialog(parent)
 {
+    setObjectName(QStringLiteral("coli"));
     setWindowTitle(QStringLiteral("Liste des Courbes disponibles"));
     List2 = new QListWidget(this);
+    List2->setObjectName(QStringLiteral("List2"));
     List2->setSelectionMode(QAbstractItemView::ExtendedSelection);
     // The lines are 300 characters and more: they scroll sideways, the
     // entry's text shows at once and its kind sits far right out of sight.
     List2->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     List2->setUniformItemSizes(true);
     Erreur erreur;
-    for (const std::string& ligne : listerCatalogue(etat.catalogue, &erreur))
+    for (const std::string& ligne : listerCatalogue(catalogue, &erreur))
         List2->addItem(QString::fromStdString(ligne));
     List2->item(0)->setForeground(Qt::blue);
     List2->setCurrentRow(0);
     connect(List2, &QListWidget::itemDoubleClicked, this, &Coli::List2_DblClick);
 
     Frame1 = new QGroupBox(QStringLiteral("Couleurs"), this);
+    Frame1->setObjectName(QStringLiteral("Frame1"));
     auto* options = new QHBoxLayout(Frame1);
     const char* const noms[] = {"Cycle", "Unique"};
     for (int i = 0; i < 2; ++i) {
         Option1[i] = new QRadioButton(QString::fromUtf8(noms[i]), Frame1);
+        Option1[i]->setObjectName(QStringLiteral("Option1_%1").arg(i));
         options->addWidget(Option1[i]);
         connect(Option1[i], &QRadioButton::clicked, this, [this, i] { Option1_Click(i); });
     }
     Option1[1]->setChecked(true);
     Command1 = new QPushButton(QStringLiteral("J'ENVOIE UNE SELECTION MULTIPLE"), this);
+    Command1->setObjectName(QStringLiteral("Command1"));
     Command1->setDefault(true);
     connect(Command1, &QPushButton::clicked, this, &Coli::Command1_Click);
 
@@ -66,15 +71,15 @@ Coli::Coli(Etat& etat, const Boites& boites, QWidget* parent) : QDialog(parent)
 
 void Coli::Option1_Click(int index)
 {
-    mode = index == 0 ? ModeCouleurs::Cycle : ModeCouleurs::Unique;
+    mode_ = index == 0 ? ModeCouleurs::Cycle : ModeCouleurs::Unique;
 }
 
 void Coli::Command1_Click()
 {
-    choix.clear();
+    choix_.clear();
     for (int i = 1; i < List2->count(); ++i)
         if (List2->item(i)->isSelected())
-            choix.push_back(numeroDeLigne(List2, List2->item(i)));
+            choix_.push_back(numeroDeLigne(List2, List2->item(i)));
     accept();
 }
 
@@ -83,7 +88,7 @@ void Coli::List2_DblClick(QListWidgetItem* item)
     const int numero = numeroDeLigne(List2, item);
     if (numero <= 0)
         return;
-    choix = {numero};
+    choix_ = {numero};
     accept();
 }
 

@@ -1,23 +1,35 @@
 // MIRADO, the main window: the drawing surface and the command centre. It
 // owns nothing of the drawing state (that is the Etat it is given); it holds
-// its controls, menus and timers, keeps the picture in a bitmap and runs the
-// commands of the menus, the side panels and the selection lists.
+// its controls, menus and timers, keeps the picture in a bitmap and wires the
+// commands of the menus, the side panels and the dialogs to that state.
 //
-// Controls keep their short names and are public, as the form's controls
-// are reachable by the dialogs it opens (and by the tests).
+// The work is spread by what it does:
+//   mirado.cpp          start-up, reading of the parameters, calibration,
+//                       the redraw of everything, the caption of the
+//                       "Déjà tracé" menu;
+//   mirado_panneaux.cpp the side column (viewing and plane panels, read-outs);
+//   menus.cpp           the construction of the menu tree;
+//   menus_actions.cpp   what the menu entries do;
+//   mirado_trace.cpp    the tracing in progress: timers, Escape, busy state;
+//   zone_dessin.*       the drawing area (the bitmap shown, the mouse).
+// The dialogs (app/dialogues/) only edit the part of the state they are
+// given; the window decides what to draw again afterwards.
+//
+// The controls are private. Each carries its short name as object name
+// ("Command3", "List1", "mnufa" with its index in the property "index"), by
+// which the tests reach it.
 #pragma once
 #include <QElapsedTimer>
 #include <QImage>
 #include <QMainWindow>
-#include <QTimer>
 #include <array>
 #include <memory>
 #include <vector>
 
 #include "app/boites.h"
-#include "plot/etat.h"
 #include "plot/crochets.h"
 #include "plot/demande.h"
+#include "plot/etat.h"
 
 class QAction;
 class QCheckBox;
@@ -27,6 +39,8 @@ class QListWidget;
 class QMenu;
 class QPushButton;
 class QRadioButton;
+class QScrollArea;
+class QTimer;
 class QWidget;
 
 namespace velorin {
@@ -47,7 +61,7 @@ public:
     ~Mirado() override;
 
     Etat& etat;
-    Boites boites;
+    const Boites boites;
     const QString dossierAppli;
 
     // ---- Start-up, parameters and redraw (mirado.cpp)
@@ -76,20 +90,6 @@ public:
     void affou();
     void montrePanneau();            // the panel frame of the mode in force
 
-    QGroupBox* Frame1 = nullptr;     // viewing panel (space)
-    QGroupBox* Frame2 = nullptr;     // plane panel
-    QLabel *Label1 = nullptr, *Label2 = nullptr, *Label3 = nullptr, *Label4 = nullptr,
-           *Label5 = nullptr, *Label6 = nullptr;
-    QListWidget* List1 = nullptr;    // values of the fixed coordinate
-    QListWidget* List2 = nullptr;    // steps of "+p" / "-p"
-    std::array<QRadioButton*, 3> Option1{};
-    std::array<QRadioButton*, 7> Option2{};
-    QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command3 = nullptr,
-                *Command4 = nullptr, *Command6 = nullptr, *Command7 = nullptr;
-    std::array<QPushButton*, 6> Command5{};
-    QCheckBox *Check1 = nullptr, *Check2 = nullptr;
-    QTimer Timer1, Timer2, Timer3, Timer4, Timer5, Timer6;
-
     // ---- Menus (menus.cpp builds the tree, menus_actions.cpp runs it)
     void aflico();
     void afmenu();
@@ -97,9 +97,6 @@ public:
     void vidage();
     void vide_mnutra();
     void ajoute_mnutra();            // one "Déjà tracé" item per drawn curve
-    // Line of drawn curve i in the drawn-curves menu and list: kind, number,
-    // colour name, then the entry's text.
-    QString ligneTracee(int i) const;
     void mnustp_Click(int index);
     void mnulifi_Click(int index);
     void mnulico_Click(int index);
@@ -113,17 +110,6 @@ public:
     void mnuipo_Click(int index);
     void mnutra_Click(int index);
     void mnuzo_Click(int index);
-
-    QMenu *mnus = nullptr, *mnufo = nullptr, *mnupar = nullptr, *mnut = nullptr, *mnue = nullptr,
-          *mnurota = nullptr, *mnuz = nullptr, *mnutrace = nullptr, *mnup = nullptr,
-          *mnumemo = nullptr, *mnua = nullptr;
-    QMenu *menuLifi = nullptr, *menuLico = nullptr, *menuGraphe = nullptr;
-    std::vector<QAction*> mnustp, mnulifi, mnulico, mnufoc, mnupara, mnucl, mnuct, mnuper,
-        mnuchcol, mnuipo, mnutf, mnuf, mnufa, mnurotu, mnuroti, mnurotan, mnuzo, mnutra,
-        mnumemfig, mnuaide, mnuaf;
-    QAction *mnupari = nullptr, *mnumet = nullptr, *mnuipr = nullptr, *mnuip = nullptr,
-            *mnuipcop = nullptr;
-    QAction* mnufaReste = nullptr;   // "... more in the full list", when over 30 entries
 
     // ---- Sending entries to the drawing (mirado_trace.cpp)
     // Draws catalogue entry `numero` as a new curve. False when nothing was
@@ -153,6 +139,11 @@ private:
     void placeFenetre();
     void nouvelleImage();
     void montreProgres();            // shows what the tracer drew so far
+    // The caption "Dans <folder><catalogue>" of the drawn-curves menu, whole
+    // when the menu bar has room for it, otherwise shortened in the middle
+    // with the whole text as tooltip.
+    void ajusteTitreTrace();
+    bool barreDeborde();
     struct Requete {
         int numero;                  // catalogue record
         OptionsTrace options;
@@ -161,16 +152,48 @@ private:
     // another tracing). Returns how many drew something.
     int seance(const std::vector<Requete>& requetes);
     void effaceEtRepere();           // clearing and frame on the bitmap
-    void termineTrace(const std::string& message);
     void choixCoche(std::vector<QAction*>& groupe, int index);
+    // Names an entry of a menu array: object name `tableau`, property "index".
+    static void nommeArticle(QAction* article, const char* tableau, int index);
     void marqueChoix();              // check marks from the state in force
     QString cheminCatalogue() const;
+    void choisitFichier(bool espace, const QAction* article);
+
+    // Side column.
+    QGroupBox* Frame1 = nullptr;     // viewing panel (space)
+    QGroupBox* Frame2 = nullptr;     // plane panel
+    QLabel *Label1 = nullptr, *Label2 = nullptr, *Label3 = nullptr, *Label4 = nullptr,
+           *Label5 = nullptr, *Label6 = nullptr;
+    QListWidget* List1 = nullptr;    // values of the fixed coordinate
+    QListWidget* List2 = nullptr;    // steps of "+p" / "-p"
+    std::array<QRadioButton*, 3> Option1{};
+    std::array<QRadioButton*, 7> Option2{};
+    QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command3 = nullptr,
+                *Command4 = nullptr, *Command6 = nullptr, *Command7 = nullptr;
+    std::array<QPushButton*, 6> Command5{};
+    QCheckBox *Check1 = nullptr, *Check2 = nullptr;
+    QTimer *Timer1 = nullptr, *Timer2 = nullptr, *Timer3 = nullptr, *Timer4 = nullptr,
+           *Timer5 = nullptr, *Timer6 = nullptr;
+
+    // Menus.
+    QMenu *mnus = nullptr, *mnufo = nullptr, *mnupar = nullptr, *mnut = nullptr, *mnue = nullptr,
+          *mnurota = nullptr, *mnuz = nullptr, *mnutrace = nullptr, *mnup = nullptr,
+          *mnumemo = nullptr, *mnua = nullptr;
+    QMenu *menuLifi = nullptr, *menuLico = nullptr, *menuGraphe = nullptr;
+    std::vector<QAction*> mnustp, mnulifi, mnulico, mnufoc, mnupara, mnucl, mnuct, mnuper,
+        mnuchcol, mnuipo, mnutf, mnuf, mnufa, mnurotu, mnuroti, mnurotan, mnuzo, mnutra,
+        mnumemfig, mnuaide, mnuaf;
+    QAction *mnupari = nullptr, *mnumet = nullptr, *mnuipr = nullptr, *mnuip = nullptr,
+            *mnuipcop = nullptr;
+    QAction* mnufaReste = nullptr;   // "... more in the full list", when over 30 entries
+    QString titreTrace_;             // the whole caption of mnutrace
 
     ZoneDessin* zone_ = nullptr;
+    QScrollArea* defile_ = nullptr;  // scrolls the side column when it is taller than the window
     QWidget* colonne_ = nullptr;     // the side column that holds the panels
     QImage image_;
     std::unique_ptr<Surface> surface_;
-    QTimer attenteTaille_;           // gathers the resize events of a drag
+    QTimer* attenteTaille_ = nullptr;  // gathers the resize events of a drag
     bool traceEnCours_ = false;
     bool echap_ = false;             // Escape pressed during the tracing
     bool redessinEnAttente_ = false; // a resize arrived during a tracing

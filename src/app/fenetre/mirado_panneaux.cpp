@@ -7,10 +7,14 @@
 // plane), then the read-outs Label3 (viewing values, space only), Label4
 // (ranges and steps), Label5 (window size), Label1 (pointer) and Label2
 // (counters). "Rr" ("réduire") folds the column down to its check box, which
-// gives the drawing the whole width.
+// gives the drawing the whole width. When the window is too low for the
+// column (a small screen, a large scale factor), the column scrolls.
 #include <QButtonGroup>
 #include <cmath>
 #include <QCheckBox>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTimer>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -18,8 +22,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "app/mirado.h"
-#include "app/zone_dessin.h"
+#include "app/fenetre/mirado.h"
+#include "app/fenetre/zone_dessin.h"
 #include "view/format_nombre.h"
 
 namespace velorin {
@@ -43,9 +47,10 @@ QString court(double v)
     return QString::number(v, 'g', 7);
 }
 
-QLabel* lecture(QWidget* parent)
+QLabel* lecture(QWidget* parent, const char* nom)
 {
     auto* l = new QLabel(parent);
+    l->setObjectName(QString::fromUtf8(nom));
     l->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     l->setTextFormat(Qt::PlainText);
     return l;
@@ -59,7 +64,17 @@ void Mirado::creePanneaux()
     setCentralWidget(centre);
     centre->installEventFilter(this);
     zone_ = new ZoneDessin(centre);
-    colonne_ = new QWidget(centre);
+    defile_ = new QScrollArea(centre);
+    defile_->setObjectName(QStringLiteral("defilePanneau"));
+    defile_->setFrameShape(QFrame::NoFrame);
+    defile_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    defile_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    colonne_ = new QWidget;
+    colonne_->setObjectName(QStringLiteral("colonne"));
+    // The column places its controls itself (arrangelabel) and gives its
+    // own size: the scroll area does not resize it.
+    defile_->setWidget(colonne_);
+    defile_->setWidgetResizable(false);
 
     Check1 = new QCheckBox(QStringLiteral("Rr"), colonne_);
     Check2 = new QCheckBox(QStringLiteral("Rr"), colonne_);
@@ -67,6 +82,8 @@ void Mirado::creePanneaux()
         c->setToolTip(QStringLiteral("Réduire le panneau"));
         connect(c, &QCheckBox::toggled, this, [this] { arrangelabel(); });
     }
+    Check1->setObjectName(QStringLiteral("Check1"));
+    Check2->setObjectName(QStringLiteral("Check2"));
     Command3 = new QPushButton(QStringLiteral("O&K"), colonne_);
     connect(Command3, &QPushButton::clicked, this, [this] { Command3_Click(); });
     Command6 = new QPushButton(QStringLiteral("&Mem"), colonne_);
@@ -74,6 +91,7 @@ void Mirado::creePanneaux()
 
     // Viewing panel.
     Frame1 = new QGroupBox(QStringLiteral("Point de vue"), colonne_);
+    Frame1->setObjectName(QStringLiteral("Frame1"));
     auto* g1 = new QGridLayout(Frame1);
     g1->setContentsMargins(marge, marge, marge, marge);
     g1->setSpacing(2);
@@ -81,12 +99,14 @@ void Mirado::creePanneaux()
     auto* groupe2 = new QButtonGroup(Frame1);
     for (int i = 0; i < 7; ++i) {
         Option2[i] = new QRadioButton(QString::fromUtf8(noms2[i]), Frame1);
+        Option2[i]->setObjectName(QStringLiteral("Option2_%1").arg(i));
         groupe2->addButton(Option2[i], i);
         g1->addWidget(Option2[i], i < 3 ? 0 : (i < 6 ? 1 : 2), i < 3 ? i : (i < 6 ? i - 3 : 0));
         connect(Option2[i], &QRadioButton::clicked, this, [this, i] { Option2_Click(i); });
     }
     Option2[0]->setChecked(true);
     List2 = new QListWidget(Frame1);
+    List2->setObjectName(QStringLiteral("List2"));
     for (const char* pas : pasListe2)
         List2->addItem(QString::fromUtf8(pas));
     List2->setCurrentRow(pasDefaut);
@@ -103,6 +123,7 @@ void Mirado::creePanneaux()
     const char* const noms5[] = {"[Oz+", "[Oz-", "[Oy+", "[Oy-", "[Ox+", "[Ox-"};
     for (int i = 0; i < 6; ++i) {
         Command5[i] = new QPushButton(QString::fromUtf8(noms5[i]), Frame1);
+        Command5[i]->setObjectName(QStringLiteral("Command5_%1").arg(i));
         Command5[i]->setEnabled(false);  // the rotations come later
         g1->addWidget(Command5[i], 6 + i / 2, i % 2);
     }
@@ -110,11 +131,13 @@ void Mirado::creePanneaux()
     auto* groupe1 = new QButtonGroup(Frame1);
     for (int i = 0; i < 3; ++i) {
         Option1[i] = new QRadioButton(QString::fromUtf8(noms1[i]), Frame1);
+        Option1[i]->setObjectName(QStringLiteral("Option1_%1").arg(i));
         groupe1->addButton(Option1[i], i);
         g1->addWidget(Option1[i], 9, i);
         connect(Option1[i], &QRadioButton::clicked, this, [this, i] { Option1_Click(i); });
     }
     List1 = new QListWidget(Frame1);
+    List1->setObjectName(QStringLiteral("List1"));
     g1->addWidget(List1, 10, 0, 1, 3);
     // Four whole rows; the width is the panel's, not the lists' own wish.
     for (QListWidget* l : {List1, List2}) {
@@ -124,18 +147,24 @@ void Mirado::creePanneaux()
 
     // Plane panel.
     Frame2 = new QGroupBox(QStringLiteral("Repère du plan"), colonne_);
+    Frame2->setObjectName(QStringLiteral("Frame2"));
     auto* g2 = new QGridLayout(Frame2);
     g2->setContentsMargins(marge, marge, marge, marge);
     Command7 = new QPushButton(QStringLiteral("Reset"), Frame2);
     g2->addWidget(Command7, 0, 0);
     connect(Command7, &QPushButton::clicked, this, [this] { Command7_Click(); });
 
-    Label1 = lecture(colonne_);
-    Label2 = lecture(colonne_);
-    Label3 = lecture(colonne_);
-    Label4 = lecture(colonne_);
-    Label5 = lecture(colonne_);
-    Label6 = lecture(zone_);  // the tip bubble over the drawing
+    const std::pair<QPushButton*, const char*> boutons[] = {
+        {Command1, "Command1"}, {Command2, "Command2"}, {Command3, "Command3"},
+        {Command4, "Command4"}, {Command6, "Command6"}, {Command7, "Command7"}};
+    for (const auto& [bouton, nom] : boutons)
+        bouton->setObjectName(QString::fromUtf8(nom));
+    Label1 = lecture(colonne_, "Label1");
+    Label2 = lecture(colonne_, "Label2");
+    Label3 = lecture(colonne_, "Label3");
+    Label4 = lecture(colonne_, "Label4");
+    Label5 = lecture(colonne_, "Label5");
+    Label6 = lecture(zone_, "Label6");  // the tip bubble over the drawing
     Label6->setAutoFillBackground(true);
     Label6->hide();
 }
@@ -165,8 +194,15 @@ void Mirado::arrangelabel()
                   160}) + 2 * marge;
     const int largeur = reduit ? rr->sizeHint().width() + 2 * marge : largeurPleine;
     const int W = centre->width(), H = centre->height();
-    zone_->setGeometry(0, 0, std::max(W - largeur, 1), H);
-    colonne_->setGeometry(W - largeur, 0, largeur, H);
+    // The column is laid out at its own height first; the drawing takes
+    // what is left once the scroll bar, if needed, has its room.
+    auto place = [&](int hauteurColonne) {
+        const bool defile = hauteurColonne > H;
+        const int barre = defile ? defile_->verticalScrollBar()->sizeHint().width() : 0;
+        zone_->setGeometry(0, 0, std::max(W - largeur - barre, 1), H);
+        defile_->setGeometry(W - largeur - barre, 0, largeur + barre, H);
+        colonne_->resize(largeur, std::max(hauteurColonne, H));
+    };
 
     const int interieur = largeur - 2 * marge;
     int y = marge;
@@ -176,8 +212,10 @@ void Mirado::arrangelabel()
                                                        Label4, Label5})
         w->setVisible(!reduit);
     Label3->setVisible(!reduit && espace);
-    if (reduit)
+    if (reduit) {
+        place(H);
         return;
+    }
     const int xBoutons = marge + rr->sizeHint().width() + marge;
     const int lBouton = (largeur - xBoutons - 2 * marge) / 2;
     Command3->setGeometry(xBoutons, y, lBouton, hBouton);
@@ -196,6 +234,7 @@ void Mirado::arrangelabel()
         l->setGeometry(marge, y, interieur, h);
         y += h + marge;
     }
+    place(y);
 }
 
 void Mirado::affviseur()
@@ -263,8 +302,8 @@ void Mirado::Command4_Click()
     if (refuseSiOccupe())
         return;
     etat.fenetre.pauseActive = true;
-    Timer2.stop();
-    Timer3.stop();
+    Timer2->stop();
+    Timer3->stop();
     lecdebut(1);
     affviseur();
 }
