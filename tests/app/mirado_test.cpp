@@ -369,5 +369,54 @@ TEST(Mirado, UneDemandePendantUnTraceEstRefuseeEtEchapInterrompt)
     EXPECT_NE(m.ecran(), interrompu);
 }
 
+TEST(Mirado, ChoixDuDessinRefusesPendantUnTrace)
+{
+    // Chosen during a tracing, a colour or the loop order would be put back
+    // when the tracing ends: the choice is refused and the marks stay true.
+    struct Cas {
+        const char* groupe;
+        int index;
+        std::function<long(const Etat&)> valeur;
+    };
+    const Cas cas[] = {
+        {"mnucl", 2, [](const Etat& e) { return long(e.couleurs.couleurTrace); }},
+        {"mnuct", 3, [](const Etat& e) { return long(e.couleurs.couleurTangente); }},
+        {"mnuper", 1, [](const Etat& e) { return long(e.param.ordreBoucles); }},
+        {"mnuchcol", 1, [](const Etat& e) { return long(e.fenetre.politiqueCouleurs); }},
+    };
+    for (const Cas& c : cas) {
+        Banc banc;
+        banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 1);
+        Mirado& m = banc.demarre();
+        const std::vector<QAction*> groupe = articles(m, c.groupe);
+        const long avant = c.valeur(m.etat);
+        std::vector<bool> coches;
+        for (const QAction* a : groupe)
+            coches.push_back(a->isChecked());
+        ASSERT_FALSE(coches.at(c.index)) << c.groupe;
+        // A tracing paused after each point; at its first pause the entry
+        // is chosen (as its shortcut would), then Escape ends the tracing.
+        m.etat.param.pauseMs = 40;
+        bool enCours = false;
+        QTimer::singleShot(0, &m, [&] {
+            enCours = m.enTrace();
+            groupe[c.index]->trigger();
+            QKeyEvent echap(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+            QApplication::sendEvent(&m, &echap);
+        });
+        m.envoie(1);
+        EXPECT_TRUE(enCours) << c.groupe;
+        ASSERT_EQ(banc.messages.size(), 1) << c.groupe;
+        EXPECT_TRUE(banc.messages[0].startsWith(QStringLiteral("Un tracé est en cours"))) << c.groupe;
+        EXPECT_EQ(c.valeur(m.etat), avant) << c.groupe;
+        for (int i = 0; i < int(groupe.size()); ++i)
+            EXPECT_EQ(groupe[i]->isChecked(), coches[i]) << c.groupe << "(" << i << ")";
+        // Once the tracing is over, the same choice is taken.
+        groupe[c.index]->trigger();
+        EXPECT_NE(c.valeur(m.etat), avant) << c.groupe;
+        EXPECT_TRUE(groupe[c.index]->isChecked()) << c.groupe;
+    }
+}
+
 }  // namespace
 }  // namespace velorin::essai

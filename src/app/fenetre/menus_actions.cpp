@@ -244,26 +244,46 @@ void Mirado::mnupara_Click(int index)
     }
 }
 
+// The colours, the loop order and the colour policy are the drawing's state:
+// chosen during a tracing, they would be put back by the tracer when it ends
+// (it restores the values in force at its start). They are refused then, and
+// the check marks stay on the values in force.
+bool Mirado::refuseChoixPendantTrace()
+{
+    if (!refuseSiOccupe())
+        return false;
+    marqueChoix();
+    return true;
+}
+
 void Mirado::mnucl_Click(int index)
 {
+    if (refuseChoixPendantTrace())
+        return;
     etat.couleurs.couleurTrace = couleurMenu(etat.defaut, index);
     choixCoche(mnucl, index);
 }
 
 void Mirado::mnuct_Click(int index)
 {
+    if (refuseChoixPendantTrace())
+        return;
     etat.couleurs.couleurTangente = couleurMenu(etat.defaut, index);
     choixCoche(mnuct, index);
 }
 
 void Mirado::mnuper_Click(int index)
 {
+    if (refuseChoixPendantTrace())
+        return;
     etat.param.ordreBoucles = std::uint8_t(index);
     choixCoche(mnuper, index);
 }
 
 void Mirado::mnuchcol_Click(int index)
 {
+    if (refuseChoixPendantTrace())
+        return;
     etat.fenetre.politiqueCouleurs = index;
     choixCoche(mnuchcol, index);
 }

@@ -156,6 +156,7 @@ private:
     // Names an entry of a menu array: object name `tableau`, property "index".
     static void nommeArticle(QAction* article, const char* tableau, int index);
     void marqueChoix();              // check marks from the state in force
+    bool refuseChoixPendantTrace();  // refuseSiOccupe, then the check marks put back
     QString cheminCatalogue() const;
     void choisitFichier(bool espace, const QAction* article);
 
