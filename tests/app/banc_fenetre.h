@@ -121,8 +121,11 @@ struct Banc {
         boites.saisie = [this](QWidget*, const QString&, const QString&) -> std::optional<QString> {
             if (reponses.empty())
                 return std::nullopt;
-            auto r = reponses.front();
+            const bool annule = !reponses.front();
+            const QString r = reponses.front().value_or(QString());
             reponses.erase(reponses.begin());
+            if (annule)
+                return std::nullopt;
             return r;
         };
         boites.fin = [this] { ++fins; };
