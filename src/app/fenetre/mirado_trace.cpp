@@ -44,15 +44,15 @@ void Mirado::creeMinuteries()
     Timer3 = minuterie("Timer3", 1000);  // head rotation, with the rotations
     Timer4 = minuterie("Timer4", 100);
     connect(Timer4, &QTimer::timeout, this, &Mirado::Timer4_Timer);
-    // Timer5 switches itself off when it fires: the tracers' pause waits
-    // for that.
+    // Timer5 switches itself off when it fires: the tracers' pause starts it
+    // and waits for that. Nothing waits on it before, so it is not started.
     Timer5 = minuterie("Timer5", 200);
     Timer5->setSingleShot(true);
-    Timer5->start();
-    // Timer6 hides the tip bubble: a bubble stays at most two seconds.
+    // Timer6 hides the tip bubble: a bubble stays at most two seconds. It
+    // runs only while a bubble is shown (none is yet).
     Timer6 = minuterie("Timer6", 2000);
+    Timer6->setSingleShot(true);
     connect(Timer6, &QTimer::timeout, Label6, &QLabel::hide);
-    Timer6->start();
 
     attenteTaille_ = minuterie("attenteTaille", attenteRedimension);
     attenteTaille_->setSingleShot(true);
