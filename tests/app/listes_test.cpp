@@ -7,7 +7,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include <QTimer>
+
 #include "app/dialogues/coli.h"
+#include "app/fenetre/zone_dessin.h"
 #include "app/dialogues/licou.h"
 #include "banc_fenetre.h"
 
@@ -93,6 +96,34 @@ TEST(Licou, CourbesTraceesCocheesEtReglages)
     liste->item(0)->setCheckState(Qt::Unchecked);
     controle<QPushButton>(licou, "Command1")->click();
     EXPECT_EQ(licou.cochees(), std::vector<int>{2});
+}
+
+TEST(Mirado, LeDessinResteAfficheDerriereLesListes)
+{
+    // While a list is open (its modal loop running), the drawing area is
+    // still painted from the picture kept in the bitmap.
+    Banc banc;
+    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 2);
+    Mirado& m = banc.demarre();
+    article(m, "mnufa", 1)->trigger();
+    auto* zone = m.findChild<ZoneDessin*>();
+    ASSERT_NE(zone, nullptr);
+    for (const char* liste : {"mnufa", "mnutra"}) {
+        const QImage attendu = m.ecran().convertToFormat(QImage::Format_RGB32);
+        QImage vu;
+        QString dialogue;
+        QTimer::singleShot(0, &m, [&] {
+            QWidget* modal = QApplication::activeModalWidget();
+            dialogue = modal ? modal->objectName() : QString();
+            vu = zone->grab().toImage().convertToFormat(QImage::Format_RGB32);
+            if (auto* d = qobject_cast<QDialog*>(modal))
+                d->reject();
+        });
+        article(m, liste, 0)->trigger();
+        EXPECT_EQ(dialogue, QString::fromUtf8(liste) == "mnufa" ? "coli" : "licou");
+        EXPECT_GT(nbCouleurs(vu), 1) << liste;
+        EXPECT_EQ(vu, attendu) << liste;
+    }
 }
 
 TEST(Mirado, CouleursEtBouclesCocheesDansLesMenus)
