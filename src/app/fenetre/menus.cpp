@@ -205,9 +205,9 @@ void Mirado::creeMenus()
         {&mnutf, "mnutf"},   {&mnuf, "mnuf"},         {&mnufa, "mnufa"},     {&mnurotu, "mnurotu"},
         {&mnuroti, "mnuroti"}, {&mnurotan, "mnurotan"}, {&mnuzo, "mnuzo"},   {&mnutra, "mnutra"},
         {&mnumemfig, "mnumemfig"}, {&mnuaide, "mnuaide"}, {&mnuaf, "mnuaf"}};
-    for (const auto& [tableau, nom] : tableaux)
-        for (int i = 0; i < int(tableau->size()); ++i)
-            nommeArticle((*tableau)[i], nom, i);
+    for (const auto& [liste, nom] : tableaux)
+        for (int i = 0; i < int(liste->size()); ++i)
+            nommeArticle((*liste)[i], nom, i);
 
     // Checked at start: the colours in force, the first loop order, the
     // first colour policy, landscape printing.

@@ -206,9 +206,12 @@ void Mirado::ajusteTitreTrace()
     titre->setToolTip(QString());
     if (!barreDeborde())
         return;
-    // The widest shortened caption with which every menu shows.
+    // The widest shortened caption with which every menu shows; when even
+    // the shortest does not do (a very narrow window), the shortest: "Dans"
+    // and the ends of the path stay readable.
     const QFontMetrics fm(menuBar()->font());
-    int bas = 0, haut = fm.horizontalAdvance(titreTrace_);
+    int bas = fm.horizontalAdvance(QStringLiteral("Dans …/…lsu")),
+        haut = fm.horizontalAdvance(titreTrace_);
     while (bas < haut) {
         const int milieu = (bas + haut + 1) / 2;
         mnutrace->setTitle(fm.elidedText(titreTrace_, Qt::ElideMiddle, milieu));
