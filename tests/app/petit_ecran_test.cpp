@@ -6,6 +6,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QToolButton>
+#include <QToolTip>
+#include <QHelpEvent>
 
 #include "app/fenetre/zone_dessin.h"
 #include "banc_fenetre.h"
@@ -52,6 +54,14 @@ TEST(PetitEcran, LaBarreDeMenusMontreChaqueMenu)
             EXPECT_TRUE(titre->text().contains(QChar(0x2026)));
             EXPECT_TRUE(titre->text().startsWith(QStringLiteral("Dans ")));
             EXPECT_TRUE(titre->text().endsWith(QStringLiteral(".lsu")));
+        }
+        // Hovering the shortened caption shows the whole text.
+        if (c.abrege) {
+            const QPoint centre = barre->actionGeometry(titre).center();
+            QHelpEvent survol(QEvent::ToolTip, centre, barre->mapToGlobal(centre));
+            QApplication::sendEvent(barre, &survol);
+            EXPECT_TRUE(QToolTip::isVisible());
+            EXPECT_EQ(QToolTip::text(), complet);
         }
     }
 }

@@ -8,10 +8,12 @@
 // refused with a message (a resize waits for the end), so that no tracing
 // ever runs inside another on the same state.
 #include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QTimer>
+#include <QToolTip>
 
 #include "app/fenetre/mirado.h"
 #include "qt/surface_qpainter.h"
@@ -121,6 +123,15 @@ bool Mirado::eventFilter(QObject* objet, QEvent* evenement)
         arrangelabel();  // Form_Resize
     if (objet == menuBar() && evenement->type() == QEvent::Resize)
         ajusteTitreTrace();
+    if (objet == menuBar() && evenement->type() == QEvent::ToolTip) {
+        // Over the shortened caption of the drawn-curves menu, its whole text.
+        const auto* aide = static_cast<QHelpEvent*>(evenement);
+        const QAction* titre = mnutrace->menuAction();
+        if (menuBar()->actionAt(aide->pos()) == titre && titre->text() != titreTrace_) {
+            QToolTip::showText(aide->globalPos(), titreTrace_, menuBar());
+            return true;
+        }
+    }
     if (traceEnCours_ && evenement->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(evenement)->key() == Qt::Key_Escape) {
         echap_ = true;
