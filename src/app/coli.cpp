@@ -30,8 +30,15 @@ Coli::Coli(Etat& etat, const Boites& boites, QWidget* parent) : QDialog(parent)
     // entry's text shows at once and its kind sits far right out of sight.
     List2->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     List2->setUniformItemSizes(true);
+    // The catalogue the window names, even when it could not be opened
+    // before: a failure names that file and says why.
+    const std::string enVigueur = etat.fenetre.dossierCourbes + etat.fenetre.fichierCatalogue;
     Erreur erreur;
-    for (const std::string& ligne : listerCatalogue(etat.catalogue, &erreur))
+    if (etat.catalogue.chemin != enVigueur)
+        erreur = ouvrirCatalogue(etat.catalogue, enVigueur);
+    const std::vector<std::string> lignes =
+        erreur ? std::vector<std::string>{enteteListeCatalogue} : listerCatalogue(etat.catalogue, &erreur);
+    for (const std::string& ligne : lignes)
         List2->addItem(QString::fromStdString(ligne));
     List2->item(0)->setForeground(Qt::blue);
     List2->setCurrentRow(0);
