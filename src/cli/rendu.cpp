@@ -190,7 +190,10 @@ ResultatRendu rendu(const DemandeRendu& d)
 void assureApplication()
 {
     if (QCoreApplication::instance()) return;
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The sub-commands draw without a display: a platform that needs one
+    // that is not there (QT_QPA_PLATFORM=xcb without DISPLAY) would abort.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || !affichageDisponible())
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     // Without a session folder Qt makes one itself but says so on the error
     // output, which must hold only our messages: make it first, silently.
     prepareDossierSession();

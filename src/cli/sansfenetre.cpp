@@ -103,8 +103,10 @@ int commandeSansFenetre(int, char**)
         std::error_code ec;
         fs::create_directories(dossier, ec);
         if (auto absent = verifieDossier(dossier.string(), "Le dossier des images")) {
-            signale("galerie " + std::string(g.fichier) + " : " + absent.message() +
-                    (ec ? " Il n'a pas pu être créé : " + raisonSysteme(ec.value()) + "." : std::string()));
+            signale("galerie " + std::string(g.fichier) + " : " +
+                    (ec ? "Le dossier des images " + texteCite(dossier.string()) + " n'a pas pu être créé : " +
+                              raisonSysteme(ec.value()) + "."
+                        : absent.message()));
             statut = 1;
             continue;
         }

@@ -3,10 +3,14 @@
 // no display to open it on.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStringList>
 
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 namespace {
@@ -72,6 +76,38 @@ TEST(Demarrage, RefusEnFrancais)
     // An option opens the usage on the error output; the help itself goes
     // to the standard output.
     EXPECT_NE(lanceSansAffichage({"--inconnue"}).erreurs.find("Usage : velorin"), std::string::npos);
+}
+
+// `sansfenetre` in a copy of the program's folder: a folder for the images
+// that cannot be made is said, not announced as filled; an output that
+// cannot be written whole is a failure.
+TEST(Demarrage, SansFenetreSignaleSesEchecs)
+{
+    namespace fs = std::filesystem;
+    const fs::path dossier = fs::temp_directory_path() / ("velorin_sansfenetre_" + std::to_string(::getpid()));
+    fs::remove_all(dossier);
+    fs::create_directories(dossier);
+    fs::copy_file(fs::path(VELORIN_BIN_DIR) / "velorin", dossier / "velorin");
+    fs::copy(fs::path(VELORIN_BIN_DIR) / "usine", dossier / "usine", fs::copy_options::recursive);
+    std::ofstream(dossier / "Apercus") << "un fichier, pas un dossier\n";
+    QProcess p;
+    p.start(QString::fromStdString((dossier / "velorin").string()), {"sansfenetre"});
+    p.waitForFinished(120000);
+    const std::string sortie = p.readAllStandardOutput().toStdString(), erreurs = p.readAllStandardError().toStdString();
+    EXPECT_EQ(p.exitCode(), 1);
+    EXPECT_EQ(sortie.find("une image par entrée"), std::string::npos) << sortie;
+    EXPECT_NE(erreurs.find("Apercus/espace » n'a pas pu être créé : un élément du chemin n'est pas un dossier"),
+              std::string::npos)
+        << erreurs;
+    fs::remove(dossier / "Apercus");
+    QProcess plein;
+    plein.setStandardOutputFile("/dev/full");
+    plein.start(QString::fromStdString((dossier / "velorin").string()), {"sansfenetre"});
+    plein.waitForFinished(120000);
+    EXPECT_EQ(plein.exitCode(), 2);
+    EXPECT_NE(plein.readAllStandardError().toStdString().find("la sortie standard n'a pas pu être écrite en entier"),
+              std::string::npos);
+    fs::remove_all(dossier);
 }
 
 }  // namespace
