@@ -8,6 +8,7 @@
 #include "app/lancement.h"
 #include "base/texte_sur.h"
 #include "cli/commandes.h"
+#include "cli/sortie_standard.h"
 #include "qt/demarrage.h"
 
 #ifndef VELORIN_VERSION
@@ -33,11 +34,11 @@ int main(int argc, char** argv)
     using namespace velorin;
     if (argc >= 2 && (egal(argv[1], "--help") || egal(argv[1], "-h"))) {
         std::fputs(kUsage, stdout);
-        return std::fflush(stdout) == 0 ? 0 : 2;
+        return termineSortieStandard(argv[1], 0);
     }
     if (argc >= 2 && egal(argv[1], "--version")) {
         std::puts("velorin " VELORIN_VERSION);
-        return std::fflush(stdout) == 0 ? 0 : 2;
+        return termineSortieStandard(argv[1], 0);
     }
     if (argc >= 2 && argv[1][0] == '-') {
         std::fprintf(stderr, "velorin : option inconnue %s.\n%s", texteCite(argv[1]).c_str(), kUsage);
