@@ -1,9 +1,14 @@
 #include "catalogue/catalogue.h"
 
+#include <sys/stat.h>
+
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
 
+#include "base/chemins.h"
+#include "base/ecriture.h"
 #include "catalogue/cp1252.h"
 
 namespace velorin {
@@ -24,7 +29,7 @@ std::string messageLigne(const char* action, int n, const Catalogue& cat)
 }
 
 // Size of the file in bytes, or nothing when it is not a readable regular file.
-std::optional<std::uintmax_t> tailleFichier(const std::string& chemin)
+std::optional<std::uintmax_t> tailleLisible(const std::string& chemin)
 {
     std::error_code ec;
     if (!fs::is_regular_file(chemin, ec))
@@ -58,14 +63,19 @@ std::string entierFormate(long long valeur, int chiffres)
 
 Erreur ouvrirCatalogue(Catalogue& cat, const std::string& chemin)
 {
-    std::error_code ec;
-    if (!fs::exists(chemin, ec)) {
+    // Only a missing file is created (through a link that points to
+    // nothing, as before); anything else there (a folder, a FIFO, a link
+    // loop, an unreadable file) is refused with its own reason.
+    struct stat s;
+    if (!chemin.empty() && stat(chemin.c_str(), &s) != 0 && errno == ENOENT) {
         std::ofstream cree(chemin, std::ios::binary | std::ios::app);
         if (!cree)
-            return "Le catalogue " + nomPourMessage(chemin) +
-                   " n'existe pas et ne peut pas être créé.";
+            return "Le catalogue " + nomPourMessage(chemin) + " n'existe pas et ne peut pas être créé : " +
+                   raisonSysteme(errno) + ".";
     }
-    const auto taille = tailleFichier(chemin);
+    if (auto erreur = verifieFichierLisible(chemin, "Le catalogue"))
+        return erreur;
+    const auto taille = tailleLisible(chemin);
     if (!taille)
         return "Le catalogue " + nomPourMessage(chemin) + " ne peut pas être lu.";
     cat.chemin = chemin;

@@ -12,7 +12,9 @@
 #include <string>
 #include <vector>
 
+#include "base/texte_sur.h"
 #include "cli/commandes.h"
+#include "cli/sortie_standard.h"
 #include "engine/compilation.h"
 #include "engine/lecture.h"
 #include "engine/nombres.h"
@@ -97,10 +99,10 @@ int commandeCalcule(int argc, char** argv)
     if (!d.brut) formule = nettoieformule(unifiecrochets(formule), 0);
     if (d.normaliseSeulement) {
         std::printf("%s\n", formule.c_str());
-        return 0;
+        return termineSortieStandard("calcule", 0);
     }
     if (!d.brut && !parenthesesequilibrees(formule)) {
-        std::fprintf(stderr, "La formule %s est incorrecte, corrigez-la , svp\n", d.formule.c_str());
+        std::fprintf(stderr, "La formule %s est incorrecte, corrigez-la , svp\n", texteSur(d.formule).c_str());
         return 2;
     }
 
@@ -127,7 +129,7 @@ int commandeCalcule(int argc, char** argv)
         sortie += texteValeur(r.lue()) + "\n";
     }
     std::fputs(sortie.c_str(), stdout);
-    return 0;
+    return termineSortieStandard("calcule", 0);
 }
 
 }  // namespace velorin

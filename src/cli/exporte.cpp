@@ -7,9 +7,10 @@
 #include <filesystem>
 #include <string>
 
-#include "qt/dossiers.h"
+#include "base/chemins.h"
 #include "cli/commandes.h"
 #include "cli/rendu.h"
+#include "qt/dossiers.h"
 #include "settings/memoire.h"
 
 namespace fs = std::filesystem;
@@ -83,8 +84,15 @@ int commandeExporte(int argc, char** argv)
         return erreur(std::string("il faut --catalogue, au moins une --entree et --sortie\n") + kUsage);
 
     const char* sousDossier = nomsDossiers[d.espace ? 0 : 2];
-    if (dossier.empty()) dossier = dossierExecutable() + sousDossier;
+    const bool dossierDonne = !dossier.empty();
+    if (!dossierDonne) dossier = dossierExecutable() + sousDossier;
     fs::path chemin(catalogue);
+    // The folder is checked when it is named or used: a relative catalogue
+    // name is read in it.
+    if (dossierDonne || chemin.is_relative()) {
+        if (auto echec = verifieDossier(dossier, dossierDonne ? "Le dossier (--dossier)" : "Le dossier des courbes"))
+            return erreur(echec.message());
+    }
     if (chemin.is_relative()) chemin = fs::path(dossier) / chemin;
     d.catalogue = chemin.string();
     // Parameters: the named file, else "mem.log" beside the catalogue, else
@@ -92,7 +100,8 @@ int commandeExporte(int argc, char** argv)
     if (!parametresDonnes) {
         for (const fs::path& p : {chemin.parent_path() / nomFichierMemoire(true),
                                   fs::path(dossierExecutable()) / "usine" / sousDossier / nomFichierMemoire(true)}) {
-            if (fs::is_regular_file(p)) {
+            std::error_code ec;
+            if (fs::is_regular_file(p, ec)) {
                 d.parametres = p.string();
                 break;
             }

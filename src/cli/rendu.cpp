@@ -1,10 +1,13 @@
 // Drawing into a file without a window. The order of the work keeps the
-// promise "written whole or not at all": every input is checked first
-// (catalogue, parameters, entry numbers), then the picture is drawn into a
-// temporary file beside the output, which takes the output's name only when
-// every entry was drawn without a message.
+// promise "written whole or not at all": every input and the output's path
+// are checked first (catalogue, parameters, entry numbers, output folder),
+// then the picture is drawn into memory, the painter's end is checked, and
+// only then is the file written, through the one routine that writes a file
+// whole beside the target and renames it at the end.
 #include "cli/rendu.h"
 
+#include <QBuffer>
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QImage>
@@ -16,15 +19,17 @@
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
-#include <fstream>
 #include <memory>
-#include <unistd.h>
 
-#include "qt/surface_qpainter.h"
+#include "base/chemins.h"
+#include "base/ecriture.h"
+#include "base/texte_sur.h"
 #include "catalogue/catalogue.h"
-#include "qt/png_rapide.h"
-#include "plot/etat.h"
 #include "plot/demande.h"
+#include "plot/etat.h"
+#include "qt/demarrage.h"
+#include "qt/png_rapide.h"
+#include "qt/surface_qpainter.h"
 #include "settings/memoire.h"
 #include "view/projection.h"
 #include "view/repere.h"
@@ -36,37 +41,6 @@ namespace velorin {
 
 namespace {
 
-// Temporary file in the folder of `sortie`, removed unless kept.
-class FichierProvisoire {
-public:
-    explicit FichierProvisoire(const std::string& sortie)
-        : final_(sortie)
-    {
-        const fs::path p(sortie);
-        chemin_ = (p.parent_path() / ("." + p.filename().string() + ".provisoire-" + std::to_string(getpid())))
-                      .string();
-    }
-    ~FichierProvisoire()
-    {
-        std::error_code ec;
-        if (!garde_) fs::remove(chemin_, ec);
-    }
-    const std::string& chemin() const { return chemin_; }
-    // Gives the temporary file the output's name; the error text on failure.
-    Erreur installe()
-    {
-        std::error_code ec;
-        fs::rename(chemin_, final_, ec);
-        if (ec) return "impossible d'écrire " + final_ + " : " + ec.message();
-        garde_ = true;
-        return {};
-    }
-
-private:
-    std::string final_, chemin_;
-    bool garde_ = false;
-};
-
 // Prepares the state as the main window has it after reading the parameters
 // for a drawing area of that size.
 Erreur prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertissement)
@@ -75,16 +49,19 @@ Erreur prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertissement
     const fs::path cat(d.catalogue);
     etat.fenetre.dossierCourbes = cat.parent_path().string() + "/";
     etat.fenetre.fichierCatalogue = cat.filename().string();
-    if (!fs::is_regular_file(cat)) return "catalogue introuvable : " + d.catalogue;
+    if (auto erreur = verifieFichierLisible(d.catalogue, "Le catalogue")) return erreur;
     if (!d.parametres.empty()) {
+        if (auto erreur = verifieFichierLisible(d.parametres, "Le fichier de paramètres")) return erreur;
         if (auto erreur = lisMemoire(d.parametres, etat.param)) return erreur;
     }
+    // The output never replaces one of the files this drawing reads.
+    if (auto erreur = verifieSortie(d.sortie, {d.catalogue, d.parametres})) return erreur;
     if (d.ordreBoucles >= 0) etat.param.ordreBoucles = static_cast<std::uint8_t>(d.ordreBoucles);
     if (auto erreur = ouvrirCatalogue(etat.catalogue, d.catalogue)) return erreur;
     for (int n : d.entrees) {
         if (n < 1 || n > etat.catalogue.nbLignesCatalogue)
-            return "le catalogue " + d.catalogue + " n'a pas d'entrée " + std::to_string(n) + " (il en a " +
-                   std::to_string(etat.catalogue.nbLignesCatalogue) + ")";
+            return "Le catalogue " + texteCite(d.catalogue) + " n'a pas d'entrée " + std::to_string(n) +
+                   " (il en a " + std::to_string(etat.catalogue.nbLignesCatalogue) + ").";
     }
     etat.fenetre.largeurVue = d.largeurPx * twipsParPixelEcran;
     etat.fenetre.hauteurVue = d.hauteurPx * twipsParPixelEcran;
@@ -107,55 +84,74 @@ Erreur dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<
     return {};
 }
 
-Erreur renduJournal(Etat& etat, const DemandeRendu& d, const std::string& chemin, std::vector<double>& durees)
+// The journal of the recording surface, written whole through the checked
+// writes of EcritureEntiere.
+Erreur renduJournal(Etat& etat, const DemandeRendu& d, std::vector<double>& durees)
 {
     SurfaceEnregistreuse surface(etat.vue.W, etat.vue.H);
     if (auto erreur = dessine(etat, surface, d, durees)) return erreur;
-    std::ofstream f(chemin, std::ios::binary);
-    surface.ecrisJournal(f);
-    f.close();
-    if (!f) return "impossible d'écrire " + chemin;
-    return {};
+    EcritureEntiere fichier(d.sortie);
+    if (auto erreur = fichier.ouverture()) return erreur;
+    surface.ecrisJournal(fichier.flux());
+    return fichier.termine();
 }
 
-Erreur renduQt(Etat& etat, const DemandeRendu& d, FormatSortie format, const std::string& chemin,
-                    std::vector<double>& durees)
+// The title of an SVG file: the catalogue's name, control bytes made
+// visible (XML refuses them) and the XML special characters escaped, since
+// the SVG generator writes the title as it is given.
+QString titreSvg(const std::string& catalogue)
 {
-    const QString fichier = QString::fromStdString(chemin);
+    const QString nom = QString::fromStdString(texteSur(fs::path(catalogue).filename().string()));
+    return nom.toHtmlEscaped().replace(QLatin1Char('\''), QStringLiteral("&apos;"));
+}
+
+// PNG, SVG or PDF. Everything is drawn into memory first (an image, or the
+// SVG or PDF text in a buffer): the painter says whether it worked only at
+// its end, and by then nothing must have touched the disk.
+Erreur renduQt(Etat& etat, const DemandeRendu& d, FormatSortie format, std::vector<double>& durees)
+{
     const QSize taille(d.largeurPx, d.hauteurPx);
+    QByteArray octets;
+    QBuffer tampon(&octets);
+    tampon.open(QIODevice::WriteOnly);
     QImage image;
     std::unique_ptr<QPaintDevice> appareil;
     if (format == FormatSortie::Png) {
         image = imagePourSurface(d.largeurPx, d.hauteurPx);
-        if (image.isNull()) return "image trop grande pour la mémoire";
+        if (image.isNull())
+            return "L'image de " + texteCite(d.sortie) + " est trop grande pour la mémoire.";
     } else if (format == FormatSortie::Svg) {
         auto svg = std::make_unique<QSvgGenerator>();
-        svg->setFileName(fichier);
+        svg->setOutputDevice(&tampon);
         svg->setSize(taille);
         svg->setViewBox(QRect(QPoint(0, 0), taille));
         svg->setResolution(96);
-        svg->setTitle(QString::fromStdString(fs::path(d.catalogue).filename().string()));
+        svg->setTitle(titreSvg(d.catalogue));
         appareil = std::move(svg);
     } else {
-        auto pdf = std::make_unique<QPdfWriter>(fichier);
+        auto pdf = std::make_unique<QPdfWriter>(&tampon);
         pdf->setResolution(96);
         pdf->setPageSize(QPageSize(QSizeF(d.largeurPx * 0.75, d.hauteurPx * 0.75), QPageSize::Point));
         pdf->setPageMargins(QMarginsF(0, 0, 0, 0));
         appareil = std::move(pdf);
     }
-    QPaintDevice* cible = appareil ? appareil.get() : &image;
+    const Erreur echecDessin = "Impossible de dessiner " + texteCite(d.sortie) + " : le dessin en mémoire a échoué.";
+    QPainter peintre;
+    if (!peintre.begin(appareil ? appareil.get() : static_cast<QPaintDevice*>(&image)) || !peintre.isActive())
+        return echecDessin;
     Erreur erreur;
     {
-        SurfaceQPainter surface(*cible, etat.vue.W, etat.vue.H);
+        SurfaceQPainter surface(peintre, etat.vue.W, etat.vue.H);
         erreur = dessine(etat, surface, d, durees);
     }
+    const bool fini = peintre.end();
     if (erreur) return erreur;
-    if (format == FormatSortie::Png) {
-        if (auto echec = ecrisPngRapide(image, chemin)) return echec;
-    }
+    if (!fini) return echecDessin;
+    if (format == FormatSortie::Png) return ecrisPngRapide(image, d.sortie);
     appareil.reset();
-    if (!fs::exists(chemin)) return "impossible d'écrire " + chemin;
-    return {};
+    tampon.close();
+    if (octets.isEmpty()) return echecDessin;
+    return ecrisFichierEntier(d.sortie, std::string_view(octets.constData(), static_cast<std::size_t>(octets.size())));
 }
 
 }  // namespace
@@ -176,48 +172,31 @@ ResultatRendu rendu(const DemandeRendu& d)
     ResultatRendu r;
     const FormatSortie format = formatSortie(d.sortie);
     if (format == FormatSortie::Inconnu) {
-        r.erreur = "format de sortie inconnu (" + d.sortie + ") : .png, .svg, .pdf ou .txt";
+        r.erreur = "Le format de sortie de " + texteCite(d.sortie) + " est inconnu : .png, .svg, .pdf ou .txt.";
         return r;
     }
     if (d.largeurPx < 1 || d.hauteurPx < 1 || d.largeurPx > 20000 || d.hauteurPx > 20000) {
-        r.erreur = "taille d'image hors des limites (1 à 20000 pixels de côté)";
-        return r;
-    }
-    const fs::path dossierSortie = fs::path(d.sortie).parent_path();
-    if (!dossierSortie.empty() && !fs::is_directory(dossierSortie)) {
-        r.erreur = "dossier de sortie introuvable : " + dossierSortie.string();
+        r.erreur = "La taille d'image est hors des limites (1 à 20000 pixels de côté).";
         return r;
     }
     Etat etat;
     r.erreur = prepareEtat(d, etat, r.avertissement);
     if (r.erreur) return r;
-    FichierProvisoire provisoire(d.sortie);
-    r.erreur = format == FormatSortie::Texte ? renduJournal(etat, d, provisoire.chemin(), r.dureesMs)
-                                             : renduQt(etat, d, format, provisoire.chemin(), r.dureesMs);
-    if (!r.erreur) r.erreur = provisoire.installe();
-    // The user knows the output file, not its temporary name.
-    if (r.erreur) {
-        std::string message = r.erreur.message();
-        for (auto p = message.find(provisoire.chemin()); p != std::string::npos; p = message.find(provisoire.chemin()))
-            message.replace(p, provisoire.chemin().size(), d.sortie);
-        r.erreur = Erreur(message);
-    }
+    r.erreur = format == FormatSortie::Texte ? renduJournal(etat, d, r.dureesMs)
+                                             : renduQt(etat, d, format, r.dureesMs);
     return r;
 }
 
 void assureApplication()
 {
     if (QCoreApplication::instance()) return;
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The sub-commands draw without a display: a platform that needs one
+    // that is not there (QT_QPA_PLATFORM=xcb without DISPLAY) would abort.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || !affichageDisponible())
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     // Without a session folder Qt makes one itself but says so on the error
     // output, which must hold only our messages: make it first, silently.
-    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
-        const fs::path dossier = fs::temp_directory_path() / ("runtime-" + std::to_string(getuid()));
-        std::error_code ec;
-        fs::create_directories(dossier, ec);
-        fs::permissions(dossier, fs::perms::owner_all, ec);
-        if (!ec) qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(dossier.string()));
-    }
+    prepareDossierSession();
     static int argc = 1;
     static char nom[] = "velorin";
     static char* argv[] = {nom, nullptr};

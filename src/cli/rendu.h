@@ -32,14 +32,16 @@ struct ResultatRendu {
 enum class FormatSortie { Png, Svg, Pdf, Texte, Inconnu };
 FormatSortie formatSortie(const std::string& chemin);
 
-// Draws the request and writes `sortie` whole or not at all: the drawing
-// goes to a temporary file in the same folder, renamed at the end. Needs a
+// Draws the request and writes `sortie` whole or not at all: every path is
+// checked first (inputs readable, output in an existing folder and not one
+// of the inputs), the drawing is made in memory, then written through
+// EcritureEntiere. Needs a
 // QGuiApplication for every format but the journal (see assureApplication).
 ResultatRendu rendu(const DemandeRendu& demande);
 
 // Creates the QGuiApplication when there is none, on the "offscreen"
-// platform unless QT_QPA_PLATFORM names one, so that fonts work without a
-// display. The application lives until the end of the process.
+// platform unless QT_QPA_PLATFORM names one that can start, so that fonts
+// work without a display. The application lives until the end of the process.
 void assureApplication();
 
 // Folder of the running executable (with a final '/').

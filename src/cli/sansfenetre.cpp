@@ -11,12 +11,16 @@
 #include <filesystem>
 #include <string>
 
-#include "qt/dossiers.h"
-#include "qt/surface_qpainter.h"
+#include "base/chemins.h"
+#include "base/ecriture.h"
+#include "base/texte_sur.h"
 #include "catalogue/catalogue.h"
 #include "cli/commandes.h"
-#include "qt/png_rapide.h"
 #include "cli/rendu.h"
+#include "cli/sortie_standard.h"
+#include "qt/dossiers.h"
+#include "qt/png_rapide.h"
+#include "qt/surface_qpainter.h"
 #include "settings/memoire.h"
 
 namespace fs = std::filesystem;
@@ -37,7 +41,7 @@ struct Galerie {
 };
 
 // Draws the contact sheet of the images `images` (entry n in images[n-1]).
-bool planche(const std::vector<std::string>& images, const std::vector<std::string>& textes,
+Erreur planche(const std::vector<std::string>& images, const std::vector<std::string>& textes,
              const std::string& sortie)
 {
     const int lignes = (static_cast<int>(images.size()) + kColonnes - 1) / kColonnes;
@@ -58,8 +62,21 @@ bool planche(const std::vector<std::string>& images, const std::vector<std::stri
         p.drawText(QRect(x + 4, y + hv + 2, kVignette - 8, kLegende - 4), Qt::TextWrapAnywhere, legende);
     }
     p.end();
-    return !ecrisPngRapide(feuille, sortie);
+    return ecrisPngRapide(feuille, sortie);
 }
+
+// The gallery's catalogue: the user's one beside the executable, else the
+// factory one.
+std::string catalogueGalerie(const std::string& base, const Galerie& g)
+{
+    const std::string utilisateur = (fs::path(base) / g.dossier / g.fichier).string();
+    std::error_code ec;
+    if (fs::exists(utilisateur, ec) || ec) return utilisateur;
+    return (fs::path(base) / "usine" / g.dossier / g.fichier).string();
+}
+
+// Failures go to the error output, the list of what was drawn to the output.
+void signale(const std::string& texte) { std::fprintf(stderr, "velorin sansfenetre : %s\n", texte.c_str()); }
 
 }  // namespace
 
@@ -73,26 +90,38 @@ int commandeSansFenetre(int, char**)
     std::printf("Pas de fenêtre : les galeries sont dessinées dans des images PNG.\n");
     int statut = 0;
     for (const Galerie& g : galeries) {
-        fs::path catalogue = fs::path(base) / g.dossier / g.fichier;
-        if (!fs::exists(catalogue)) catalogue = fs::path(base) / "usine" / g.dossier / g.fichier;
+        const std::string catalogue = catalogueGalerie(base, g);
         Catalogue cat;
-        if (!fs::exists(catalogue) || ouvrirCatalogue(cat, catalogue.string())) {
-            std::printf("Galerie %s introuvable : %s\n", g.fichier, catalogue.string().c_str());
+        Erreur echec = verifieFichierLisible(catalogue, "Le catalogue");
+        if (!echec) echec = ouvrirCatalogue(cat, catalogue);
+        if (echec) {
+            signale("galerie " + std::string(g.fichier) + " : " + echec.message());
             statut = 1;
             continue;
         }
         const fs::path dossier = apercus / g.nom;
         std::error_code ec;
         fs::create_directories(dossier, ec);
-        const fs::path mem = catalogue.parent_path() / nomFichierMemoire(true);
-        const std::string parametres = fs::exists(mem) ? mem.string() : std::string();
+        if (auto absent = verifieDossier(dossier.string(), "Le dossier des images")) {
+            signale("galerie " + std::string(g.fichier) + " : " +
+                    (ec ? "Le dossier des images " + texteCite(dossier.string()) + " n'a pas pu être créé : " +
+                              raisonSysteme(ec.value()) + "."
+                        : absent.message()));
+            statut = 1;
+            continue;
+        }
+        const std::string mem = (fs::path(catalogue).parent_path() / nomFichierMemoire(true)).string();
+        const std::string parametres = verifieFichierLisible(mem) ? std::string() : mem;
         std::vector<std::string> images, textes;
         for (int n = 1; n <= cat.nbLignesCatalogue; ++n) {
             LigneCatalogue ligne;
-            lisLigne(cat, n, ligne);
+            if (auto illisible = lisLigne(cat, n, ligne)) {
+                signale(illisible.message());
+                statut = 1;
+            }
             DemandeRendu d;
             d.espace = g.espace;
-            d.catalogue = catalogue.string();
+            d.catalogue = catalogue;
             d.parametres = parametres;
             d.largeurPx = kLargeur;
             d.hauteurPx = kHauteur;
@@ -102,18 +131,22 @@ int commandeSansFenetre(int, char**)
             d.sortie = (dossier / nom).string();
             const ResultatRendu r = rendu(d);
             if (r.erreur) {
-                std::printf("  %s, entrée %d : %s\n", g.fichier, n, r.erreur.message().c_str());
+                signale(std::string(g.fichier) + ", entrée " + std::to_string(n) + " : " + r.erreur.message());
                 statut = 1;
             }
             images.push_back(d.sortie);
             textes.push_back(ligne.texte);
         }
-        const fs::path feuille = apercus / ("planche_" + std::string(g.nom) + ".png");
-        planche(images, textes, feuille.string());
+        const std::string feuille = (apercus / ("planche_" + std::string(g.nom) + ".png")).string();
+        if (auto rate = planche(images, textes, feuille)) {
+            signale(rate.message());
+            statut = 1;
+        }
         std::printf("Galerie %s (%d entrées) : une image par entrée dans %s,\n  toutes ensemble dans %s\n",
-                    g.fichier, cat.nbLignesCatalogue, dossier.string().c_str(), feuille.string().c_str());
+                    g.fichier, cat.nbLignesCatalogue, texteSur(dossier.string()).c_str(),
+                    texteSur(feuille).c_str());
     }
-    return statut;
+    return termineSortieStandard("sansfenetre", statut);
 }
 
 }  // namespace velorin

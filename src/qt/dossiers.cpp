@@ -34,7 +34,10 @@ Erreur prepareDossiers(const QString& dossierAppli)
         while (it.hasNext()) {
             const QString source = it.next();
             const QString cible = dossier + QLatin1Char('/') + QDir(usine).relativeFilePath(source);
-            if (QFileInfo::exists(cible))
+            // Anything at that name is the user's, a link that leads nowhere
+            // or loops included: the catalogue's opening says what is wrong.
+            const QFileInfo present(cible);
+            if (present.exists() || present.isSymLink())
                 continue;
             QDir().mkpath(QFileInfo(cible).absolutePath());
             if (!QFile::copy(source, cible))

@@ -3,9 +3,10 @@
 #include <zlib.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <memory>
 #include <vector>
+
+#include "base/ecriture.h"
+#include "base/texte_sur.h"
 
 namespace velorin {
 
@@ -16,19 +17,16 @@ void ajoute32(std::vector<unsigned char>& s, std::uint32_t v)
     for (int decalage = 24; decalage >= 0; decalage -= 8) s.push_back(static_cast<unsigned char>(v >> decalage));
 }
 
-// One chunk: length, type, data, CRC of type and data.
-bool ecrisBloc(std::FILE* f, const char type[4], const unsigned char* donnees, std::size_t taille)
+// One chunk appended to `png`: length, type, data, CRC of type and data.
+void ajouteBloc(std::vector<unsigned char>& png, const char type[4], const unsigned char* donnees,
+                std::size_t taille)
 {
-    std::vector<unsigned char> tete;
-    ajoute32(tete, static_cast<std::uint32_t>(taille));
-    tete.insert(tete.end(), type, type + 4);
-    uLong crc = crc32(0, tete.data() + 4, 4);
-    if (taille) crc = crc32(crc, donnees, static_cast<uInt>(taille));
-    std::vector<unsigned char> queue;
-    ajoute32(queue, static_cast<std::uint32_t>(crc));
-    return std::fwrite(tete.data(), 1, tete.size(), f) == tete.size() &&
-           (taille == 0 || std::fwrite(donnees, 1, taille, f) == taille) &&
-           std::fwrite(queue.data(), 1, queue.size(), f) == queue.size();
+    ajoute32(png, static_cast<std::uint32_t>(taille));
+    const std::size_t debutType = png.size();
+    png.insert(png.end(), type, type + 4);
+    if (taille) png.insert(png.end(), donnees, donnees + taille);
+    const uLong crc = crc32(0, png.data() + debutType, static_cast<uInt>(4 + taille));
+    ajoute32(png, static_cast<std::uint32_t>(crc));
 }
 
 }  // namespace
@@ -39,14 +37,15 @@ Erreur ecrisPngRapide(const QImage& source, const std::string& chemin)
                              ? source
                              : source.convertToFormat(QImage::Format_RGB32);
     const int w = image.width(), h = image.height();
-    if (w <= 0 || h <= 0) return "image vide : rien à écrire dans " + chemin;
+    if (w <= 0 || h <= 0) return "Image vide : rien à écrire dans " + texteCite(chemin) + ".";
 
     // Rows of filter byte 0 then R, G, B, converted and compressed a band of
     // rows at a time: small buffers, so that no large memory is touched
     // twice (a whole raw copy of the image costs more in page faults than
     // its compression).
     z_stream z{};
-    if (deflateInit2(&z, 1, Z_DEFLATED, 15, 8, Z_RLE) != Z_OK) return "compression impossible";
+    const Erreur compression = "Impossible d'écrire " + texteCite(chemin) + " : la compression de l'image a échoué.";
+    if (deflateInit2(&z, 1, Z_DEFLATED, 15, 8, Z_RLE) != Z_OK) return compression;
     constexpr int lignesParBande = 32;
     const std::size_t octetsLigne = 1 + 3 * static_cast<std::size_t>(w);
     std::vector<unsigned char> bande(octetsLigne * lignesParBande);
@@ -76,7 +75,7 @@ Erreur ecrisPngRapide(const QImage& source, const std::string& chemin)
         } while (etat == Z_OK && (z.avail_in > 0 || (mode == Z_FINISH && z.avail_out == 0)));
     }
     deflateEnd(&z);
-    if (etat != Z_STREAM_END) return "compression impossible";
+    if (etat != Z_STREAM_END) return compression;
 
     std::vector<unsigned char> entete;
     ajoute32(entete, static_cast<std::uint32_t>(w));
@@ -87,16 +86,16 @@ Erreur ecrisPngRapide(const QImage& source, const std::string& chemin)
     ajoute32(physique, 3780);
     physique.push_back(1);
 
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> f(std::fopen(chemin.c_str(), "wb"), &std::fclose);
-    if (!f) return "impossible de créer " + chemin;
+    // The whole file is put together in memory (the compressed drawing is
+    // small), then written whole or not at all.
     static const unsigned char signature[8] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-    const bool ok = std::fwrite(signature, 1, 8, f.get()) == 8 &&
-                    ecrisBloc(f.get(), "IHDR", entete.data(), entete.size()) &&
-                    ecrisBloc(f.get(), "pHYs", physique.data(), physique.size()) &&
-                    ecrisBloc(f.get(), "IDAT", comprime.data(), comprime.size()) &&
-                    ecrisBloc(f.get(), "IEND", nullptr, 0);
-    if (!ok || std::fclose(f.release()) != 0) return "impossible d'écrire " + chemin;
-    return {};
+    std::vector<unsigned char> png(signature, signature + 8);
+    png.reserve(comprime.size() + 128);
+    ajouteBloc(png, "IHDR", entete.data(), entete.size());
+    ajouteBloc(png, "pHYs", physique.data(), physique.size());
+    ajouteBloc(png, "IDAT", comprime.data(), comprime.size());
+    ajouteBloc(png, "IEND", nullptr, 0);
+    return ecrisFichierEntier(chemin, std::string_view(reinterpret_cast<const char*>(png.data()), png.size()));
 }
 
 }  // namespace velorin

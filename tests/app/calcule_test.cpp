@@ -60,4 +60,23 @@ TEST(CommandeCalcule, ErreursDUsage)
     }
 }
 
+// A table that cannot be written whole (here /dev/full, always "disk full")
+// is a failure said in French, not a success.
+TEST(CommandeCalcule, SortiePleine)
+{
+    for (const char* arguments : {"X 1 2 3", "--famille plan 'X*T' 1 2", "--normalise 'y = 2 sin(x)'"}) {
+        const std::string commande =
+            std::string(VELORIN_BIN_DIR) + "/velorin calcule " + arguments + " 2>&1 >/dev/full";
+        FILE* f = popen(commande.c_str(), "r");
+        ASSERT_NE(f, nullptr);
+        std::string erreurs;
+        char tampon[256];
+        while (std::fgets(tampon, sizeof tampon, f)) erreurs += tampon;
+        const int brut = pclose(f);
+        EXPECT_TRUE(WIFEXITED(brut) && WEXITSTATUS(brut) == 2) << arguments;
+        EXPECT_EQ(erreurs, "velorin calcule : la sortie standard n'a pas pu être écrite en entier : le disque est plein.\n")
+            << arguments;
+    }
+}
+
 }  // namespace

@@ -3,10 +3,16 @@
 
 #include <QImage>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QStringList>
+#include <QXmlStreamReader>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include "catalogue/catalogue.h"
@@ -46,9 +52,10 @@ protected:
     }
     void TearDown() override { fs::remove_all(dossier_); }
 
-    Sortie lance(const QStringList& arguments)
+    Sortie lance(const QStringList& arguments, const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
     {
         QProcess p;
+        p.setProcessEnvironment(environnement);
         p.setWorkingDirectory(QString::fromStdString(dossier_.string()));
         p.start(QString(VELORIN_BIN_DIR) + "/velorin", QStringList{"exporte"} + arguments);
         p.waitForFinished(60000);
@@ -72,8 +79,28 @@ protected:
         return n;
     }
 
+    // Names in the folder, links included (a loop too), sorted.
+    std::set<std::string> noms() const
+    {
+        std::set<std::string> n;
+        for (const auto& e : fs::directory_iterator(dossier_)) n.insert(e.path().filename().string());
+        return n;
+    }
+    void ecris(const char* nom, const std::string& texte) const
+    {
+        std::ofstream(dossier_ / nom, std::ios::binary) << texte;
+    }
+
     fs::path dossier_;
 };
+
+// English from Qt or from the C++ library never reaches the user.
+void sansAnglais(const std::string& erreurs, const std::string& cas)
+{
+    for (const char* anglais : {"QPainter", "QSvg", "QPdf", "QStandardPaths", "qt.", "filesystem", "terminate",
+                                "Is a directory", "No such file"})
+        EXPECT_EQ(erreurs.find(anglais), std::string::npos) << cas << " : " << erreurs;
+}
 
 TEST_F(Exporte, QuatreFormats)
 {
@@ -103,7 +130,7 @@ TEST_F(Exporte, ErreursSansFichier)
 {
     struct Cas { QStringList arguments; const char* message; };
     const Cas cas[] = {
-        {{"--catalogue", "absent.lsu", "--entree", "1", "--sortie", "x.png"}, "introuvable"},
+        {{"--catalogue", "absent.lsu", "--entree", "1", "--sortie", "x.png"}, "absent.lsu » n'existe pas"},
         {{"--catalogue", "essai.lsu", "--entree", "5", "--sortie", "x.png"}, "pas d'entrée 5"},
         {{"--catalogue", "essai.lsu", "--entree", "0", "--sortie", "x.png"}, "incorrect"},
         {{"--catalogue", "essai.lsu", "--entree", "1", "--sortie", "x.gif"}, "format"},
@@ -114,7 +141,7 @@ TEST_F(Exporte, ErreursSansFichier)
         {{"--catalogue", "essai.lsu", "--entree", "1", "--parametres", "absent.log", "--sortie", "x.png"}, "absent.log"},
         {{"--catalogue", "essai.lsu", "--entree", "1", "--entree", "3", "--sortie", "x.png"}, "est incorrecte"},
         {{"--catalogue", "essai.lsu", "--entree", "4", "--sortie", "x.txt"}, "Point incorrect"},
-        {{"--catalogue", "essai.lsu", "--entree", "1", "--sortie", "absent/x.png"}, "dossier de sortie introuvable"},
+        {{"--catalogue", "essai.lsu", "--entree", "1", "--sortie", "absent/x.png"}, "Le dossier de sortie « absent » n'existe pas"},
     };
     for (const Cas& c : cas) {
         const Sortie s = lance(QStringList{"--dossier", chemin("")} + c.arguments);
@@ -122,6 +149,122 @@ TEST_F(Exporte, ErreursSansFichier)
         EXPECT_NE(s.erreurs.find(c.message), std::string::npos) << s.erreurs;
         EXPECT_EQ(autresFichiers(), 0) << c.arguments.join(' ').toStdString();
     }
+}
+
+// Every path that cannot be read or written is refused before anything is
+// written, in a French sentence naming it; reading never blocks (a FIFO).
+TEST_F(Exporte, CheminsRefuses)
+{
+    const fs::path d = dossier_;
+    fs::copy_file(d / "essai.lsu", d / "cat.txt");
+    fs::copy_file(fs::path(VELORIN_SOURCE_DIR) / "data/Espace_courbes/mem.log", d / "p.txt");
+    fs::create_directory(d / "dossier.lsu");
+    fs::create_directory(d / "dossier.png");
+    ASSERT_EQ(mkfifo((d / "tube.lsu").c_str(), 0600), 0);
+    ASSERT_EQ(mkfifo((d / "tube.log").c_str(), 0600), 0);
+    fs::create_symlink("boucle.lsu", d / "boucle.lsu");
+    fs::create_symlink("boucle.png", d / "boucle.png");
+    fs::create_symlink("boucle.d", d / "boucle.d");
+    fs::create_symlink("cat.txt", d / "lien.txt");
+    struct Cas { QStringList arguments; const char* message; };
+    const QString ici = chemin("");
+    const Cas cas[] = {
+        {{"--catalogue", "dossier.lsu", "--sortie", "x.png"}, "dossier.lsu » est un dossier"},
+        {{"--catalogue", "tube.lsu", "--sortie", "x.png"}, "tube.lsu » est un tube nommé"},
+        {{"--catalogue", "boucle.lsu", "--sortie", "x.png"}, "boucle.lsu » est un lien symbolique qui tourne en boucle"},
+        {{"--catalogue", "essai.lsu", "--parametres", "tube.log", "--sortie", "x.png"}, "tube.log » est un tube nommé"},
+        {{"--catalogue", "essai.lsu", "--parametres", "dossier.lsu", "--sortie", "x.png"}, "Le fichier de paramètres"},
+        {{"--catalogue", "essai.lsu", "--parametres", "boucle.lsu", "--sortie", "x.png"}, "tourne en boucle"},
+        {{"--catalogue", "essai.lsu", "--sortie", "absent/x.png"}, "« absent » n'existe pas"},
+        {{"--catalogue", "essai.lsu", "--sortie", "dossier.png"}, "dossier.png » est un dossier"},
+        {{"--catalogue", "essai.lsu", "--sortie", "boucle.png"}, "boucle.png » est un lien symbolique qui tourne"},
+        {{"--catalogue", "essai.lsu", "--sortie", "boucle.d/x.png"}, "tourne en boucle"},
+        {{"--catalogue", "cat.txt", "--sortie", "cat.txt"}, "est aussi lu par cette commande"},
+        {{"--catalogue", "cat.txt", "--sortie", "./lien.txt"}, "est aussi lu par cette commande"},
+        {{"--catalogue", "cat.txt", "--sortie", ici + "/../" + QString::fromStdString(d.filename().string()) + "/cat.txt"},
+         "est aussi lu par cette commande"},
+        {{"--catalogue", "essai.lsu", "--parametres", "p.txt", "--sortie", "p.txt"}, "est aussi lu par cette commande"},
+    };
+    const std::string catalogue = contenu("cat.txt"), parametres = contenu("p.txt");
+    const std::set<std::string> avant = noms();
+    for (const Cas& c : cas) {
+        const std::string nom = c.arguments.join(' ').toStdString();
+        const Sortie s = lance(QStringList{"--dossier", ici, "--entree", "1"} + c.arguments);
+        EXPECT_EQ(s.code, 2) << nom;
+        EXPECT_NE(s.erreurs.find(c.message), std::string::npos) << nom << " : " << s.erreurs;
+        sansAnglais(s.erreurs, nom);
+        EXPECT_EQ(noms(), avant) << nom;
+    }
+    EXPECT_EQ(contenu("cat.txt"), catalogue);
+    EXPECT_EQ(contenu("p.txt"), parametres);
+    for (const char* dossier : {"absent", "boucle.d"}) {
+        const Sortie s = lance({"--dossier", chemin(dossier), "--catalogue", "essai.lsu", "--entree", "1", "--sortie",
+                                chemin("x.png")});
+        EXPECT_EQ(s.code, 2) << dossier;
+        EXPECT_NE(s.erreurs.find(std::string("Le dossier (--dossier) « ")), std::string::npos) << s.erreurs;
+        sansAnglais(s.erreurs, dossier);
+    }
+    // Permissions do not hold for root.
+    if (geteuid() == 0) return;
+    fs::copy_file(d / "essai.lsu", d / "secret.lsu");
+    fs::permissions(d / "secret.lsu", fs::perms::none);
+    fs::create_directory(d / "fige");
+    fs::permissions(d / "fige", fs::perms::owner_read | fs::perms::owner_exec);
+    const Cas interdits[] = {
+        {{"--catalogue", "secret.lsu", "--sortie", "x.png"}, "secret.lsu » ne peut pas être lu : permission refusée"},
+        {{"--catalogue", "essai.lsu", "--sortie", "fige/x.svg"}, "fige/x.svg » : permission refusée"},
+        {{"--catalogue", "essai.lsu", "--sortie", "fige/x.pdf"}, "fige/x.pdf » : permission refusée"},
+    };
+    for (const Cas& c : interdits) {
+        const std::string nom = c.arguments.join(' ').toStdString();
+        const Sortie s = lance(QStringList{"--dossier", ici, "--entree", "1"} + c.arguments);
+        EXPECT_EQ(s.code, 2) << nom;
+        EXPECT_NE(s.erreurs.find(c.message), std::string::npos) << nom << " : " << s.erreurs;
+        sansAnglais(s.erreurs, nom);
+    }
+    EXPECT_TRUE(fs::is_empty(d / "fige"));
+    fs::permissions(d / "fige", fs::perms::owner_all);
+}
+
+// A disk that fills up in the middle of the file: every format is refused
+// with the output's name, the user's previous file stays byte for byte and
+// no temporary is left beside it.
+TEST_F(Exporte, DisquePlein)
+{
+    QProcessEnvironment plein = QProcessEnvironment::systemEnvironment();
+    plein.insert("VELORIN_ESSAI_DISQUE_PLEIN", "100");
+    for (const char* nom : {"prec.png", "prec.svg", "prec.pdf", "prec.txt"}) {
+        const std::string ancien = std::string("ancien contenu de ") + nom + "\n";
+        ecris(nom, ancien);
+        const std::set<std::string> avant = noms();
+        const Sortie s = lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--entree",
+                                "2", "--sortie", chemin(nom)},
+                               plein);
+        EXPECT_EQ(s.code, 2) << nom;
+        EXPECT_NE(s.erreurs.find(std::string(nom) + " » : le disque est plein"), std::string::npos) << s.erreurs;
+        sansAnglais(s.erreurs, nom);
+        EXPECT_EQ(contenu(nom), ancien) << nom;
+        EXPECT_EQ(noms(), avant) << nom;
+    }
+}
+
+// The SVG is well-formed whatever the catalogue's name holds, and its title
+// reads back as that name; a 250-character output name is written.
+TEST_F(Exporte, TitreSvgEtNomLong)
+{
+    fs::copy_file(dossier_ / "essai.lsu", dossier_ / "a&b<c>'\".lsu");
+    const std::string long250 = std::string(246, 'n') + ".svg";
+    const Sortie s = lance({"--dossier", chemin(""), "--catalogue", "a&b<c>'\".lsu", "--entree", "1", "--sortie",
+                            QString::fromStdString((dossier_ / long250).string())});
+    ASSERT_EQ(s.code, 0) << s.erreurs;
+    QXmlStreamReader xml(QByteArray::fromStdString(contenu(long250.c_str())));
+    QString titre;
+    while (!xml.atEnd()) {
+        if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == QLatin1String("title"))
+            titre = xml.readElementText();
+    }
+    EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+    EXPECT_EQ(titre.toStdString(), "a&b<c>'\".lsu");
 }
 
 TEST_F(Exporte, ChronoParEntree)

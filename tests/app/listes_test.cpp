@@ -9,13 +9,26 @@
 
 #include <QTimer>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+
 #include "app/dialogues/coli.h"
-#include "app/fenetre/zone_dessin.h"
 #include "app/dialogues/licou.h"
+#include "app/fenetre/zone_dessin.h"
 #include "banc_fenetre.h"
 
 namespace velorin::essai {
 namespace {
+
+// The catalogue the window names.
+std::string enVigueur(const Mirado& m)
+{
+    return m.etat.fenetre.dossierCourbes + m.etat.fenetre.fichierCatalogue;
+}
 
 TEST(Coli, ListeEtChoixEnvoyes)
 {
@@ -34,7 +47,7 @@ TEST(Coli, ListeEtChoixEnvoyes)
         {{}, 1, {}, ModeCouleurs::Unique},
     };
     for (const Cas& c : cas) {
-        Coli coli(m.etat.catalogue, m.boites, &m);
+        Coli coli(m.etat.catalogue, enVigueur(m), m.boites, &m);
         EXPECT_EQ(coli.windowTitle(), QStringLiteral("Liste des Courbes disponibles"));
         auto* liste = controle<QListWidget>(coli, "List2");
         ASSERT_EQ(liste->count(), 7);
@@ -57,13 +70,50 @@ TEST(Coli, DoubleClicEnvoieUneSeuleEntree)
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 4);
     Mirado& m = banc.demarre();
     for (int ligne : {0, 3}) {
-        Coli coli(m.etat.catalogue, m.boites, &m);
+        Coli coli(m.etat.catalogue, enVigueur(m), m.boites, &m);
         auto* liste = controle<QListWidget>(coli, "List2");
         liste->item(1)->setSelected(true);
         coli.List2_DblClick(liste->item(ligne));
         // The header line sends nothing and leaves the list open.
         EXPECT_EQ(coli.result(), ligne == 0 ? QDialog::Rejected : QDialog::Accepted);
         EXPECT_EQ(coli.choix(), ligne == 0 ? std::vector<int>{} : std::vector<int>{3});
+    }
+}
+
+// A catalogue in force that cannot be read: the start and the list both
+// name the file and say why, and the list shows no entry of another one.
+TEST(Coli, CatalogueIllisibleNommeAvecSaRaison)
+{
+    struct Cas {
+        const char* nom;
+        std::function<void(const std::string&)> prepare;
+        const char* raison;
+    };
+    const Cas cas[] = {
+        {"dossier", [](const std::string& c) { std::filesystem::create_directories(c); }, "est un dossier"},
+        {"tube", [](const std::string& c) { ASSERT_EQ(mkfifo(c.c_str(), 0600), 0); }, "est un tube nommé"},
+        {"boucle", [](const std::string& c) { std::filesystem::create_symlink(c, c); }, "tourne en boucle"},
+        {"illisible",
+         [](const std::string& c) {
+             std::ofstream(c) << std::string(302, ' ');
+             std::filesystem::permissions(c, std::filesystem::perms::none);
+         },
+         "permission refusée"},
+    };
+    for (const Cas& c : cas) {
+        if (std::string(c.nom) == "illisible" && geteuid() == 0) continue;  // root reads everything
+        Banc banc;
+        const std::string lisurf = banc.chemin(QStringLiteral("Espace_courbes/Lisurf.lsu")).toStdString();
+        std::filesystem::create_directories(std::filesystem::path(lisurf).parent_path());
+        c.prepare(lisurf);
+        Mirado& m = banc.demarre();
+        Coli coli(m.etat.catalogue, enVigueur(m), m.boites, &m);
+        EXPECT_EQ(controle<QListWidget>(coli, "List2")->count(), 1) << c.nom;
+        ASSERT_GE(banc.messages.size(), 2) << c.nom;
+        for (const QString& message : {banc.messages.front(), banc.messages.back()}) {
+            EXPECT_TRUE(message.contains(QStringLiteral("Lisurf.lsu » "))) << c.nom << " : " << message.toStdString();
+            EXPECT_TRUE(message.contains(QString::fromUtf8(c.raison))) << c.nom << " : " << message.toStdString();
+        }
     }
 }
 

@@ -102,8 +102,10 @@ TEST_F(Catalogues, FailuresAreReportedInFrenchAndChangeNothing)
     const std::string avant = contenu(bon);
     fs::create_directory(chemin("dossier.lsu"));
     struct Cas { std::string chemin; const char* attendu; };
-    for (const Cas& c : {Cas{chemin("dossier.lsu"), "ne peut pas être lu"},
-                         Cas{chemin("absent/x.lsu"), "ne peut pas être créé"}}) {
+    fs::create_symlink("boucle.lsu", chemin("boucle.lsu"));
+    for (const Cas& c : {Cas{chemin("dossier.lsu"), "dossier.lsu » est un dossier"},
+                         Cas{chemin("boucle.lsu"), "boucle.lsu » est un lien symbolique qui tourne en boucle"},
+                         Cas{chemin("absent/x.lsu"), "n'existe pas et ne peut pas être créé : le dossier n'existe pas"}}) {
         const auto erreur = ouvrirCatalogue(cat, c.chemin);
         ASSERT_TRUE(erreur) << c.chemin;
         EXPECT_NE(erreur.message().find(c.attendu), std::string::npos) << erreur.message();

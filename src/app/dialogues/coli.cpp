@@ -21,7 +21,7 @@ int numeroDeLigne(const QListWidget* liste, const QListWidgetItem* item)
 
 }  // namespace
 
-Coli::Coli(Catalogue& catalogue, const Boites& boites, QWidget* parent) : QDialog(parent)
+Coli::Coli(Catalogue& catalogue, const std::string& enVigueur, const Boites& boites, QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("coli"));
     setWindowTitle(QStringLiteral("Liste des Courbes disponibles"));
@@ -32,8 +32,14 @@ Coli::Coli(Catalogue& catalogue, const Boites& boites, QWidget* parent) : QDialo
     // entry's text shows at once and its kind sits far right out of sight.
     List2->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     List2->setUniformItemSizes(true);
+    // The catalogue the window names, even when it could not be opened
+    // before: a failure names that file and says why.
     Erreur erreur;
-    for (const std::string& ligne : listerCatalogue(catalogue, &erreur))
+    if (catalogue.chemin != enVigueur)
+        erreur = ouvrirCatalogue(catalogue, enVigueur);
+    const std::vector<std::string> lignes =
+        erreur ? std::vector<std::string>{enteteListeCatalogue} : listerCatalogue(catalogue, &erreur);
+    for (const std::string& ligne : lignes)
         List2->addItem(QString::fromStdString(ligne));
     List2->item(0)->setForeground(Qt::blue);
     List2->setCurrentRow(0);

@@ -22,8 +22,10 @@ class Coli : public QDialog {
     Q_OBJECT
 public:
     // Form_Load: lists `catalogue` (reopened, so that the count follows the
-    // file on disk); a reading failure is said through `boites`.
-    Coli(Catalogue& catalogue, const Boites& boites, QWidget* parent = nullptr);
+    // file on disk); `enVigueur` is the path of the catalogue the window
+    // names, opened first when `catalogue` is another one (its first opening
+    // failed). A reading failure is said through `boites`.
+    Coli(Catalogue& catalogue, const std::string& enVigueur, const Boites& boites, QWidget* parent = nullptr);
 
     // What the user sent: record numbers in list order, and the colour mode.
     const std::vector<int>& choix() const { return choix_; }

@@ -190,7 +190,7 @@ void Mirado::mnufa_Click(int index)
     if (index == 0) {
         if (refuseSiOccupe())
             return;
-        Coli liste(etat.catalogue, boites, this);
+        Coli liste(etat.catalogue, cheminCatalogue().toStdString(), boites, this);
         if (liste.exec() != QDialog::Accepted || liste.choix().empty())
             return;
         envoieSelection(liste.choix(), liste.mode());

@@ -1,0 +1,69 @@
+#include "base/texte_sur.h"
+
+#include <cstdio>
+
+namespace velorin {
+
+namespace {
+
+// Length of the valid UTF-8 sequence starting at texte[i], or 0.
+std::size_t longueurUtf8(std::string_view texte, std::size_t i)
+{
+    const auto octet = [&](std::size_t k) { return static_cast<unsigned char>(texte[k]); };
+    const unsigned char c = octet(i);
+    std::size_t n;
+    unsigned minimum;
+    if (c >= 0xC2 && c <= 0xDF) { n = 2; minimum = 0x80; }
+    else if (c >= 0xE0 && c <= 0xEF) { n = 3; minimum = 0x800; }
+    else if (c >= 0xF0 && c <= 0xF4) { n = 4; minimum = 0x10000; }
+    else return 0;
+    if (i + n > texte.size()) return 0;
+    unsigned valeur = c & (0x7F >> n);
+    for (std::size_t k = 1; k < n; ++k) {
+        if ((octet(i + k) & 0xC0) != 0x80) return 0;
+        valeur = (valeur << 6) | (octet(i + k) & 0x3F);
+    }
+    if (valeur < minimum || valeur > 0x10FFFF || (valeur >= 0xD800 && valeur <= 0xDFFF)) return 0;
+    return n;
+}
+
+}  // namespace
+
+std::string texteSur(std::string_view texte)
+{
+    std::string sur;
+    sur.reserve(texte.size());
+    for (std::size_t i = 0; i < texte.size();) {
+        const unsigned char c = static_cast<unsigned char>(texte[i]);
+        if (c >= 32 && c < 127) {
+            sur += static_cast<char>(c);
+            ++i;
+            continue;
+        }
+        if (c >= 0x80) {
+            if (const std::size_t n = longueurUtf8(texte, i)) {
+                sur.append(texte.substr(i, n));
+                i += n;
+                continue;
+            }
+        }
+        switch (c) {
+        case 0: sur += "\\0"; break;
+        case '\t': sur += "\\t"; break;
+        case '\n': sur += "\\n"; break;
+        case '\r': sur += "\\r"; break;
+        case 27: sur += "\\e"; break;
+        default: {
+            char code[5];
+            std::snprintf(code, sizeof code, "\\x%02X", c);
+            sur += code;
+        }
+        }
+        ++i;
+    }
+    return sur;
+}
+
+std::string texteCite(std::string_view texte) { return "« " + texteSur(texte) + " »"; }
+
+}  // namespace velorin
