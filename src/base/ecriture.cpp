@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <algorithm>
 #include <climits>
 #include <cstdlib>
 #include <cstring>
@@ -77,12 +78,15 @@ std::string raisonSysteme(int numeroErreur)
     case ENAMETOOLONG: return "le nom est trop long";
     case EFBIG: return "le fichier est trop grand";
     case EIO: return "erreur d'entrée-sortie du disque";
+    case ENXIO: return "ce n'est pas un fichier ordinaire";
     case ENOMEM: return "mémoire insuffisante";
     default: return "erreur système n° " + std::to_string(numeroErreur);
     }
 }
 
 void simuleDisquePlein(long long octets) { limiteDisque() = octets < 0 ? -1 : octets; }
+
+long long limiteDisqueSimulee() { return limiteDisque(); }
 
 // A buffer of 64 KiB in front of the checked writes, for flux().
 struct EcritureEntiere::Tampon : std::streambuf {

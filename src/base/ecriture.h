@@ -67,6 +67,9 @@ Erreur ecrisFichierEntier(const std::string& cible, std::string_view contenu);
 // full disk; a negative value ends the simulation. Overrides the variable
 // VELORIN_ESSAI_DISQUE_PLEIN.
 void simuleDisquePlein(long long octets);
+// The bytes after which writes fail in the simulation, -1 when none: for
+// the writers that change a file in place instead of replacing it.
+long long limiteDisqueSimulee();
 
 // The French sentence for a system error number met on `chemin`
 // ("le disque est plein", "permission refusée", ...).

@@ -111,7 +111,7 @@ int commandeSansFenetre(int, char**)
         const fs::path feuille = apercus / ("planche_" + std::string(g.nom) + ".png");
         planche(images, textes, feuille.string());
         std::printf("Galerie %s (%d entrées) : une image par entrée dans %s,\n  toutes ensemble dans %s\n",
-                    g.fichier, cat.nbLignesCatalogue, dossier.string().c_str(), feuille.string().c_str());
+                    g.fichier, static_cast<int>(cat.nbLignesCatalogue), dossier.string().c_str(), feuille.string().c_str());
     }
     return statut;
 }

@@ -102,7 +102,7 @@ TEST_F(Catalogues, FailuresAreReportedInFrenchAndChangeNothing)
     const std::string avant = contenu(bon);
     fs::create_directory(chemin("dossier.lsu"));
     struct Cas { std::string chemin; const char* attendu; };
-    for (const Cas& c : {Cas{chemin("dossier.lsu"), "ne peut pas être lu"},
+    for (const Cas& c : {Cas{chemin("dossier.lsu"), "est un dossier"},
                          Cas{chemin("absent/x.lsu"), "ne peut pas être créé"}}) {
         const auto erreur = ouvrirCatalogue(cat, c.chemin);
         ASSERT_TRUE(erreur) << c.chemin;
