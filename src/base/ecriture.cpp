@@ -205,6 +205,7 @@ std::ostream& EcritureEntiere::flux()
 
 Erreur EcritureEntiere::termine()
 {
+    if (fini_) return {};
     if (flux_) flux_->flush();
     if (!erreur_ && fd_ >= 0) {
         if (fsync(fd_) != 0 && errno != EINVAL && errno != EROFS) echoue(errno);
