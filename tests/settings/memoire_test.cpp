@@ -3,6 +3,7 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 
 #include <sys/stat.h>
@@ -206,7 +207,7 @@ TEST(Memoire, FilesOnDisk)
     p.xmax = 7.5;
     ASSERT_FALSE(ecrisMemoire(chemin, p));
     EXPECT_EQ(lisTout(chemin), texteMemoire(p));
-    EXPECT_FALSE(fs::exists(chemin + ".tmp"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(dossier), fs::directory_iterator()), 1);  // no temporary
     Parametres lu;
     ASSERT_FALSE(lisMemoire(chemin, lu));
     EXPECT_EQ(lu.xmax, 7.5);
