@@ -129,6 +129,12 @@ EcritureEntiere::EcritureEntiere(std::string cible) : cible_(std::move(cible))
         erreur_ = "Impossible d'écrire " + texteCite(cible_) + " : ce n'est pas un fichier ordinaire.";
         return;
     }
+    // A file the user made read-only is not replaced behind his back (the
+    // rename alone would need only the folder's permission).
+    if (existait_ && access(reelle_.c_str(), W_OK) != 0) {
+        echoue(errno);
+        return;
+    }
     std::string modele = dossierDe(reelle_) + "/.velorin-XXXXXX";
     fd_ = mkstemp(modele.data());
     if (fd_ < 0) {

@@ -7,7 +7,8 @@
 // any failure the temporary is removed, the user's previous file stays as it
 // was, and the failure comes back as a French message naming the target
 // (never the temporary). A target that is a symbolic link is written through
-// the link: the file it points to is replaced, the link is kept.
+// the link: the file it points to is replaced, the link is kept. A target
+// the user may not write (read-only) is refused, not replaced.
 //
 // A writer whose disk fails can be simulated: setting the environment
 // variable VELORIN_ESSAI_DISQUE_PLEIN to a number N makes every write after
