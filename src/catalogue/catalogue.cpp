@@ -37,6 +37,15 @@ std::string texteLimite()
 static_assert(limiteLignesCatalogue == 250000 && limiteLignesCatalogue * tailleEnregistrement == 75500000,
               "texteLimite() states the limit");
 
+// A count with its thousands apart, as French writes it: "1 777 718 251".
+std::string texteCompte(NumeroLigne n)
+{
+    std::string chiffres = std::to_string(n);
+    for (auto i = static_cast<std::ptrdiff_t>(chiffres.size()) - 3; i > (n < 0 ? 1 : 0); i -= 3)
+        chiffres.insert(static_cast<std::size_t>(i), 1, ' ');
+    return chiffres;
+}
+
 void decodeEnregistrement(const char* octets, LigneCatalogue& ligne)
 {
     const auto bas = static_cast<unsigned char>(octets[0]);
@@ -98,7 +107,7 @@ Erreur ouvrirCatalogue(Catalogue& cat, const std::string& chemin)
         return erreur;
     const NumeroLigne nb = static_cast<NumeroLigne>(tailleFichier(chemin) / tailleEnregistrement);
     if (nb > limiteLignesCatalogue)
-        return "Le catalogue " + texteCite(chemin) + " est trop grand : " + std::to_string(nb) +
+        return "Le catalogue " + texteCite(chemin) + " est trop grand : " + texteCompte(nb) +
                " entrées, au-delà de la limite de " + texteLimite() + ".";
     cat.chemin = chemin;
     cat.nbLignesCatalogue = nb;

@@ -164,12 +164,12 @@ TEST_F(Catalogues, AFullDiskLeavesNoPartialRecord)
 TEST_F(Catalogues, SizeIsCountedIn64BitsAndLimited)
 {
     // Sparse files: records of zeros, no disk space taken.
-    struct Cas { const char* nom; std::uintmax_t octets; bool accepte; };
+    struct Cas { const char* nom; std::uintmax_t octets; bool accepte; const char* compte; };
     const Cas cas[] = {
-        {"cent_mille.lsu", 100000u * 302, true},
-        {"limite.lsu", std::uintmax_t(limiteLignesCatalogue) * 302 + 301, true},
-        {"limite_plus_un.lsu", std::uintmax_t(limiteLignesCatalogue + 1) * 302, false},
-        {"enorme.lsu", std::uintmax_t(500) << 30, false},  // 500 GB: 1 777 792 530 records
+        {"cent_mille.lsu", 100000u * 302, true, ""},
+        {"limite.lsu", std::uintmax_t(limiteLignesCatalogue) * 302 + 301, true, ""},
+        {"limite_plus_un.lsu", std::uintmax_t(limiteLignesCatalogue + 1) * 302, false, "250 001"},
+        {"enorme.lsu", std::uintmax_t(500) << 30, false, "1 777 718 251"},  // 500 GB
     };
     for (const Cas& c : cas) {
         std::ofstream(chemin(c.nom));
@@ -181,7 +181,7 @@ TEST_F(Catalogues, SizeIsCountedIn64BitsAndLimited)
         EXPECT_EQ(bool(erreur), !c.accepte) << c.nom << ": " << erreur.message();
         if (!c.accepte) {
             EXPECT_EQ(erreur.message(), "Le catalogue " + texteCite(chemin(c.nom)) + " est trop grand : " +
-                                            std::to_string(c.octets / 302) +
+                                            c.compte +
                                             " entrées, au-delà de la limite de 250 000 entrées (75,5 Mo).");
             EXPECT_TRUE(essai.chemin.empty());
             continue;
