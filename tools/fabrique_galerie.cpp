@@ -6,14 +6,16 @@
 //
 //   fabrique_galerie espace|plan SOURCE CATALOGUE [COPIE]
 //
-// writes CATALOGUE (replacing it whole) and, when COPIE is given and does not
-// exist yet, copies CATALOGUE there: the user's own copy is never overwritten.
+// writes CATALOGUE (replacing it whole, or leaving it as it was on failure)
+// and, when COPIE is given and does not exist yet, writes the same bytes
+// there: the user's own copy is never overwritten.
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
 
+#include "base/ecriture.h"
 #include "catalogue/catalogue.h"
 
 namespace fs = std::filesystem;
@@ -114,24 +116,14 @@ bool lisSource(const std::string& chemin, bool espace, std::vector<Entree>& entr
     return true;
 }
 
-bool ecrisCatalogue(const std::string& chemin, const std::vector<Entree>& entrees)
+// The catalogue's bytes built in memory, then written whole: a failure
+// leaves the previous catalogue as it was.
+bool ecrisCatalogue(const std::string& chemin, const std::string& octets)
 {
     std::error_code ec;
     fs::create_directories(fs::path(chemin).parent_path(), ec);
-    const std::string provisoire = chemin + ".provisoire";
-    fs::remove(provisoire, ec);
-    Catalogue cat;
-    auto erreur = ouvrirCatalogue(cat, provisoire);
-    for (std::size_t i = 0; !erreur && i < entrees.size(); ++i) {
-        LigneCatalogue l;
-        l.typeFonction = static_cast<std::int16_t>(entrees[i].genre);
-        l.texte = entrees[i].texte;
-        erreur = ecrisLigne(cat, static_cast<int>(i) + 1, l);
-    }
-    if (!erreur) fs::rename(provisoire, chemin, ec);
-    if (erreur || ec) {
-        std::fprintf(stderr, "fabrique_galerie : %s\n", erreur ? erreur.message().c_str() : ec.message().c_str());
-        fs::remove(provisoire, ec);
+    if (auto erreur = ecrisFichierEntier(chemin, octets)) {
+        std::fprintf(stderr, "fabrique_galerie : %s\n", erreur.message().c_str());
         return false;
     }
     return true;
@@ -147,16 +139,12 @@ int main(int argc, char** argv)
         return 2;
     }
     std::vector<Entree> entrees;
-    if (!lisSource(argv[2], mode == "espace", entrees) || !ecrisCatalogue(argv[3], entrees)) return 1;
-    if (argc == 5 && !fs::exists(argv[4])) {
-        std::error_code ec;
-        fs::create_directories(fs::path(argv[4]).parent_path(), ec);
-        fs::copy_file(argv[3], argv[4], ec);
-        if (ec) {
-            std::fprintf(stderr, "fabrique_galerie : copie vers %s impossible : %s\n", argv[4],
-                         ec.message().c_str());
-            return 1;
-        }
-    }
+    if (!lisSource(argv[2], mode == "espace", entrees)) return 1;
+    std::string octets;
+    for (const Entree& e : entrees)
+        octets += octetsEnregistrement(LigneCatalogue{static_cast<std::int16_t>(e.genre), e.texte});
+    if (!ecrisCatalogue(argv[3], octets)) return 1;
+    std::error_code ec;
+    if (argc == 5 && !fs::exists(fs::symlink_status(argv[4], ec)) && !ecrisCatalogue(argv[4], octets)) return 1;
     return 0;
 }

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <algorithm>
 #include <climits>
 #include <cstdlib>
 #include <cstring>
@@ -77,12 +78,15 @@ std::string raisonSysteme(int numeroErreur)
     case ENAMETOOLONG: return "le nom est trop long";
     case EFBIG: return "le fichier est trop grand";
     case EIO: return "erreur d'entrée-sortie du disque";
+    case ENXIO: return "ce n'est pas un fichier ordinaire";
     case ENOMEM: return "mémoire insuffisante";
     default: return "erreur système n° " + std::to_string(numeroErreur);
     }
 }
 
 void simuleDisquePlein(long long octets) { limiteDisque() = octets < 0 ? -1 : octets; }
+
+long long limiteDisqueSimulee() { return limiteDisque(); }
 
 // A buffer of 64 KiB in front of the checked writes, for flux().
 struct EcritureEntiere::Tampon : std::streambuf {
@@ -123,6 +127,12 @@ EcritureEntiere::EcritureEntiere(std::string cible) : cible_(std::move(cible))
     }
     if (existe && !S_ISREG(s.st_mode)) {
         erreur_ = "Impossible d'écrire " + texteCite(cible_) + " : ce n'est pas un fichier ordinaire.";
+        return;
+    }
+    // A file the user made read-only is not replaced behind his back (the
+    // rename alone would need only the folder's permission).
+    if (existait_ && access(reelle_.c_str(), W_OK) != 0) {
+        echoue(errno);
         return;
     }
     std::string modele = dossierDe(reelle_) + "/.velorin-XXXXXX";
@@ -201,6 +211,7 @@ std::ostream& EcritureEntiere::flux()
 
 Erreur EcritureEntiere::termine()
 {
+    if (fini_) return {};
     if (flux_) flux_->flush();
     if (!erreur_ && fd_ >= 0) {
         if (fsync(fd_) != 0 && errno != EINVAL && errno != EROFS) echoue(errno);

@@ -7,7 +7,8 @@
 // any failure the temporary is removed, the user's previous file stays as it
 // was, and the failure comes back as a French message naming the target
 // (never the temporary). A target that is a symbolic link is written through
-// the link: the file it points to is replaced, the link is kept.
+// the link: the file it points to is replaced, the link is kept. A target
+// the user may not write (read-only) is refused, not replaced.
 //
 // A writer whose disk fails can be simulated: setting the environment
 // variable VELORIN_ESSAI_DISQUE_PLEIN to a number N makes every write after
@@ -67,6 +68,9 @@ Erreur ecrisFichierEntier(const std::string& cible, std::string_view contenu);
 // full disk; a negative value ends the simulation. Overrides the variable
 // VELORIN_ESSAI_DISQUE_PLEIN.
 void simuleDisquePlein(long long octets);
+// The bytes after which writes fail in the simulation, -1 when none: for
+// the writers that change a file in place instead of replacing it.
+long long limiteDisqueSimulee();
 
 // The French sentence for a system error number met on `chemin`
 // ("le disque est plein", "permission refusée", ...).

@@ -24,6 +24,9 @@ std::size_t longueurUtf8(std::string_view texte, std::size_t i)
         valeur = (valeur << 6) | (octet(i + k) & 0x3F);
     }
     if (valeur < minimum || valeur > 0x10FFFF || (valeur >= 0xD800 && valeur <= 0xDFFF)) return 0;
+    // The C1 controls (U+0080 to U+009F: CSI among them) act on a terminal
+    // like ESC does: shown as the escapes of their bytes.
+    if (valeur <= 0x9F) return 0;
     return n;
 }
 

@@ -10,7 +10,8 @@ namespace velorin {
 
 // `texte` with every control byte (below 32, and 127) written as a visible
 // escape: "\0", "\t", "\n", "\r", "\e" for ESC, "\xNN" for the others; a
-// byte that does not belong to valid UTF-8 becomes "\xNN" too; a backslash
+// byte that does not belong to valid UTF-8 becomes "\xNN" too, and so do
+// the two bytes of a C1 control character (U+0080 to U+009F); a backslash
 // stays as it is. Printable text, accents included, is unchanged.
 std::string texteSur(std::string_view texte);
 

@@ -143,7 +143,7 @@ int commandeSansFenetre(int, char**)
             statut = 1;
         }
         std::printf("Galerie %s (%d entrées) : une image par entrée dans %s,\n  toutes ensemble dans %s\n",
-                    g.fichier, cat.nbLignesCatalogue, texteSur(dossier.string()).c_str(),
+                    g.fichier, static_cast<int>(cat.nbLignesCatalogue), texteSur(dossier.string()).c_str(),
                     texteSur(feuille).c_str());
     }
     return termineSortieStandard("sansfenetre", statut);

@@ -2,6 +2,7 @@
 
 #include <chrono>
 
+#include "base/texte_sur.h"
 #include "engine/nombres.h"
 #include "engine/normalisation.h"
 #include "plot/nuages.h"
@@ -129,7 +130,7 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     for (std::string& champ : champs) {
         champ = nettoieformule(champ, type);
         if (!parenthesesequilibrees(champ)) {
-            r.message = "La formule " + champ + " est incorrecte, corrigez-la , svp";
+            r.message = "La formule " + texteSur(champ) + " est incorrecte, corrigez-la , svp";
             return r;
         }
     }

@@ -18,6 +18,7 @@
 #include <cctype>
 #include <cmath>
 
+#include "base/texte_sur.h"
 #include "engine/lecture.h"
 #include "engine/nombres.h"
 #include "plot/point_trace.h"
@@ -250,7 +251,7 @@ private:
     int continuAvant_;
 };
 
-std::string ou(const std::string& texte) { return texte.empty() ? "(vide)" : texte; }
+std::string ou(const std::string& texte) { return texte.empty() ? "(vide)" : texteSur(texte); }
 
 std::string messagePoint(const std::string& texte, bool espace)
 {

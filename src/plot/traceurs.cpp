@@ -49,24 +49,53 @@ struct Boucle {
     }
 };
 
+// Why the walk of `nom` gives no point, in words: no number that is not
+// finite ever reaches the message. `compte` names the count the step comes
+// from ("nbrCalX"), if any, with its value.
 template <typename T>
-std::string messageBoucle(const char* nom, const Boucle<T>& b)
+std::string messageBoucle(const char* nom, const Boucle<T>& b, const char* compte, double valeurCompte)
 {
-    return std::string("L'intervalle de ") + nom + " (de " + texteCourt(b.debut) + " à " +
-           texteCourt(b.fin) + " par pas de " + texteCourt(b.pas) +
-           ") ne donne aucun point : rien n'est tracé.";
+    const std::string debut = std::string("L'intervalle de ") + nom;
+    const std::string rien = " : rien n'est tracé.";
+    if (!std::isfinite(b.debut) || !std::isfinite(b.fin))
+        return debut + " n'a pas des bornes finies" + rien;
+    const std::string bornes = " (de " + texteCourt(b.debut) + " à " + texteCourt(b.fin);
+    if (compte && (!std::isfinite(b.pas) || b.pas == 0)) {
+        if (!std::isfinite(valeurCompte))
+            return debut + bornes + ") ne donne aucun point car le nombre de calculs " + compte +
+                   " n'est pas un nombre fini" + rien;
+        if (std::fabs(valeurCompte) < 1)
+            return debut + bornes + ") ne donne aucun point car le nombre de calculs " + compte +
+                   " est inférieur à 1" + rien;
+    }
+    if (!std::isfinite(b.pas))
+        return debut + bornes + ") ne donne aucun point car le pas n'est pas un nombre fini" + rien;
+    if (b.pas == 0)
+        return debut + bornes + ") ne donne aucun point car le pas est nul" + rien;
+    if (b.debut + b.pas == b.debut)
+        return debut + bornes + ") ne donne aucun point car le pas de " + texteCourt(b.pas) +
+               " est trop petit pour faire avancer " + nom + rien;
+    return debut + bornes + " par pas de " + texteCourt(b.pas) + ") ne donne aucun point" + rien;
 }
 
 // Why a walk cannot be traced (no point, or more than maxPointsTrace points
 // for the whole tracing); empty when it can.
 template <typename T>
-std::string refus(const char* nom, const Boucle<T>& b, double points)
+std::string refus(const char* nom, const Boucle<T>& b, double points, const char* compte = nullptr,
+                  double valeurCompte = 0)
 {
     if (b.nombre() == 0)
-        return messageBoucle(nom, b);
+        return messageBoucle(nom, b, compte, valeurCompte);
     if (points > maxPointsTrace)
-        return "Trop de points à calculer (" + texteCourt(std::floor(points)) + ") : au plus " +
-               texteCourt(maxPointsTrace) + " par tracé. Augmentez le pas.";
+    {
+        // Whole numbers in full: no exponent, no "inf" for a count too large to say.
+        const std::string maximum = std::to_string(static_cast<long long>(maxPointsTrace));
+        return points < 1e15 ? "Trop de points à calculer (" +
+                                   std::to_string(static_cast<long long>(points)) + ") : au plus " +
+                                   maximum + " par tracé. Augmentez le pas."
+                             : "Trop de points à calculer (plus de " + maximum +
+                                   " par tracé). Augmentez le pas.";
+    }
     return {};
 }
 
@@ -304,7 +333,7 @@ FinTrace traceExplicite(Etat& etat, Surface& surface, const CrochetsTrace& croch
                                (p.ymax - p.ymin) * (p.ymax - p.ymin)) / 8;
     t.pasX = (p.xmax - p.xmin) / p.nbrCalX;
     const Boucle<double> bx{p.xmin, p.xmax, t.pasX};
-    if (std::string r = refus("x", bx, bx.nombre()); !r.empty())
+    if (std::string r = refus("x", bx, bx.nombre(), "nbrCalX", p.nbrCalX); !r.empty())
         return {false, r};
 
     Tracage tr(etat, surface, crochets);

@@ -3,12 +3,14 @@
 #include <charconv>
 #include <cfloat>
 #include <cmath>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <variant>
 #include <vector>
 
+#include "base/chemins.h"
+#include "base/ecriture.h"
+#include "base/texte_sur.h"
 #include "engine/nombres.h"
 #include "settings/texte_nombre.h"
 
@@ -66,7 +68,37 @@ bool estFini(const Parametres& p, const Membre& m)
 
 std::string enTete(const std::string& chemin, int ligne)
 {
-    return "Fichier " + chemin + ", ligne " + std::to_string(ligne) + " : ";
+    return "Fichier " + texteSur(chemin) + ", ligne " + std::to_string(ligne) + " : ";
+}
+
+// A value as the message shows it: escaped, between quotes, and cut when long.
+std::string valeurCitee(const std::string& texte)
+{
+    constexpr std::size_t longueurMontree = 40;
+    if (texte.size() <= longueurMontree)
+        return texteCite(texte);
+    std::size_t n = longueurMontree;
+    while (n > 0 && (static_cast<unsigned char>(texte[n]) & 0xC0) == 0x80)
+        --n;  // not inside a UTF-8 character
+    return texteCite(texte.substr(0, n) + "…");
+}
+
+// The lines of the text, whatever their ends: CR LF, LF alone or CR alone.
+// A UTF-8 byte-order mark in front is skipped. At most `maximum` lines.
+std::vector<std::string> lignesDuTexte(std::string_view texte, std::size_t maximum)
+{
+    if (texte.substr(0, 3) == "\xEF\xBB\xBF")
+        texte.remove_prefix(3);
+    std::vector<std::string> lignes;
+    while (!texte.empty() && lignes.size() < maximum) {
+        const std::size_t fin = texte.find_first_of("\r\n");
+        lignes.emplace_back(texte.substr(0, fin));
+        if (fin == std::string_view::npos)
+            break;
+        const std::size_t saut = texte.compare(fin, 2, "\r\n") == 0 ? 2 : 1;
+        texte.remove_prefix(fin + saut);
+    }
+    return lignes;
 }
 
 std::string valeursTrouvees(std::size_t n)
@@ -95,18 +127,24 @@ std::vector<std::string> valeursDeLigne(const std::string& ligne)
     return valeurs;
 }
 
-// A number in plain or scientific decimal text with "."; false otherwise
-// (also for a value beyond the range of a double).
-bool litNombre(const std::string& texte, double& v)
+enum class Lecture { Nombre, PasUnNombre, HorsLimites };
+
+// A number in plain or scientific decimal text with "."; "inf" and "nan"
+// are not numbers, and a value beyond the range of a double is HorsLimites.
+Lecture litNombre(const std::string& texte, double& v)
 {
     const char* debut = texte.data();
     const char* fin = debut + texte.size();
     if (debut != fin && *debut == '+')
         ++debut;
     if (debut == fin || *debut == '+' || (*debut == '-' && debut != texte.data()))
-        return false;
+        return Lecture::PasUnNombre;
     const auto r = std::from_chars(debut, fin, v);
-    return r.ec == std::errc() && r.ptr == fin && std::isfinite(v);
+    if (r.ptr != fin)
+        return Lecture::PasUnNombre;
+    if (r.ec == std::errc::result_out_of_range)
+        return Lecture::HorsLimites;
+    return r.ec == std::errc() && std::isfinite(v) ? Lecture::Nombre : Lecture::PasUnNombre;
 }
 
 // Converts one value into its member of `p`; returns the message's end on
@@ -119,10 +157,12 @@ Erreur convertis(const std::string& texte, const Champ& champ, Parametres& p)
         v = texte == "#TRUE#" ? 1 : 0;
     } else if (texte.empty()) {
         return std::string("valeur vide (") + champ.nom + ")";
-    } else if (!litNombre(texte, v)) {
-        return "« " + texte + " » n'est pas un nombre (" + champ.nom + ")";
+    } else if (const Lecture l = litNombre(texte, v); l == Lecture::HorsLimites) {
+        return valeurCitee(texte) + " est hors des nombres représentables (" + champ.nom + ")";
+    } else if (l == Lecture::PasUnNombre) {
+        return valeurCitee(texte) + " n'est pas un nombre (" + champ.nom + ")";
     }
-    const std::string hors = texte + " est hors des limites de " + champ.nom;
+    const std::string hors = texteSur(texte) + " est hors des limites de " + champ.nom;
     if (auto f = std::get_if<float Parametres::*>(&champ.membre)) {
         if (std::fabs(v) > FLT_MAX)
             return hors + " (simple précision)";
@@ -134,7 +174,7 @@ Erreur convertis(const std::string& texte, const Champ& champ, Parametres& p)
         p.**e = static_cast<std::int16_t>(arrondi);
     } else if (auto c = std::get_if<int Parametres::*>(&champ.membre)) {
         if (v != 0 && v != 1)
-            return texte + " pour " + champ.nom + " : 0 ou 1 attendu";
+            return texteSur(texte) + " pour " + champ.nom + " : 0 ou 1 attendu";
         p.**c = static_cast<int>(v);
     } else {
         p.*std::get<double Parametres::*>(champ.membre) = v;
@@ -170,13 +210,10 @@ std::string texteMemoire(const Parametres& p)
 Erreur analyseMemoire(const std::string& contenu, const std::string& chemin,
                                           Parametres& p)
 {
-    std::vector<std::string> lignes;
-    std::istringstream flux(contenu);
-    for (std::string l; lignes.size() < 6 && std::getline(flux, l);) {
-        if (!l.empty() && l.back() == '\r')
-            l.pop_back();
-        lignes.push_back(l);
-    }
+    if (contenu.rfind("\xFF\xFE", 0) == 0 || contenu.rfind("\xFE\xFF", 0) == 0)
+        return "Fichier " + texteSur(chemin) +
+               " : le texte est en UTF-16 ; un fichier de paramètres est en texte simple (UTF-8)";
+    const std::vector<std::string> lignes = lignesDuTexte(contenu, 6);
     Parametres lu = p;  // applied only when the whole file is good
     for (int n = 1; n <= 6; ++n) {
         if (n > static_cast<int>(lignes.size()))
@@ -187,7 +224,10 @@ Erreur analyseMemoire(const std::string& contenu, const std::string& chemin,
         const bool exact = n <= 5;
         if (exact ? valeurs.size() != champs.size() : valeurs.empty())
             return enTete(chemin, n) + std::to_string(exact ? champs.size() : 3) +
-                   " valeurs attendues, " + valeursTrouvees(valeurs.size());
+                   " valeurs attendues, " + valeursTrouvees(valeurs.size()) +
+                   (valeurs.size() > champs.size()
+                        ? " (le séparateur décimal doit être « . » : une virgule sépare deux valeurs)"
+                        : "");
         for (std::size_t i = 0; i < champs.size(); ++i)
             if (auto erreur = convertis(valeurs[i], champs[i], lu))
                 return enTete(chemin, n) + "valeur " + std::to_string(i + 1) + ", " + erreur.message();
@@ -198,18 +238,24 @@ Erreur analyseMemoire(const std::string& contenu, const std::string& chemin,
 
 Erreur lisMemoire(const std::string& chemin, Parametres& p)
 {
-    std::ifstream f(chemin, std::ios::binary);
-    if (!f)
-        return "Fichier " + chemin + " : introuvable ou illisible";
+    // Checked first, so that a folder, a FIFO or a device is refused by name
+    // and reading never blocks.
+    if (auto erreur = verifieFichierLisible(chemin, "Le fichier de paramètres"))
+        return erreur;
     // A memory file holds six short lines: anything huge is not one.
     constexpr std::size_t limite = 1 << 16;
+    if (tailleFichier(chemin) > limite)
+        return "Fichier " + texteSur(chemin) + " : trop volumineux pour un fichier de paramètres";
+    std::ifstream f(chemin, std::ios::binary);
+    if (!f)
+        return "Le fichier de paramètres " + texteCite(chemin) + " ne peut pas être ouvert.";
     std::string contenu(limite + 1, '\0');
     f.read(contenu.data(), static_cast<std::streamsize>(contenu.size()));
     if (f.bad())
-        return "Fichier " + chemin + " : lecture impossible";
+        return "Le fichier de paramètres " + texteCite(chemin) + " ne peut pas être lu : erreur de lecture.";
     contenu.resize(static_cast<std::size_t>(f.gcount()));
     if (contenu.size() > limite)
-        return "Fichier " + chemin + " : trop volumineux pour un fichier de paramètres";
+        return "Fichier " + texteSur(chemin) + " : trop volumineux pour un fichier de paramètres";
     return analyseMemoire(contenu, chemin, p);
 }
 
@@ -218,28 +264,9 @@ Erreur ecrisMemoire(const std::string& chemin, const Parametres& p)
     for (const auto& ligne : lignesFichier())
         for (const Champ& c : ligne)
             if (!estFini(p, c.membre))
-                return std::string("Fichier ") + chemin + " non écrit : la valeur de " + c.nom +
+                return "Fichier " + texteSur(chemin) + " non écrit : la valeur de " + c.nom +
                        " n'est pas un nombre fini";
-    const std::string texte = texteMemoire(p);
-    const std::string provisoire = chemin + ".tmp";
-    {
-        std::ofstream f(provisoire, std::ios::binary | std::ios::trunc);
-        if (f)
-            f.write(texte.data(), static_cast<std::streamsize>(texte.size()));
-        f.close();
-        if (!f) {
-            std::error_code ignore;
-            std::filesystem::remove(provisoire, ignore);
-            return "Impossible d'écrire le fichier " + chemin;
-        }
-    }
-    std::error_code erreur;
-    std::filesystem::rename(provisoire, chemin, erreur);
-    if (erreur) {
-        std::filesystem::remove(provisoire, erreur);
-        return "Impossible de remplacer le fichier " + chemin;
-    }
-    return {};
+    return ecrisFichierEntier(chemin, texteMemoire(p));
 }
 
 }  // namespace velorin

@@ -30,8 +30,11 @@ std::string texteMemoire(const Parametres& p);
 // `chemin` and the line) and `p` is untouched. Lines 1 to 5 must hold
 // exactly 6, 6, 6, 8 and 9 values; of line 6 only the first value, pauseMs,
 // is read (ordreBoucles and avecMoirure keep their values in force). Lines
-// may end with CR LF or LF; blanks around a value are ignored; lines after
-// the sixth are ignored.
+// may end with CR LF, LF alone or CR alone, and a UTF-8 byte-order mark in
+// front is skipped; blanks around a value are ignored; lines after the sixth
+// are ignored. "inf", "nan" and values beyond a double are refused; a line
+// with too many values says that the decimal separator must be ".". File
+// text in messages goes through texteSur (no raw control byte).
 // Each value converts into its member's type: a single is rounded to single
 // precision and must fit in it; pauseMs is rounded to the nearest integer
 // (half to even) and must lie in -32768..32767; a check box takes 0 or 1,
@@ -40,15 +43,15 @@ std::string texteMemoire(const Parametres& p);
 Erreur analyseMemoire(const std::string& contenu, const std::string& chemin,
                                           Parametres& p);
 
-// Reads the file `chemin` (see analyseMemoire); a missing or unreadable
-// file is reported the same way.
+// Reads the file `chemin` (see analyseMemoire). The path is checked first
+// (verifieFichierLisible): a missing file, a folder, a FIFO, a device or a
+// link loop each get their own sentence, and reading never blocks; a file
+// of more than 64 KiB is refused.
 Erreur lisMemoire(const std::string& chemin, Parametres& p);
 
-// Writes `p` to `chemin`, replacing the file. The text goes first to a
-// temporary file beside it that then takes its name, so that a failure
-// never leaves a half-written memory file. A value that is not finite is
-// refused (it could not be read back). Returns the French message on
-// failure.
+// Writes `p` to `chemin` whole or not at all (ecrisFichierEntier: on any
+// failure the previous file stays). A value that is not finite is refused
+// (it could not be read back). Returns the French message on failure.
 Erreur ecrisMemoire(const std::string& chemin, const Parametres& p);
 
 }  // namespace velorin

@@ -36,7 +36,7 @@ void SurfaceEnregistreuse::Line(double x1, double y1, double x2, double y2, Coul
     op.y1 = y1;
     op.x2 = x2;
     op.y2 = y2;
-    operations_.push_back(op);
+    garde(op);
     CurrentX = x2;
     CurrentY = y2;
 }
@@ -46,7 +46,7 @@ void SurfaceEnregistreuse::PSet(double x, double y, Couleur couleur)
     OperationDessin op = nouvelle(OperationDessin::Genre::Point, couleur);
     op.x1 = x;
     op.y1 = y;
-    operations_.push_back(op);
+    garde(op);
     CurrentX = x;
     CurrentY = y;
 }
@@ -57,7 +57,7 @@ void SurfaceEnregistreuse::Circle(double x, double y, double rayon, Couleur coul
     op.x1 = x;
     op.y1 = y;
     op.rayon = rayon;
-    operations_.push_back(op);
+    garde(op);
 }
 
 void SurfaceEnregistreuse::Print(const std::string& texte)
@@ -68,14 +68,14 @@ void SurfaceEnregistreuse::Print(const std::string& texte)
     op.police = FontName;
     op.taille = FontSize;
     op.texte = texte;
-    operations_.push_back(op);
+    garde(op);
     CurrentX = 0;
     CurrentY += TextHeight();
 }
 
 void SurfaceEnregistreuse::Clear(Couleur fond)
 {
-    operations_.push_back(nouvelle(OperationDessin::Genre::Effacement, fond));
+    garde(nouvelle(OperationDessin::Genre::Effacement, fond));
     CurrentX = 0;
     CurrentY = 0;
 }
@@ -108,60 +108,85 @@ std::string entreGuillemets(const std::string& texte)
 
 }  // namespace
 
+void SurfaceEnregistreuse::ecrisDans(std::ostream* sortie)
+{
+    sortie_ = sortie;
+}
+
+void SurfaceEnregistreuse::garde(const OperationDessin& op)
+{
+    if (!sortie_) {
+        operations_.push_back(op);
+        return;
+    }
+    ligne_.clear();
+    ajouteAuJournal(op, ligne_);
+    sortie_->write(ligne_.data(), static_cast<std::streamsize>(ligne_.size()));
+}
+
 void SurfaceEnregistreuse::ecrisJournal(std::ostream& sortie) const
 {
-    sortie << journal();
+    std::string ligne;
+    for (const OperationDessin& op : operations_) {
+        ligne.clear();
+        ajouteAuJournal(op, ligne);
+        sortie.write(ligne.data(), static_cast<std::streamsize>(ligne.size()));
+    }
+}
+
+std::string SurfaceEnregistreuse::journal() const
+{
+    std::string s;
+    for (const OperationDessin& op : operations_)
+        ajouteAuJournal(op, s);
+    return s;
 }
 
 // Built with std::to_chars only, so that no locale of a stream can slip a
 // decimal comma or a thousands separator into the journal.
-std::string SurfaceEnregistreuse::journal() const
+void ajouteAuJournal(const OperationDessin& op, std::string& s)
 {
     using G = OperationDessin::Genre;
-    std::string s;
     auto champ = [&s](const std::string& t) { s += ' '; s += t; };
-    for (const OperationDessin& op : operations_) {
-        switch (op.genre) {
-        case G::Ligne:
-            s += "LINE";
-            for (double v : {op.x1, op.y1, op.x2, op.y2})
-                champ(texteCourt(v));
-            champ(texteEntier(op.couleur));
-            champ(texteEntier(op.largeur));
-            champ(texteEntier(op.style));
-            break;
-        case G::Point:
-            s += "PSET";
-            champ(texteCourt(op.x1));
-            champ(texteCourt(op.y1));
-            champ(texteEntier(op.couleur));
-            champ(texteEntier(op.largeur));
-            break;
-        case G::Cercle:
-            s += "CIRCLE";
-            for (double v : {op.x1, op.y1, op.rayon})
-                champ(texteCourt(v));
-            champ(texteEntier(op.couleur));
-            champ(texteEntier(op.largeur));
-            champ(texteEntier(op.style));
-            break;
-        case G::Texte:
-            s += "PRINT";
-            champ(texteCourt(op.x1));
-            champ(texteCourt(op.y1));
-            champ(texteEntier(op.couleur));
-            champ(entreGuillemets(op.police));
-            champ(texteCourt(op.taille));
-            champ(entreGuillemets(op.texte));
-            break;
-        case G::Effacement:
-            s += "CLEAR";
-            champ(texteEntier(op.couleur));
-            break;
-        }
-        s += '\n';
+    switch (op.genre) {
+    case G::Ligne:
+        s += "LINE";
+        for (double v : {op.x1, op.y1, op.x2, op.y2})
+            champ(texteCourt(v));
+        champ(texteEntier(op.couleur));
+        champ(texteEntier(op.largeur));
+        champ(texteEntier(op.style));
+        break;
+    case G::Point:
+        s += "PSET";
+        champ(texteCourt(op.x1));
+        champ(texteCourt(op.y1));
+        champ(texteEntier(op.couleur));
+        champ(texteEntier(op.largeur));
+        break;
+    case G::Cercle:
+        s += "CIRCLE";
+        for (double v : {op.x1, op.y1, op.rayon})
+            champ(texteCourt(v));
+        champ(texteEntier(op.couleur));
+        champ(texteEntier(op.largeur));
+        champ(texteEntier(op.style));
+        break;
+    case G::Texte:
+        s += "PRINT";
+        champ(texteCourt(op.x1));
+        champ(texteCourt(op.y1));
+        champ(texteEntier(op.couleur));
+        champ(entreGuillemets(op.police));
+        champ(texteCourt(op.taille));
+        champ(entreGuillemets(op.texte));
+        break;
+    case G::Effacement:
+        s += "CLEAR";
+        champ(texteEntier(op.couleur));
+        break;
     }
-    return s;
+    s += '\n';
 }
 
 }  // namespace velorin

@@ -57,19 +57,36 @@ public:
     double TextWidth(const std::string& texte) const override;
     double TextHeight() const override;
 
+    // Streaming mode: from now on every operation is written to `sortie` as
+    // its journal line the moment it is recorded, and is not kept, so that
+    // a drawing of millions of points needs no memory for its journal. The
+    // lines are byte for byte those journal() gives. nullptr goes back to
+    // keeping the operations in memory (the default). The stream must
+    // outlive the drawing; its failures are the stream's to report (for an
+    // export: EcritureEntiere::flux(), whose termine() gives the failure).
+    void ecrisDans(std::ostream* sortie);
+
+    // The operations kept in memory (none of those streamed).
     const std::vector<OperationDessin>& operations() const { return operations_; }
     // Forgets the operations recorded so far (the pen state stays).
     void oublie() { operations_.clear(); }
 
+    // The journal of the operations kept in memory.
     void ecrisJournal(std::ostream& sortie) const;
     std::string journal() const;
 
 private:
     OperationDessin nouvelle(OperationDessin::Genre genre, Couleur couleur) const;
+    void garde(const OperationDessin& op);
 
     double largeur_, hauteur_;
     std::vector<OperationDessin> operations_;
+    std::ostream* sortie_ = nullptr;
+    std::string ligne_;  // the line being streamed, reused
 };
+
+// Appends the journal line of `op` ("LINE ...\n") to `journal`.
+void ajouteAuJournal(const OperationDessin& op, std::string& journal);
 
 // Number of UTF-8 code points of a text (the width unit of the estimate).
 std::size_t nombreCaracteres(const std::string& texte);

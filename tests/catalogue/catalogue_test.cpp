@@ -5,6 +5,10 @@
 #include <iterator>
 #include <random>
 
+#include <sys/stat.h>
+
+#include "base/ecriture.h"
+#include "base/texte_sur.h"
 #include "catalogue/catalogue.h"
 #include "catalogue/cp1252.h"
 
@@ -102,10 +106,13 @@ TEST_F(Catalogues, FailuresAreReportedInFrenchAndChangeNothing)
     const std::string avant = contenu(bon);
     fs::create_directory(chemin("dossier.lsu"));
     struct Cas { std::string chemin; const char* attendu; };
-    fs::create_symlink("boucle.lsu", chemin("boucle.lsu"));
-    for (const Cas& c : {Cas{chemin("dossier.lsu"), "dossier.lsu » est un dossier"},
-                         Cas{chemin("boucle.lsu"), "boucle.lsu » est un lien symbolique qui tourne en boucle"},
-                         Cas{chemin("absent/x.lsu"), "n'existe pas et ne peut pas être créé : le dossier n'existe pas"}}) {
+    fs::create_symlink("boucle2.lsu", chemin("boucle1.lsu"));
+    fs::create_symlink("boucle1.lsu", chemin("boucle2.lsu"));
+    ASSERT_EQ(mkfifo(chemin("tube.lsu").c_str(), 0600), 0);
+    for (const Cas& c : {Cas{chemin("dossier.lsu"), "est un dossier, pas un fichier."},
+                         Cas{chemin("absent/x.lsu"), "n'existe pas et ne peut pas être créé : son dossier"},
+                         Cas{chemin("boucle1.lsu"), "est un lien symbolique qui tourne en boucle."},
+                         Cas{chemin("tube.lsu"), "est un tube nommé (FIFO)"}}) {
         const auto erreur = ouvrirCatalogue(cat, c.chemin);
         ASSERT_TRUE(erreur) << c.chemin;
         EXPECT_NE(erreur.message().find(c.attendu), std::string::npos) << erreur.message();
@@ -126,6 +133,77 @@ TEST_F(Catalogues, FailuresAreReportedInFrenchAndChangeNothing)
     Erreur erreurListe;
     EXPECT_EQ(listerCatalogue(cat, &erreurListe).size(), 1u);
     EXPECT_TRUE(erreurListe);
+
+    // A FIFO took its name: refused, never waited on.
+    fs::remove(bon);
+    ASSERT_EQ(mkfifo(bon.c_str(), 0600), 0);
+    EXPECT_TRUE(lisLigne(cat, 1, ligne));
+    const auto erreurTube = ecrisLigne(cat, 1, LigneCatalogue{2, "x"});
+    ASSERT_TRUE(erreurTube);
+    EXPECT_NE(erreurTube.message().find("ne peut pas être écrite"), std::string::npos);
+}
+
+TEST_F(Catalogues, AFullDiskLeavesNoPartialRecord)
+{
+    const std::string c = chemin("plein.lsu");
+    ASSERT_FALSE(ouvrirCatalogue(cat, c));
+    ASSERT_FALSE(ecrisLigne(cat, 1, LigneCatalogue{1, "x=t"}));
+    const std::string avant = contenu(c);
+    simuleDisquePlein(100);
+    for (NumeroLigne n : {1, 2}) {
+        const auto erreur = ecrisLigne(cat, n, LigneCatalogue{2, "y"});
+        ASSERT_TRUE(erreur) << n;
+        EXPECT_EQ(erreur.message(), "La ligne " + std::to_string(n) + " du catalogue " + texteCite(c) +
+                                        " ne peut pas être écrite : le disque est plein.");
+    }
+    simuleDisquePlein(-1);
+    EXPECT_EQ(contenu(c), avant);
+    EXPECT_EQ(cat.nbLignesCatalogue, 1);
+}
+
+TEST_F(Catalogues, SizeIsCountedIn64BitsAndLimited)
+{
+    // Sparse files: records of zeros, no disk space taken.
+    struct Cas { const char* nom; std::uintmax_t octets; bool accepte; const char* compte; };
+    const Cas cas[] = {
+        {"cent_mille.lsu", 100000u * 302, true, ""},
+        {"limite.lsu", std::uintmax_t(limiteLignesCatalogue) * 302 + 301, true, ""},
+        {"limite_plus_un.lsu", std::uintmax_t(limiteLignesCatalogue + 1) * 302, false, "250 001"},
+        {"enorme.lsu", std::uintmax_t(500) << 30, false, "1 777 718 251"},  // 500 GB
+    };
+    for (const Cas& c : cas) {
+        std::ofstream(chemin(c.nom));
+        std::error_code ec;
+        fs::resize_file(chemin(c.nom), c.octets, ec);
+        if (ec) GTEST_SKIP() << "no sparse file of " << c.octets << " bytes here: " << ec.message();
+        Catalogue essai;
+        const auto erreur = ouvrirCatalogue(essai, chemin(c.nom));
+        EXPECT_EQ(bool(erreur), !c.accepte) << c.nom << ": " << erreur.message();
+        if (!c.accepte) {
+            EXPECT_EQ(erreur.message(), "Le catalogue " + texteCite(chemin(c.nom)) + " est trop grand : " +
+                                            c.compte +
+                                            " entrées, au-delà de la limite de 250 000 entrées (75,5 Mo).");
+            EXPECT_TRUE(essai.chemin.empty());
+            continue;
+        }
+        EXPECT_EQ(essai.nbLignesCatalogue, NumeroLigne(c.octets / 302));
+        EXPECT_EQ(essai.marquesCatalogue.size(), c.octets / 302 + 1);
+        LigneCatalogue ligne;
+        ASSERT_FALSE(lisLigne(essai, essai.nbLignesCatalogue, ligne));
+        EXPECT_EQ(ligne.typeFonction, 0);
+        if (essai.nbLignesCatalogue == limiteLignesCatalogue) {
+            const auto plein = ecrisLigne(essai, limiteLignesCatalogue + 1, ligne);
+            ASSERT_TRUE(plein);
+            EXPECT_NE(plein.message().find("est plein : il ne peut pas dépasser 250 000 entrées"),
+                      std::string::npos) << plein.message();
+        } else {
+            Erreur erreurListe;
+            const auto liste = listerCatalogue(essai, &erreurListe);
+            EXPECT_FALSE(erreurListe);
+            ASSERT_EQ(liste.size(), 100001u);
+            EXPECT_EQ(liste.back().substr(0, 7), "100000]");
+        }
+    }
 }
 
 }  // namespace

@@ -143,20 +143,26 @@ TEST(Traceurs, MoireColoursRunOneToFifteenThenTwoToFifteen)
     EXPECT_EQ(couleurs, attendues);
 }
 
-TEST(Traceurs, RefusedRangesDrawNothingAndSaySo)
+TEST(Traceurs, RefusedRangesDrawNothingAndSayWhyInWords)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    struct Cas { const char* nom; int genre; double debut, fin, pas; std::size_t points; };
+    const double inf = std::numeric_limits<double>::infinity();
+    struct Cas { const char* nom; int genre; double debut, fin, pas; std::size_t points; const char* message; };
     const Cas cas[] = {
-        {"zero step", 1, 0, 1, 0, 0},
-        {"step of the wrong sign", 1, 0, 1, -0.1, 0},
-        {"bound not finite", 1, nan, 1, 0.1, 0},
-        {"step lost in the bound", 1, 1e20, 1e20 + 1e6, 1, 0},
-        {"too many points", 1, 0, 1, 1e-8, 0},
-        {"going down", 1, 1, 0, -0.25, 5},
-        {"family, zero a step", 2, 0, 1, 0, 0},
-        {"family, too many points", 2, 0, 1, 1e-5, 0},
-        {"plane curve, no count", 0, 0, 0, 0, 0},
+        {"zero step", 1, 0, 1, 0, 0, "(de 0 à 1) ne donne aucun point car le pas est nul"},
+        {"step of the wrong sign", 1, 0, 1, -0.1, 0, "(de 0 à 1 par pas de -0.1) ne donne aucun point"},
+        {"bound not finite", 1, nan, 1, 0.1, 0, "L'intervalle de t n'a pas des bornes finies"},
+        {"infinite bound", 1, 0, inf, 0.1, 0, "L'intervalle de t n'a pas des bornes finies"},
+        {"step not finite", 1, 0, 1, inf, 0, "le pas n'est pas un nombre fini"},
+        {"step lost in the bound", 1, 1e20, 1e20 + 1e6, 1, 0, "le pas de 1 est trop petit pour faire avancer t"},
+        {"too many points", 1, 0, 1, 1e-8, 0, "Trop de points à calculer (100000001) : au plus 10000000"},
+        {"smallest step", 1, 0, 6.28, 5e-324, 0, "Trop de points à calculer (plus de 10000000 par tracé)"},
+        {"going down", 1, 1, 0, -0.25, 5, ""},
+        {"family, zero a step", 2, 0, 1, 0, 0, "L'intervalle de a (de 0 à 1) ne donne aucun point car le pas est nul"},
+        {"family, too many points", 2, 0, 1, 1e-5, 0, "Trop de points à calculer ("},
+        {"plane curve, no count", 0, -10, 10, 0, 0, "le nombre de calculs nbrCalX est inférieur à 1"},
+        {"plane curve, count not finite", 0, -10, 10, nan, 0, "nbrCalX n'est pas un nombre fini"},
+        {"plane curve, equal bounds", 0, 5, 5, 0, 0, "le nombre de calculs nbrCalX est inférieur à 1"},
     };
     for (const Cas& c : cas) {
         Etat etat = etatAvec(c.genre != 0, "T/10", "A/10", "0");
@@ -164,12 +170,17 @@ TEST(Traceurs, RefusedRangesDrawNothingAndSaySo)
             bornesT(etat, c.debut, c.fin, c.pas);
         if (c.genre == 2)
             etat.param.amin = c.debut, etat.param.amax = c.fin, etat.param.pasA = c.pas;
+        if (c.genre == 0)
+            etat.param.xmin = c.debut, etat.param.xmax = c.fin;
         etat.param.nbrCalX = c.pas;
         SurfaceEnregistreuse s;
         const FinTrace fin = c.genre == 0 ? traceExplicite(etat, s, {})
                              : c.genre == 1 ? parcours1(etat, s, {}) : parcours2(etat, s, {});
         EXPECT_EQ(s.operations().size(), c.points) << c.nom;
         EXPECT_EQ(fin.message.empty(), c.points > 0) << c.nom << ": " << fin.message;
+        EXPECT_NE(fin.message.find(c.message), std::string::npos) << c.nom << ": " << fin.message;
+        for (const char* jamais : {" inf ", "(inf", "inf)", "nan", "e+308"})
+            EXPECT_EQ(fin.message.find(jamais), std::string::npos) << c.nom << ": " << fin.message;
     }
 }
 

@@ -3,7 +3,10 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
+
+#include <sys/stat.h>
 
 #include "../view/locale_virgule.h"
 #include "settings/memoire.h"
@@ -113,6 +116,8 @@ TEST(Memoire, ToleratedForms)
     struct Cas { std::string remplace, par; double xmin; int repere; std::int16_t pause; };
     const Cas cas[] = {
         {"\r\n", "\n", -10, 1, 50},                         // LF alone
+        {"\r\n", "\r", -10, 1, 50},                         // CR alone
+        {"-10,10,-10", "\xEF\xBB\xBF-10,10,-10", -10, 1, 50},   // UTF-8 byte-order mark
         {"-10,10,-10", " -10 ,\t10,-10", -10, 1, 50},       // blanks around values
         {"-10,10,-10", "+.5,10,-10", 0.5, 1, 50},
         {"-10,10,-10", "-1.5E+01,10,-10", -15, 1, 50},
@@ -149,7 +154,12 @@ TEST(Memoire, DamagedFileNamesFileAndLineAndChangesNothing)
         {"20,20,20,30,20,15", "20,20,20,3,0,20,15", "ligne 3 : 6 valeurs attendues, 7"},
         {"-10,10,-10", "1,2..5,-10", "ligne 1 : valeur 2"},
         {"-10,10,-10", "#TRUE#,10,-10", "ligne 1 : valeur 1"},
-        {"-10,10,-10", "1e999,10,-10", "ligne 1 : valeur 1"},
+        {"-10,10,-10", "1e999,10,-10", "ligne 1 : valeur 1, « 1e999 » est hors des nombres représentables (xmin)"},
+        {"-10,10,-10", "nan,10,-10", "ligne 1 : valeur 1, « nan » n'est pas un nombre (xmin)"},
+        {"-10,10,-10", "-inf,10,-10", "ligne 1 : valeur 1, « -inf » n'est pas un nombre"},
+        {"-10,10,-10", "\x1B[2J\x07,10,-10", "ligne 1 : valeur 1, « \\e[2J\\x07 » n'est pas un nombre"},
+        {"0,6.28,0.05", "0,6,28,0.05", "ligne 2 : 6 valeurs attendues, 7 trouvées (le séparateur décimal doit être « . »"},
+        {"-10,10,-10", "\xEF\xBB\xBF\xEF\xBB\xBF-10,10,-10", "ligne 1 : valeur 1, « \uFEFF-10 » n'est pas un nombre"},
         {"-10,10,-10,10,-10,10", "-10,10,-10,10,-1e39,10", "ligne 1 : valeur 5, -1e39 est hors des limites de zmin"},
         {"20,20,20,30,20,15", "20,20,20,30,20,4e38", "ligne 3 : valeur 6, 4e38 est hors"},
         {"50,0,#FALSE#", "32768,0,#FALSE#", "ligne 6 : valeur 1, 32768 est hors des limites de pauseMs"},
@@ -197,7 +207,7 @@ TEST(Memoire, FilesOnDisk)
     p.xmax = 7.5;
     ASSERT_FALSE(ecrisMemoire(chemin, p));
     EXPECT_EQ(lisTout(chemin), texteMemoire(p));
-    EXPECT_FALSE(fs::exists(chemin + ".tmp"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(dossier), fs::directory_iterator()), 1);  // no temporary
     Parametres lu;
     ASSERT_FALSE(lisMemoire(chemin, lu));
     EXPECT_EQ(lu.xmax, 7.5);
@@ -214,6 +224,36 @@ TEST(Memoire, FilesOnDisk)
     EXPECT_NE(erreur.message().find("Rotadir"), std::string::npos);
     EXPECT_EQ(lu.xmax, 7.5);
     EXPECT_EQ(lisTout(chemin), texteMemoire(lu));  // the old file is intact
+    fs::remove_all(dossier);
+}
+
+TEST(Memoire, PathsThatAreNotAFileAreRefusedWithoutBlocking)
+{
+    const fs::path dossier = fs::temp_directory_path() / "velorin_memoire_chemins";
+    fs::remove_all(dossier);
+    fs::create_directories(dossier / "un_dossier");
+    fs::create_symlink("b", dossier / "a");
+    fs::create_symlink("a", dossier / "b");
+    ASSERT_EQ(mkfifo((dossier / "tube").c_str(), 0600), 0);
+    std::ofstream(dossier / "grand") << std::string(100000, '1');
+    struct Cas { const char* nom; const char* fin; };
+    for (Cas c : {Cas{"tube", " est un tube nommé (FIFO), pas un fichier : il ne peut pas être lu."},
+                  Cas{"un_dossier", " est un dossier, pas un fichier."},
+                  Cas{"a", " est un lien symbolique qui tourne en boucle."},
+                  Cas{"absent", " n'existe pas."}}) {
+        const std::string chemin = (dossier / c.nom).string();
+        Parametres p;
+        const auto erreur = lisMemoire(chemin, p);
+        ASSERT_TRUE(erreur) << c.nom;
+        EXPECT_EQ(erreur.message(), "Le fichier de paramètres « " + chemin + " »" + c.fin);
+    }
+    Parametres p;
+    const auto erreur = lisMemoire((dossier / "grand").string(), p);
+    ASSERT_TRUE(erreur);
+    EXPECT_NE(erreur.message().find("trop volumineux"), std::string::npos);
+    const auto utf16 = analyseMemoire("\xFF\xFE-\0" "1\0", "m", p);
+    ASSERT_TRUE(utf16);
+    EXPECT_NE(utf16.message().find("UTF-16"), std::string::npos);
     fs::remove_all(dossier);
 }
 

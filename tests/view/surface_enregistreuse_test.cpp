@@ -1,14 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <locale>
+#include <sstream>
+
 #include "locale_virgule.h"
 #include "view/surface_enregistreuse.h"
 
 namespace velorin {
 namespace {
 
-TEST(SurfaceEnregistreuse, JournalKeepsEveryOperationWithItsPen)
+void dessineUnPeuDeTout(SurfaceEnregistreuse& s)
 {
-    SurfaceEnregistreuse s(6000, 4500);
     s.Clear(0xFFFFFF);
     s.DrawWidth = 2;
     s.DrawStyle = 2;
@@ -23,6 +25,12 @@ TEST(SurfaceEnregistreuse, JournalKeepsEveryOperationWithItsPen)
     s.CurrentX = 300;
     s.CurrentY = 400;
     s.Print("x \"y\"\nz");
+}
+
+TEST(SurfaceEnregistreuse, JournalKeepsEveryOperationWithItsPen)
+{
+    SurfaceEnregistreuse s(6000, 4500);
+    dessineUnPeuDeTout(s);
     EXPECT_EQ(s.journal(),
               "CLEAR 16777215\n"
               "LINE 0.5 1 1500.25 -3 255 2 2\n"
@@ -30,6 +38,25 @@ TEST(SurfaceEnregistreuse, JournalKeepsEveryOperationWithItsPen)
               "CIRCLE 100 200 20 65280 1 0\n"
               "PRINT 300 400 8421376 \"Arial\" 9.5 \"x \"\"y\"\" z\"\n");
     EXPECT_EQ(s.operations().size(), 5u);
+}
+
+TEST(SurfaceEnregistreuse, StreamedJournalIsTheSameTextAndKeepsNothing)
+{
+    SurfaceEnregistreuse enMemoire(6000, 4500);
+    dessineUnPeuDeTout(enMemoire);
+    enMemoire.Line(1234567.5, 0.25, 2, 3, 16711680);
+    LocaleVirgule virgule;  // the stream's locale must not matter either
+    std::ostringstream flux;
+    SurfaceEnregistreuse s(6000, 4500);
+    s.ecrisDans(&flux);
+    dessineUnPeuDeTout(s);
+    s.Line(1234567.5, 0.25, 2, 3, 16711680);
+    EXPECT_EQ(flux.str(), enMemoire.journal());
+    EXPECT_TRUE(s.operations().empty());
+    s.ecrisDans(nullptr);  // back to memory
+    s.PSet(1, 2, 3);
+    EXPECT_EQ(s.journal(), "PSET 1 2 3 1\n");
+    EXPECT_EQ(flux.str(), enMemoire.journal());
 }
 
 TEST(SurfaceEnregistreuse, JournalUsesAPointWhateverTheLocale)
