@@ -10,8 +10,7 @@
 #include "app/licou.h"
 #include "app/mirado.h"
 #include "catalogue/catalogue.h"
-#include "view/projection.h"
-#include "view/repere.h"
+#include "plot/ecran.h"
 
 namespace velorin {
 

@@ -26,8 +26,7 @@
 #include "plot/etat.h"
 #include "plot/demande.h"
 #include "settings/memoire.h"
-#include "view/projection.h"
-#include "view/repere.h"
+#include "plot/ecran.h"
 #include "view/surface_enregistreuse.h"
 
 namespace fs = std::filesystem;

@@ -76,12 +76,11 @@ class Tracage {
 public:
     // A tracing starts with the pen up and, until a tracer computes one, the
     // tangent ends both on the image of (0, 0).
-    Tracage(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
-        : etat(etat), surface(surface), crochets(crochets)
+    Tracage(Etat& e, Surface& s, const CrochetsTrace& c) : etat(e), surface(s), crochets(c)
     {
-        EtatTrace& t = etat.trace;
-        t.tangenteX1 = t.tangenteX2 = etat.vue.origineEcranX;
-        t.tangenteY1 = t.tangenteY2 = etat.vue.origineEcranY;
+        EtatTrace& t = e.trace;
+        t.tangenteX1 = t.tangenteX2 = e.vue.origineEcranX;
+        t.tangenteY1 = t.tangenteY2 = e.vue.origineEcranY;
         t.nbVisiblesSuite = 0;
     }
 

@@ -7,8 +7,6 @@
 // previous content; `projette` reports such a failure to its caller.
 #include "view/projection.h"
 
-#include "plot/etat.h"
-
 #include <cmath>
 
 namespace velorin {
@@ -195,13 +193,12 @@ bool calibre(Parametres& p, Vue& v, bool modeEspace)
     return true;
 }
 
-bool ajusteVue(Etat& etat, double W, double H)
+bool ajusteVue(Parametres& p, Vue& v, bool modeEspace, double W, double H)
 {
-    const bool espace = etat.fenetre.modeEspace;
-    etat.vue.W = W;
-    etat.vue.H = H;
-    prepareVue(etat.param, espace, etat.vue);
-    return calibre(etat.param, etat.vue, espace);
+    v.W = W;
+    v.H = H;
+    prepareVue(p, modeEspace, v);
+    return calibre(p, v, modeEspace);
 }
 
 }  // namespace velorin

@@ -56,7 +56,10 @@ double choisisPas(double etendue, double unite, const std::function<double(doubl
 
 class ReperePlan {
 public:
-    ReperePlan(const Etat& e, TraceRepere& t) : p_(e.param), v_(e.vue), t_(t), s_(t.surface) {}
+    ReperePlan(const Parametres& p, const Vue& v, TraceRepere& t)
+        : p_(p), v_(v), t_(t), s_(t.surface)
+    {
+    }
 
     void trace()
     {
@@ -102,9 +105,9 @@ private:
         const double unite = std::fabs(v_.echelleX);
         if (!(unite > 0))
             return;
-        const double pas = choisisPas(p_.xmax - p_.xmin, unite, [&](double pas) {
-            const auto valeurs = valeursGraduees(p_.xmin, p_.xmax, pas);
-            return std::max(espacementMin, aere * largeurMax(valeurs, motifPas(pas)));
+        const double pas = choisisPas(p_.xmax - p_.xmin, unite, [&](double essai) {
+            const auto valeurs = valeursGraduees(p_.xmin, p_.xmax, essai);
+            return std::max(espacementMin, aere * largeurMax(valeurs, motifPas(essai)));
         });
         const std::string motif = motifPas(pas);
         // Numbers under the axis, above it when there is no room below.
@@ -147,9 +150,9 @@ private:
 
 }  // namespace
 
-void traceReperePlan(const Etat& etat, TraceRepere& t)
+void traceReperePlan(const Parametres& p, const Vue& v, TraceRepere& t)
 {
-    ReperePlan r(etat, t);
+    ReperePlan r(p, v, t);
     r.trace();
 }
 

@@ -8,8 +8,7 @@
 #include <vector>
 
 #include "view/format_nombre.h"
-#include "view/projection.h"
-#include "view/repere.h"
+#include "plot/ecran.h"
 #include "view/surface_enregistreuse.h"
 
 namespace velorin {
