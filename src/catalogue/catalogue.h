@@ -11,9 +11,11 @@
 // never truncated).
 #pragma once
 #include <cstdint>
-#include "base/erreur.h"
 #include <string>
 #include <vector>
+
+#include "base/erreur.h"
+#include "catalogue/genre.h"
 
 namespace velorin {
 
@@ -22,7 +24,7 @@ constexpr int longueurTexte = 300;
 constexpr const char* enteteListeCatalogue = " Listes des courbes ou surfaces";
 
 struct LigneCatalogue {
-    std::int16_t typeFonction = 0;
+    std::int16_t typeFonction = 0;  // a GenreEntree as stored (any 16-bit value)
     std::string texte;  // UTF-8; as read: 300 characters with the padding
 };
 

@@ -2,6 +2,7 @@
 
 #include <chrono>
 
+#include "catalogue/genre.h"
 #include "engine/nombres.h"
 #include "engine/normalisation.h"
 #include "plot/nuages.h"
@@ -32,17 +33,22 @@ std::array<std::string, 3> coupe(const std::string& texte, const std::string& se
     return champs;
 }
 
+// The equation text the engine keeps as typed is that of the plane by
+// equation.
+static_assert(genrePlanEquation == genreTelQuel);
+
 FinTrace lanceTraceur(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
 {
     switch (etat.trace.typeTrace) {
-    case 0: return traceExplicite(etat, surface, crochets);
-    case 1: return parcours1(etat, surface, crochets);
-    case 2: return parcours2(etat, surface, crochets);
-    case 3: return parcours3(etat, surface, crochets);
-    case 4: return parcours4(etat, surface, crochets);
-    case 5: case 6: case 7: case 8: case 9:
+    case genreExplicite: return traceExplicite(etat, surface, crochets);
+    case genreCourbeParametree: return parcours1(etat, surface, crochets);
+    case genreSurfaceParametree: return parcours2(etat, surface, crochets);
+    case genreCourbeSpherique: return parcours3(etat, surface, crochets);
+    case genreSurfaceSpherique: return parcours4(etat, surface, crochets);
+    case genreDroite: case genrePlanParametre: case genrePlanEquation: case genreSegment:
+    case genrePoint:
         return {false, traceObjet(etat, surface, crochets)};
-    default:
+    default:  // the clouds, and any kind never written
         traceNuage(etat, surface, crochets);
         if (crochets.bip)
             crochets.bip();
@@ -55,9 +61,9 @@ FinTrace lanceTraceur(Etat& etat, Surface& surface, const CrochetsTrace& crochet
 std::array<std::string, 3> champsEntree(int type, const std::string& texte)
 {
     const std::string t = sansBlancsAutour(texte);
-    if (type >= 0 && type <= 4)
+    if (estGenreFonction(type))
         return coupe(t, "][");
-    if (type >= 5 && type <= 9) {
+    if (estGenreObjet(type)) {
         const auto ouverture = t.find(":[");
         std::string pieces = ouverture == std::string::npos ? t : t.substr(ouverture + 2);
         if (!pieces.empty() && pieces.back() == ']')

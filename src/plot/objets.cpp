@@ -18,6 +18,7 @@
 #include <cctype>
 #include <cmath>
 
+#include "catalogue/genre.h"
 #include "engine/lecture.h"
 #include "engine/nombres.h"
 #include "plot/point_trace.h"
@@ -350,7 +351,7 @@ std::string traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& croche
 
     // Read everything before drawing anything: a bad field draws nothing.
     auto point = [&](const std::string& t) { return lisCoordonnees(t, espace); };
-    if (genre == 7) {
+    if (genre == genrePlanEquation) {
         auto eq = lisEquation(m.formuleF1);
         if (!eq) {
             return (espace ? "Équation de plan incorrecte : " : "Équation de droite incorrecte : ") +
@@ -385,14 +386,14 @@ std::string traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& croche
     const auto a = point(m.formuleF1);
     if (!a) return messagePoint(m.formuleF1, espace);
     switch (genre) {
-    case 5: {
+    case genreDroite: {
         const auto u = point(m.formuleF2);
         if (!u) return messageVecteur(m.formuleF2, espace);
         if (estNul(*u)) return kVecteurNul;
         Dessin(etat, surface, crochets).droite(*a, *u);
         return {};
     }
-    case 6: {
+    case genrePlanParametre: {
         const auto u = point(m.formuleF2);
         if (!u) return messageVecteur(m.formuleF2, espace);
         const auto v = point(m.formuleF3);
@@ -402,13 +403,13 @@ std::string traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& croche
         Dessin(etat, surface, crochets).plan(*a, *u, *v);
         return {};
     }
-    case 8: {
+    case genreSegment: {
         const auto b = point(m.formuleF2);
         if (!b) return messagePoint(m.formuleF2, espace);
         Dessin(etat, surface, crochets).segment(*a, *b);
         return {};
     }
-    case 9:
+    case genrePoint:
         Dessin(etat, surface, crochets).croix(*a);
         return {};
     default:

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "catalogue/genre.h"
 #include "view/projection.h"
 
 namespace velorin {
@@ -49,7 +50,7 @@ void traceMarques(Etat& etat, Surface& surface)
     // a segment of no length is not issued.
     if (t.tangenteX1 != t.tangenteX2 || t.tangenteY1 != t.tangenteY2)
         surface.Line(t.tangenteX1, t.tangenteY1, t.tangenteX2, t.tangenteY2, c.couleurTangente);
-    if (etat.moteur.genreCourbe == 3 && p.avecRayon)
+    if (etat.moteur.genreCourbe == genreCourbeSpherique && p.avecRayon)
         surface.Line(etat.vue.origineEcranX, etat.vue.origineEcranY, t.ecranX, t.ecranY,
                      c.couleurRayon);
     const double x = etat.moteur.pointX, y = etat.moteur.pointY, z = etat.moteur.pointZ;
