@@ -182,17 +182,4 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     return r;
 }
 
-std::string retraceTout(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
-{
-    std::string messages;
-    for (int i = 1; i <= static_cast<int>(etat.courbes.lignes.size()); ++i) {
-        const ResultatTrace r = demandeTrace(etat, surface, 0, OptionsTrace{i}, crochets);
-        if (!r.message.empty())
-            messages += (messages.empty() ? "" : "\n") + r.message;
-        if (r.interrompu)
-            break;
-    }
-    return messages;
-}
-
 }  // namespace velorin

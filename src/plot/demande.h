@@ -45,11 +45,6 @@ struct ResultatTrace {
 ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const OptionsTrace& options,
                            const CrochetsTrace& crochets);
 
-// Redraws every row of the drawn-curves table, in order, with its stored
-// values. Stops at an interruption. Returns the messages met, one a line
-// (empty when none).
-std::string retraceTout(Etat& etat, Surface& surface, const CrochetsTrace& crochets);
-
 // The formula fields of an entry text, before cleaning: kinds 0 to 4 split at
 // "][", kinds 5 to 9 the pieces after ":[" split at "][" (the closing "]"
 // dropped), any other kind (clouds) split at "<". Each field is trimmed;

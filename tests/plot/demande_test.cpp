@@ -77,7 +77,7 @@ TEST_F(Demande, NewCurveFillsARowThenRedrawUsesTheRowAndPutsTheSettingsBack)
     etat.param.pasT = 0.05;
     etat.couleurs.couleurTrace = 0xFF00;
     SurfaceEnregistreuse retrace;
-    EXPECT_TRUE(retraceTout(etat, retrace, {}).empty());
+    EXPECT_TRUE(demandeTrace(etat, retrace, 0, OptionsTrace{1}, {}).message.empty());
     EXPECT_EQ(retrace.journal(), s.journal());
     EXPECT_EQ(etat.courbes.nbCourbes, 1);
     EXPECT_EQ(etat.param.pasT, 0.05);
