@@ -101,7 +101,7 @@ Erreur dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<
     for (int n : d.entrees) {
         const ResultatTrace r = demandeTrace(etat, surface, n, OptionsTrace{}, CrochetsTrace{});
         durees.push_back(r.dureeMs);
-        if (!r.message.empty()) return "entrée " + std::to_string(n) + " : " + r.message;
+        if (r.erreur) return "entrée " + std::to_string(n) + " : " + r.erreur.message();
     }
     return {};
 }

@@ -105,7 +105,7 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     TableCourbes& table = etat.courbes;
     if (options.ligne != 0) {
         if (options.ligne < 1 || options.ligne > static_cast<int>(table.lignes.size())) {
-            r.message = "La courbe tracée n° " + std::to_string(options.ligne) + " n'existe pas.";
+            r.erreur = "La courbe tracée n° " + std::to_string(options.ligne) + " n'existe pas.";
             return r;
         }
         numero = static_cast<int>(table.lignes[options.ligne - 1][colNumero]);
@@ -115,18 +115,18 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     // deleted record.
     const Catalogue& cat = etat.catalogue;
     if (numero < 1 || numero > cat.nbLignesCatalogue) {
-        r.message = "L'entrée n° " + std::to_string(numero) + " n'existe pas dans le catalogue (" +
+        r.erreur = "L'entrée n° " + std::to_string(numero) + " n'existe pas dans le catalogue (" +
                     std::to_string(cat.nbLignesCatalogue) + " entrées) : rien n'est tracé.";
         return r;
     }
     LigneCatalogue entree;
     if (auto erreur = lisLigne(cat, numero, entree)) {
-        r.message = erreur.message();
+        r.erreur = erreur;
         return r;
     }
     const int type = entree.typeFonction;
     if (type < 0 || sansBlancsAutour(entree.texte).empty()) {
-        r.message = "L'entrée n° " + std::to_string(numero) + " est effacée : rien n'est tracé.";
+        r.erreur = "L'entrée n° " + std::to_string(numero) + " est effacée : rien n'est tracé.";
         return r;
     }
 
@@ -135,7 +135,7 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     for (std::string& champ : champs) {
         champ = nettoieformule(champ, type);
         if (!parenthesesequilibrees(champ)) {
-            r.message = "La formule " + champ + " est incorrecte, corrigez-la , svp";
+            r.erreur = "La formule " + champ + " est incorrecte, corrigez-la , svp";
             return r;
         }
     }
@@ -150,7 +150,7 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
                 couleurCycle(etat.defaut, etat.couleurs.couleurTrace, options.rang);
         r.ligne = ajouteCourbe(table, valeurs);
         if (r.ligne == 0) {
-            r.message = "Trop de courbes tracées (" + std::to_string(maxCourbes) +
+            r.erreur = "Trop de courbes tracées (" + std::to_string(maxCourbes) +
                         " au plus) : videz la liste des courbes tracées.";
             return r;
         }
@@ -175,7 +175,10 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     appliqueLigne(enVigueur, etat);
     r.trace = true;
     r.interrompu = fin.interrompu;
-    r.message = !fin.message.empty() ? fin.message : m.erreurFormule;
+    if (fin.erreur)
+        r.erreur = fin.erreur;
+    else if (!m.erreurFormule.empty())
+        r.erreur = m.erreurFormule;
     r.formuleIncorrecte = !m.erreurFormule.empty();
     r.dureeMs = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - depart)
                     .count();

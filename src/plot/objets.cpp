@@ -343,7 +343,7 @@ std::optional<Equation> lisEquation(const std::string& brut)
     return eq;
 }
 
-std::string traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
+Erreur traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
 {
     const bool espace = etat.fenetre.modeEspace;
     const GlobalesMoteur& m = etat.moteur;

@@ -58,9 +58,9 @@ std::string messageBoucle(const char* nom, const Boucle<T>& b)
 }
 
 // Why a walk cannot be traced (no point, or more than maxPointsTrace points
-// for the whole tracing); empty when it can.
+// for the whole tracing); success when it can.
 template <typename T>
-std::string refus(const char* nom, const Boucle<T>& b, double points)
+Erreur refus(const char* nom, const Boucle<T>& b, double points)
 {
     if (b.nombre() == 0)
         return messageBoucle(nom, b);
@@ -88,7 +88,7 @@ public:
     bool continuer()
     {
         if (!etat.moteur.erreurFormule.empty()) {
-            fin.message = etat.moteur.erreurFormule;
+            fin.erreur = etat.moteur.erreurFormule;
             return false;
         }
         if (++points % pointsEntreInterrogations == 0 && crochets.interrompu &&
@@ -185,7 +185,7 @@ FinTrace traceCourbeT(Etat& etat, Surface& surface, const CrochetsTrace& crochet
 {
     const Parametres& p = etat.param;
     const Boucle<double> bt{p.tmin, p.tmax, p.pasT};
-    if (std::string r = refus("t", bt, bt.nombre()); !r.empty())
+    if (Erreur r = refus("t", bt, bt.nombre()))
         return {false, r};
     Tracage tr(etat, surface, crochets);
     bt.parcourt([&](double t) {
@@ -213,10 +213,10 @@ FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochet
     const Boucle<float> ba{float(p.amin), float(p.amax), float(p.pasA)};
     const int ordre = p.ordreBoucles & 3;
     const double points = bt.nombre() * ba.nombre() * (ordre >= 2 ? 2 : 1);
-    std::string r = refus("t", bt, 0);
-    if (r.empty())
+    Erreur r = refus("t", bt, 0);
+    if (!r)
         r = refus("a", ba, points);
-    if (!r.empty())
+    if (r)
         return {false, r};
 
     Tracage tr(etat, surface, crochets);
@@ -303,7 +303,7 @@ FinTrace traceExplicite(Etat& etat, Surface& surface, const CrochetsTrace& croch
                                (p.ymax - p.ymin) * (p.ymax - p.ymin)) / 8;
     t.pasX = (p.xmax - p.xmin) / p.nbrCalX;
     const Boucle<double> bx{p.xmin, p.xmax, t.pasX};
-    if (std::string r = refus("x", bx, bx.nombre()); !r.empty())
+    if (Erreur r = refus("x", bx, bx.nombre()))
         return {false, r};
 
     Tracage tr(etat, surface, crochets);
