@@ -17,6 +17,19 @@ constexpr double ecartNombre = 50;      // between a tick and its number
 constexpr double espacementMin = 600;   // no two ticks closer (40 px at 96 dpi)
 constexpr double aere = 2.5;            // tick spacing / size of a number
 constexpr int graduationsMax = 200;
+// Least room between a number and the edge of the picture: xmin and ymax
+// lie only decalPlanGauche and decalPlanHaut from the edges, and a number
+// centred on such a tick would start outside the picture (a glyph's ink
+// may also reach a little beyond its measured box).
+constexpr double margeTexte = 3 * twipsParPixelEcran;
+
+// The centre, along the axis, of a number of size `taille` centred on
+// `centre`, moved so that the number keeps margeTexte from both ends of
+// 0..bord.
+double centreDedans(double centre, double taille, double bord)
+{
+    return std::max(margeTexte + taille / 2, std::min(centre, bord - margeTexte - taille / 2));
+}
 
 // Pattern of the numbers of a graduation step: as many decimals as the
 // step needs, scientific form for very large or very small steps.
@@ -116,8 +129,11 @@ private:
             double sx, sy;
             image(v, 0, sx, sy);
             t_.trait(sx, yAxe, 1, 0, demiGraduation);
-            if (v != x0 || x0 != 0)
-                t_.texte(formatNombre(v, motif), sx, yAxe, 0, dessous, ecartNombre, 1);
+            if (v != x0 || x0 != 0) {
+                const std::string texte = formatNombre(v, motif);
+                t_.texte(texte, centreDedans(sx, s_.TextWidth(texte), s_.Width()), yAxe, 0,
+                         dessous, ecartNombre, 1);
+            }
         }
     }
 
@@ -138,7 +154,8 @@ private:
             image(0, v, sx, sy);
             t_.trait(xAxe, sy, 0, 1, demiGraduation);
             if (v != y0 || y0 != 0)
-                t_.texte(formatNombre(v, motif), xAxe, sy, gauche, 0, ecartNombre, 1);
+                t_.texte(formatNombre(v, motif), xAxe, centreDedans(sy, s_.TextHeight(), s_.Height()),
+                         gauche, 0, ecartNombre, 1);
         }
     }
 
