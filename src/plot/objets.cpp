@@ -332,7 +332,7 @@ std::optional<Equation> lisEquation(const std::string& brut)
                     terme.pop_back();
                     if (terme.empty()) return std::nullopt;
                 }
-                if (terme.empty()) terme = "1";
+                if (terme.empty()) terme.assign(1, '1');
             }
             const auto valeur = lisValeur(terme);
             if (!valeur) return std::nullopt;
