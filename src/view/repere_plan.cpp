@@ -131,8 +131,10 @@ private:
             t_.trait(sx, yAxe, 1, 0, demiGraduation);
             if (v != x0 || x0 != 0) {
                 const std::string texte = formatNombre(v, motif);
-                t_.texte(texte, centreDedans(sx, s_.TextWidth(texte), s_.Width()), yAxe, 0,
-                         dessous, ecartNombre, 1);
+                // A tick out of sight keeps its number out of sight.
+                const double x =
+                    t_.dedans(sx, yAxe) ? centreDedans(sx, s_.TextWidth(texte), s_.Width()) : sx;
+                t_.texte(texte, x, yAxe, 0, dessous, ecartNombre, 1);
             }
         }
     }
@@ -153,9 +155,11 @@ private:
             double sx, sy;
             image(0, v, sx, sy);
             t_.trait(xAxe, sy, 0, 1, demiGraduation);
-            if (v != y0 || y0 != 0)
-                t_.texte(formatNombre(v, motif), xAxe, centreDedans(sy, s_.TextHeight(), s_.Height()),
-                         gauche, 0, ecartNombre, 1);
+            if (v != y0 || y0 != 0) {
+                const double y =
+                    t_.dedans(xAxe, sy) ? centreDedans(sy, s_.TextHeight(), s_.Height()) : sy;
+                t_.texte(formatNombre(v, motif), xAxe, y, gauche, 0, ecartNombre, 1);
+            }
         }
     }
 
