@@ -1,7 +1,8 @@
 # Two entry points for a fresh Debian 12 machine:
 #   make run   installs what is missing, builds in Release and starts velorin
 #   make test  installs what is missing, builds and runs every test
-# (plus the sanitizer build of the core tests).
+# (plus the sanitizer build of the core tests, through the portable loops of
+# the compiled formulas).
 
 BUILD      ?= build
 BUILD_SAN  ?= build-san
@@ -38,7 +39,7 @@ run: build
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
-	cmake -S . -B $(BUILD_SAN) -DCMAKE_BUILD_TYPE=Debug -DVELORIN_SANITIZE=ON
+	cmake -S . -B $(BUILD_SAN) -DCMAKE_BUILD_TYPE=Debug -DVELORIN_SANITIZE=ON -DVELORIN_PORTABLE=ON
 	cmake --build $(BUILD_SAN) -j $(JOBS) --target core_tests
 	cd $(BUILD_SAN) && ctest --output-on-failure -j $(JOBS)
 

@@ -40,6 +40,7 @@ using velorin::FormuleCompilee;
 
 constexpr std::size_t nbPoints = 4096;
 
+#if defined(__x86_64__) || defined(__i386__)
 // Leaves the upper half of a vector register dirty, as Qt may. Not compiled
 // as AVX code: the compiler would clear the upper halves on return.
 __attribute__((noinline)) void salitAvx()
@@ -52,6 +53,9 @@ void salit()
 {
     if (avecAvx) salitAvx();
 }
+#else
+void salit() {}  // no vector register halves to dirty elsewhere
+#endif
 void nettoie() { velorin::compil::nettoieRegistresVectoriels(); }
 
 struct Cas {

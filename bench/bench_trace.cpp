@@ -21,8 +21,7 @@
 #include "plot/etat.h"
 #include "plot/traceurs.h"
 #include "settings/memoire.h"
-#include "view/projection.h"
-#include "view/repere.h"
+#include "plot/ecran.h"
 
 namespace fs = std::filesystem;
 using namespace velorin;

@@ -43,8 +43,8 @@ std::vector<std::string> morceaux(const std::string& s)
     return r;
 }
 
-// Empty when `texte` follows the entry syntax of kind `genre`; else why not.
-std::string controle(int genre, const std::string& texte, bool espace)
+// Success when `texte` follows the entry syntax of kind `genre`; else why not.
+Erreur controle(int genre, const std::string& texte, bool espace)
 {
     static const char* invites[5][3] = {
         {"y = f(x)=", "", ""},
@@ -54,9 +54,9 @@ std::string controle(int genre, const std::string& texte, bool espace)
         {"R=f1(a,t)=", "Agh=f2(a,t)=", "Agv=f3(a,t)="},
     };
     if (texte.size() > std::size_t(longueurTexte)) return "texte de plus de 300 caractères";
-    if (genre >= 0 && genre <= 4) {
+    if (estGenreFonction(genre)) {
         const auto m = morceaux(texte);
-        const std::size_t attendus = genre == 0 ? 1 : (espace ? 3 : 2);
+        const std::size_t attendus = genre == genreExplicite ? 1 : (espace ? 3 : 2);
         if (m.size() != attendus) return "nombre de formules";
         for (std::size_t i = 0; i < m.size(); ++i)
             if (!commencePar(m[i], invites[genre][i]) || m[i].size() == std::string(invites[genre][i]).size())
@@ -64,19 +64,21 @@ std::string controle(int genre, const std::string& texte, bool espace)
         return {};
     }
     struct Objet { int genre; const char* debut; std::size_t champs; };
-    static const Objet objets[] = {{5, "D(M,u):[", 2}, {6, "P(M,u,v):[", 3}, {8, "Segment:[", 2},
-                                   {9, "Point:[", 1}};
-    if (genre == 7) {
+    static const Objet objets[] = {{genreDroite, "D(M,u):[", 2}, {genrePlanParametre, "P(M,u,v):[", 3},
+                                   {genreSegment, "Segment:[", 2}, {genrePoint, "Point:[", 1}};
+    if (genre == genrePlanEquation) {
         const std::string debut = espace ? "Plan:[" : "Droite:[";
-        return commencePar(texte, debut) && texte.back() == ']' ? "" : "attendu " + debut + "...]";
+        if (commencePar(texte, debut) && texte.back() == ']') return {};
+        return "attendu " + debut + "...]";
     }
     for (const Objet& o : objets) {
         if (o.genre != genre) continue;
         if (!commencePar(texte, o.debut) || texte.back() != ']') return std::string("attendu ") + o.debut;
         const auto m = morceaux(texte.substr(std::string(o.debut).size()));
-        return m.size() == o.champs ? "" : "nombre de points ou de vecteurs";
+        if (m.size() == o.champs) return {};
+        return "nombre de points ou de vecteurs";
     }
-    if (genre == 14 || genre == 15) {
+    if (genre == genreNuagePlan || genre == genreNuageEspace) {
         const auto a = texte.find('<'), b = texte.find('<', a + 1);
         if (a == std::string::npos || b == std::string::npos || texte.find('<', b + 1) != std::string::npos)
             return "attendu g<f<h";
@@ -85,48 +87,43 @@ std::string controle(int genre, const std::string& texte, bool espace)
     return "genre inconnu";
 }
 
-bool lisSource(const std::string& chemin, bool espace, std::vector<Entree>& entrees)
+// The kind and text of one source line.
+Erreur lisEntree(const std::string& ligne, bool espace, Entree& e)
+{
+    const auto barre = ligne.find('|');
+    if (barre == std::string::npos) return "attendu genre|texte";
+    try {
+        e.genre = std::stoi(ligne.substr(0, barre));
+    } catch (...) {
+        return "genre illisible";
+    }
+    e.texte = ligne.substr(barre + 1);
+    return controle(e.genre, e.texte, espace);
+}
+
+Erreur lisSource(const std::string& chemin, bool espace, std::vector<Entree>& entrees)
 {
     std::ifstream f(chemin);
-    if (!f) {
-        std::fprintf(stderr, "fabrique_galerie : impossible de lire %s\n", chemin.c_str());
-        return false;
-    }
+    if (!f) return "impossible de lire " + chemin;
     std::string ligne;
     for (int numero = 1; std::getline(f, ligne); ++numero) {
         if (!ligne.empty() && ligne.back() == '\r') ligne.pop_back();
         if (ligne.empty() || ligne[0] == '#') continue;
-        const auto barre = ligne.find('|');
         Entree e;
-        std::string erreur;
-        try {
-            e.genre = std::stoi(ligne.substr(0, barre));
-        } catch (...) {
-            erreur = "genre illisible";
-        }
-        if (barre == std::string::npos) erreur = "attendu genre|texte";
-        else e.texte = ligne.substr(barre + 1);
-        if (erreur.empty()) erreur = controle(e.genre, e.texte, espace);
-        if (!erreur.empty()) {
-            std::fprintf(stderr, "%s:%d : %s\n", chemin.c_str(), numero, erreur.c_str());
-            return false;
-        }
+        if (auto erreur = lisEntree(ligne, espace, e))
+            return chemin + ":" + std::to_string(numero) + " : " + erreur.message();
         entrees.push_back(e);
     }
-    return true;
+    return {};
 }
 
 // The catalogue's bytes built in memory, then written whole: a failure
 // leaves the previous catalogue as it was.
-bool ecrisCatalogue(const std::string& chemin, const std::string& octets)
+Erreur ecrisCatalogue(const std::string& chemin, const std::string& octets)
 {
     std::error_code ec;
     fs::create_directories(fs::path(chemin).parent_path(), ec);
-    if (auto erreur = ecrisFichierEntier(chemin, octets)) {
-        std::fprintf(stderr, "fabrique_galerie : %s\n", erreur.message().c_str());
-        return false;
-    }
-    return true;
+    return ecrisFichierEntier(chemin, octets);
 }
 
 }  // namespace
@@ -139,12 +136,17 @@ int main(int argc, char** argv)
         return 2;
     }
     std::vector<Entree> entrees;
-    if (!lisSource(argv[2], mode == "espace", entrees)) return 1;
+    Erreur erreur = lisSource(argv[2], mode == "espace", entrees);
     std::string octets;
     for (const Entree& e : entrees)
         octets += octetsEnregistrement(LigneCatalogue{static_cast<std::int16_t>(e.genre), e.texte});
-    if (!ecrisCatalogue(argv[3], octets)) return 1;
+    if (!erreur) erreur = ecrisCatalogue(argv[3], octets);
+    // The user's copy is written only when nothing is at its name.
     std::error_code ec;
-    if (argc == 5 && !fs::exists(fs::symlink_status(argv[4], ec)) && !ecrisCatalogue(argv[4], octets)) return 1;
+    if (!erreur && argc == 5 && !fs::exists(fs::symlink_status(argv[4], ec))) erreur = ecrisCatalogue(argv[4], octets);
+    if (erreur) {
+        std::fprintf(stderr, "fabrique_galerie : %s\n", erreur.message().c_str());
+        return 1;
+    }
     return 0;
 }

@@ -122,7 +122,7 @@ Erreur ouvrirCatalogue(Catalogue& cat)
 
 void viderLigne(LigneCatalogue& ligne)
 {
-    ligne.typeFonction = 0;
+    ligne.typeFonction = genreExplicite;
     ligne.texte.assign(longueurTexte, ' ');
 }
 

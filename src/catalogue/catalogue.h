@@ -23,9 +23,11 @@
 // opening, so that a huge or sparse file cannot exhaust the memory.
 #pragma once
 #include <cstdint>
-#include "base/erreur.h"
 #include <string>
 #include <vector>
+
+#include "base/erreur.h"
+#include "catalogue/genre.h"
 
 namespace velorin {
 
@@ -40,7 +42,7 @@ using NumeroLigne = std::int64_t;
 constexpr NumeroLigne limiteLignesCatalogue = 250000;
 
 struct LigneCatalogue {
-    std::int16_t typeFonction = 0;
+    std::int16_t typeFonction = 0;  // a GenreEntree as stored (any 16-bit value)
     std::string texte;  // UTF-8; as read: 300 characters with the padding
 };
 

@@ -31,8 +31,7 @@
 #include "qt/png_rapide.h"
 #include "qt/surface_qpainter.h"
 #include "settings/memoire.h"
-#include "view/projection.h"
-#include "view/repere.h"
+#include "plot/ecran.h"
 #include "view/surface_enregistreuse.h"
 
 namespace fs = std::filesystem;
@@ -79,7 +78,7 @@ Erreur dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<
     for (int n : d.entrees) {
         const ResultatTrace r = demandeTrace(etat, surface, n, OptionsTrace{}, CrochetsTrace{});
         durees.push_back(r.dureeMs);
-        if (!r.message.empty()) return "entrée " + std::to_string(n) + " : " + r.message;
+        if (r.erreur) return "entrée " + std::to_string(n) + " : " + r.erreur.message();
     }
     return {};
 }

@@ -5,6 +5,15 @@
 
 #include "engine/compil_arbre.h"
 
+// The x86 vector code (AVX2 loops, clearing of the upper register halves)
+// is compiled only for x86 and only when the build does not force the
+// portable code; everything else runs the portable loops.
+#if (defined(__x86_64__) || defined(__i386__)) && !defined(VELORIN_PORTABLE)
+#define VELORIN_X86 1
+#else
+#define VELORIN_X86 0
+#endif
+
 namespace velorin::compil {
 
 namespace {
@@ -67,7 +76,11 @@ inline double cubeSur(double x, bool& ok)
     return r;
 }
 
+#if defined(__GNUC__)
 #define VELORIN_EN_LIGNE inline __attribute__((always_inline))
+#else
+#define VELORIN_EN_LIGNE inline
+#endif
 
 // The operation of a code on the values of one lane (b is not read by the
 // codes with one operand). Carre, Cube and Exact have their own paths.
@@ -218,11 +231,13 @@ VELORIN_EN_LIGNE bool executeBlocSur(const Bloc& b)
     return true;
 }
 
-bool executeBlocSse(const Bloc& b) { return executeBlocSur(b); }
+bool executeBlocPortable(const Bloc& b) { return executeBlocSur(b); }
 
+#if VELORIN_X86
 // The same loops in AVX2 (four lanes per instruction; no fused
-// multiply-add, so every operation rounds as in the SSE code).
+// multiply-add, so every operation rounds as in the portable code).
 __attribute__((target("avx2"))) bool executeBlocAvx2(const Bloc& b) { return executeBlocSur(b); }
+#endif
 
 }  // namespace
 
@@ -237,9 +252,24 @@ std::size_t tailleBloc(const Programme& p)
 bool executeBloc(const Programme& p, const Arbre* const* arbres, const double* u, const double* v,
                  const double* w, double* const* sorties, bool* douteux, std::size_t n, Jeu jeu)
 {
-    static const bool avx2 = __builtin_cpu_supports("avx2");
     const Bloc b{p, arbres, u, v, w, sorties, douteux, n};
-    return avx2 && jeu == Jeu::Auto ? executeBlocAvx2(b) : executeBlocSse(b);
+#if VELORIN_X86
+    if (jeu == Jeu::Auto && avx2EnService())
+        return executeBlocAvx2(b);
+#else
+    (void)jeu;
+#endif
+    return executeBlocPortable(b);
+}
+
+bool avx2EnService()
+{
+#if VELORIN_X86
+    static const bool avx2 = __builtin_cpu_supports("avx2");
+    return avx2;
+#else
+    return false;
+#endif
 }
 
 double executePoint(const Programme& p, const Arbre& arbre, double u, double v, double w, bool& douteux)
@@ -252,7 +282,7 @@ double executePoint(const Programme& p, const Arbre& arbre, double u, double v, 
     bool fini = true;
     for (const Instruction& ins : p.code) {
         const double x = reg[ins.a], y = reg[ins.b];
-        double r;
+        double r = 0;
         selonCode(ins.code, [&]<Code C>() {
             if constexpr (C == Code::Exact) {
                 r = evalueNoeudOuNaN(arbre, ins.noeud, u, v, w);
@@ -272,15 +302,19 @@ double executePoint(const Programme& p, const Arbre& arbre, double u, double v, 
     return resultat;
 }
 
+#if VELORIN_X86
 __attribute__((target("avx"))) static void videMoitiesHautes()
 {
     __builtin_ia32_vzeroupper();
 }
+#endif
 
 void nettoieRegistresVectoriels()
 {
+#if VELORIN_X86
     static const bool avx = __builtin_cpu_supports("avx");
     if (avx) videMoitiesHautes();
+#endif
 }
 
 }  // namespace velorin::compil

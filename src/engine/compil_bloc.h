@@ -72,8 +72,15 @@ inline constexpr std::size_t zoneBloc = 8192;
 std::size_t tailleBloc(const Programme& p);
 
 // Which machine code runs the loops: AVX2 when the processor has it
-// (Auto), or the plain SSE2 code every x86-64 processor runs.
-enum class Jeu : std::uint8_t { Auto, Sse2 };
+// (Auto), or the portable code: the same loops compiled for the baseline
+// processor (SSE2 on x86-64, plain scalar code elsewhere). Both round every
+// operation alike (no fused multiply-add), so their results are the same
+// bits.
+enum class Jeu : std::uint8_t { Auto, Portable };
+
+// True when Jeu::Auto runs the AVX2 loops: an x86 processor with AVX2 and
+// a build that does not force the portable code (VELORIN_PORTABLE).
+bool avx2EnService();
 
 // Runs the program over n <= tailleBloc(p) points. sorties[k][i] gets the
 // value of formula k (tree arbres[k]) at point i; douteux[i] tells whether
@@ -93,7 +100,7 @@ double executePoint(const Programme& p, const Arbre& arbre, double u, double v, 
 
 // Clears the upper halves of the vector registers when the processor has
 // them: ordinary SSE code runs many times slower while they are dirty, which
-// some libraries (drawing code among them) leave behind.
+// some libraries (drawing code among them) leave behind. Nothing elsewhere.
 void nettoieRegistresVectoriels();
 
 }  // namespace velorin::compil

@@ -15,6 +15,10 @@ namespace {
 
 Resultat valeur(double v) { return {Issue::Valeur, v}; }
 
+// A term (no "+" or "-"): a constant, or coefficient, "*", "/" or "\", one
+// variable letter and an optional "^" exponent. Never Echec: a failure
+// gives horsCalcul. The space family's "\" divides by xPrecedent, the x of
+// the previous point.
 Resultat evalterme(Famille f, std::string_view terme, const Variables& var)
 {
     // The numbers of a term read a lone non-digit character as the first
@@ -39,6 +43,8 @@ Resultat evalterme(Famille f, std::string_view terme, const Variables& var)
                         f == Famille::Espace ? var.xPrecedent : base);
 }
 
+// A flat text cut at every "+" and "-" into terms, summed left to right.
+// May give Echec when the sum overflows.
 Resultat evalsomme(Famille f, std::string_view texte, const Variables& var)
 {
     // Positions (1-based) of every sign, with 0 in front and L + 1 at the end.
@@ -232,32 +238,6 @@ std::vector<Groupe> groupes(std::string_view texte, bool& ordreCorrect)
         }
     }
     return g;
-}
-
-Resultat evaltermeplan(std::string_view terme, double u, double v)
-{
-    return evalterme(Famille::Plan, terme, variables(u, v, 0, Famille::Plan));
-}
-Resultat evaltermeespace(std::string_view terme, double t, double xPrecedent)
-{
-    return evalterme(Famille::Espace, terme, variables(t, xPrecedent, 0, Famille::Espace));
-}
-Resultat evaltermenuage(std::string_view terme, double x, double y, double z)
-{
-    return evalterme(Famille::Nuage, terme, variables(x, y, z, Famille::Nuage));
-}
-
-Resultat evalsommeplan(std::string_view texte, double u, double v)
-{
-    return evalsomme(Famille::Plan, texte, variables(u, v, 0, Famille::Plan));
-}
-Resultat evalsommeespace(std::string_view texte, double t, double xPrecedent)
-{
-    return evalsomme(Famille::Espace, texte, variables(t, xPrecedent, 0, Famille::Espace));
-}
-Resultat evalsommenuage(std::string_view texte, double x, double y, double z)
-{
-    return evalsomme(Famille::Nuage, texte, variables(x, y, z, Famille::Nuage));
 }
 
 Resultat evalue(Famille f, std::string_view texte, double a, double b, double c)

@@ -96,21 +96,6 @@ double appliqueNom(std::string_view nom, double x, bool& aValeur, bool& echec);
 // ("3*"), or a head and a function name ("-SIN", "2*COS"). Never Echec.
 Resultat appliquefonction(std::string_view prefixe, double w);
 
-// ---- Terms and sums (text without brackets) -----------------------------
-// A term (no "+" or "-"): a constant, or coefficient, "*", "/" or "\", one
-// variable letter and an optional "^" exponent. Never Echec: a failure
-// gives horsCalcul. `xPrecedent` is the x of the previous point, which the
-// space family's "\" divides by.
-Resultat evaltermeplan(std::string_view terme, double u, double v);
-Resultat evaltermeespace(std::string_view terme, double t, double xPrecedent);
-Resultat evaltermenuage(std::string_view terme, double x, double y, double z);
-
-// A flat text cut at every "+" and "-" into terms, summed left to right.
-// May give Echec when the sum overflows.
-Resultat evalsommeplan(std::string_view texte, double u, double v);
-Resultat evalsommeespace(std::string_view texte, double t, double xPrecedent);
-Resultat evalsommenuage(std::string_view texte, double x, double y, double z);
-
 // ---- Rules of the reading that depend on the text only --------------------
 // Which variable a letter stands for in a family (0, 1, 2), or -1.
 int rangVariable(Famille f, char c);

@@ -55,6 +55,24 @@ std::string normalise(std::string_view texte)
     return r;
 }
 
+namespace {
+
+// "(" + dedans + ")" + apres + reste, built by appending (a literal in front
+// of a std::string makes GCC 12 warn wrongly about overlapping copies).
+std::string entoure(std::string_view dedans, std::string_view apres, std::string_view reste)
+{
+    std::string r;
+    r.reserve(dedans.size() + apres.size() + reste.size() + 2);
+    r += '(';
+    r += dedans;
+    r += ')';
+    r += apres;
+    r += reste;
+    return r;
+}
+
+}  // namespace
+
 std::string explicite(std::string_view texte, std::size_t p, std::string_view nom)
 {
     const std::string telQuel(texte);
@@ -63,18 +81,18 @@ std::string explicite(std::string_view texte, std::size_t p, std::string_view no
     const std::string_view gauche = texte.substr(0, p - 1), reste = texte.substr(p - 1);
     if (p == 2) {
         if (estChiffre(texte[0]) || estLettreVariable(texte[0]))
-            return "(" + std::string(gauche) + ")*" + std::string(reste);
+            return entoure(gauche, "*", reste);
         return telQuel;
     }
     const char avant = texte[p - 2];
     if (!estOperateur(avant)) {
-        if (estNombre(gauche)) return "(" + std::string(gauche) + ")*" + std::string(reste);
+        if (estNombre(gauche)) return entoure(gauche, "*", reste);
         return telQuel;  // "PISIN(X)", "ARCSIN(X)"
     }
     const char avantOperateur = texte[p - 3];
     if (avantOperateur == ')') return telQuel;
     const std::string_view devant = texte.substr(0, p - 2);
-    if (estNombre(devant)) return "(" + std::string(devant) + ")" + avant + std::string(reste);
+    if (estNombre(devant)) return entoure(devant, std::string_view(&avant, 1), reste);
     // Only the letter is enclosed, whatever stands before it: "3X*SIN(X)"
     // becomes "3(X)*SIN(X)", which the evaluator reads as 3 x sin x.
     if (estLettreVariable(avantOperateur))

@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "base/texte_sur.h"
+#include "catalogue/genre.h"
 #include "engine/nombres.h"
 #include "engine/normalisation.h"
 #include "plot/nuages.h"
@@ -33,17 +34,22 @@ std::array<std::string, 3> coupe(const std::string& texte, const std::string& se
     return champs;
 }
 
+// The equation text the engine keeps as typed is that of the plane by
+// equation.
+static_assert(genrePlanEquation == genreTelQuel);
+
 FinTrace lanceTraceur(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
 {
     switch (etat.trace.typeTrace) {
-    case 0: return traceExplicite(etat, surface, crochets);
-    case 1: return parcours1(etat, surface, crochets);
-    case 2: return parcours2(etat, surface, crochets);
-    case 3: return parcours3(etat, surface, crochets);
-    case 4: return parcours4(etat, surface, crochets);
-    case 5: case 6: case 7: case 8: case 9:
+    case genreExplicite: return traceExplicite(etat, surface, crochets);
+    case genreCourbeParametree: return parcours1(etat, surface, crochets);
+    case genreSurfaceParametree: return parcours2(etat, surface, crochets);
+    case genreCourbeSpherique: return parcours3(etat, surface, crochets);
+    case genreSurfaceSpherique: return parcours4(etat, surface, crochets);
+    case genreDroite: case genrePlanParametre: case genrePlanEquation: case genreSegment:
+    case genrePoint:
         return {false, traceObjet(etat, surface, crochets)};
-    default:
+    default:  // the clouds, and any kind never written
         traceNuage(etat, surface, crochets);
         if (crochets.bip)
             crochets.bip();
@@ -56,9 +62,9 @@ FinTrace lanceTraceur(Etat& etat, Surface& surface, const CrochetsTrace& crochet
 std::array<std::string, 3> champsEntree(int type, const std::string& texte)
 {
     const std::string t = sansBlancsAutour(texte);
-    if (type >= 0 && type <= 4)
+    if (estGenreFonction(type))
         return coupe(t, "][");
-    if (type >= 5 && type <= 9) {
+    if (estGenreObjet(type)) {
         const auto ouverture = t.find(":[");
         std::string pieces = ouverture == std::string::npos ? t : t.substr(ouverture + 2);
         if (!pieces.empty() && pieces.back() == ']')
@@ -100,7 +106,7 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     TableCourbes& table = etat.courbes;
     if (options.ligne != 0) {
         if (options.ligne < 1 || options.ligne > static_cast<int>(table.lignes.size())) {
-            r.message = "La courbe tracée n° " + std::to_string(options.ligne) + " n'existe pas.";
+            r.erreur = "La courbe tracée n° " + std::to_string(options.ligne) + " n'existe pas.";
             return r;
         }
         numero = static_cast<int>(table.lignes[options.ligne - 1][colNumero]);
@@ -110,18 +116,18 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     // deleted record.
     const Catalogue& cat = etat.catalogue;
     if (numero < 1 || numero > cat.nbLignesCatalogue) {
-        r.message = "L'entrée n° " + std::to_string(numero) + " n'existe pas dans le catalogue (" +
+        r.erreur = "L'entrée n° " + std::to_string(numero) + " n'existe pas dans le catalogue (" +
                     std::to_string(cat.nbLignesCatalogue) + " entrées) : rien n'est tracé.";
         return r;
     }
     LigneCatalogue entree;
     if (auto erreur = lisLigne(cat, numero, entree)) {
-        r.message = erreur.message();
+        r.erreur = erreur;
         return r;
     }
     const int type = entree.typeFonction;
     if (type < 0 || sansBlancsAutour(entree.texte).empty()) {
-        r.message = "L'entrée n° " + std::to_string(numero) + " est effacée : rien n'est tracé.";
+        r.erreur = "L'entrée n° " + std::to_string(numero) + " est effacée : rien n'est tracé.";
         return r;
     }
 
@@ -130,7 +136,7 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     for (std::string& champ : champs) {
         champ = nettoieformule(champ, type);
         if (!parenthesesequilibrees(champ)) {
-            r.message = "La formule " + texteSur(champ) + " est incorrecte, corrigez-la , svp";
+            r.erreur = "La formule " + texteSur(champ) + " est incorrecte, corrigez-la , svp";
             return r;
         }
     }
@@ -145,7 +151,7 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
                 couleurCycle(etat.defaut, etat.couleurs.couleurTrace, options.rang);
         r.ligne = ajouteCourbe(table, valeurs);
         if (r.ligne == 0) {
-            r.message = "Trop de courbes tracées (" + std::to_string(maxCourbes) +
+            r.erreur = "Trop de courbes tracées (" + std::to_string(maxCourbes) +
                         " au plus) : videz la liste des courbes tracées.";
             return r;
         }
@@ -170,24 +176,14 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     appliqueLigne(enVigueur, etat);
     r.trace = true;
     r.interrompu = fin.interrompu;
-    r.message = !fin.message.empty() ? fin.message : m.erreurFormule;
+    if (fin.erreur)
+        r.erreur = fin.erreur;
+    else if (!m.erreurFormule.empty())
+        r.erreur = m.erreurFormule;
     r.formuleIncorrecte = !m.erreurFormule.empty();
     r.dureeMs = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - depart)
                     .count();
     return r;
-}
-
-std::string retraceTout(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
-{
-    std::string messages;
-    for (int i = 1; i <= static_cast<int>(etat.courbes.lignes.size()); ++i) {
-        const ResultatTrace r = demandeTrace(etat, surface, 0, OptionsTrace{i}, crochets);
-        if (!r.message.empty())
-            messages += (messages.empty() ? "" : "\n") + r.message;
-        if (r.interrompu)
-            break;
-    }
-    return messages;
 }
 
 }  // namespace velorin

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "base/erreur.h"
 #include "plot/etat.h"
 #include "plot/crochets.h"
 #include "view/surface.h"
@@ -28,7 +29,7 @@ struct ResultatTrace {
     bool trace = false;        // a tracer ran (completely or until interrupted)
     bool interrompu = false;   // the user stopped the tracing
     int ligne = 0;             // row of the drawn-curves table drawn (0: none)
-    std::string message;       // French message to show, empty when none
+    Erreur erreur;             // what went wrong, the French message to show
     // The evaluator met brackets it cannot read ("Formule incorrecte"...):
     // the program shows the message and then ends.
     bool formuleIncorrecte = false;
@@ -44,11 +45,6 @@ struct ResultatTrace {
 // rotation, resize) never changes the settings the user chose.
 ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const OptionsTrace& options,
                            const CrochetsTrace& crochets);
-
-// Redraws every row of the drawn-curves table, in order, with its stored
-// values. Stops at an interruption. Returns the messages met, one a line
-// (empty when none).
-std::string retraceTout(Etat& etat, Surface& surface, const CrochetsTrace& crochets);
 
 // The formula fields of an entry text, before cleaning: kinds 0 to 4 split at
 // "][", kinds 5 to 9 the pieces after ":[" split at "][" (the closing "]"

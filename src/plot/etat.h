@@ -1,5 +1,13 @@
 // The whole state of one Velorin session, owned by one object and passed by
 // reference. A test builds a fresh state with `velorin::Etat etat;`.
+//
+// It lives at the top of plot, above every part it gathers: the tracers and
+// the plot request read most of it (parameters, view, colours, drawn-curves
+// table, tracing state, catalogue), so plot is the lowest module that knows
+// all of its parts. The modules below never see it: the view takes only the
+// parameters, viewing values, colours and mode it reads (plot/ecran.h
+// passes them from here). The window and the command line share it as is,
+// so it does not belong to either of them.
 #pragma once
 #include <cstdint>
 #include <string>

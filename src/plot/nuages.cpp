@@ -6,6 +6,7 @@
 
 #include <cmath>
 
+#include "catalogue/genre.h"
 #include "engine/lecture.h"
 #include "plot/point_trace.h"
 #include "view/projection.h"
@@ -35,7 +36,7 @@ struct Axe {
 void traceNuage(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
 {
     const Parametres& p = etat.param;
-    const bool espace3 = etat.trace.typeTrace == 15;
+    const bool espace3 = etat.trace.typeTrace == genreNuageEspace;
     Axe axes[3] = {{p.xmin, 0, compte(p.nbrCalX)}, {p.ymin, 0, compte(p.nbrCalY)},
                    {double(p.zmin), 0, espace3 ? compte(p.nbrCalZ) : 0}};
     const int dimensions = espace3 ? 3 : 2;

@@ -19,6 +19,7 @@
 #include <cmath>
 
 #include "base/texte_sur.h"
+#include "catalogue/genre.h"
 #include "engine/lecture.h"
 #include "engine/nombres.h"
 #include "plot/point_trace.h"
@@ -332,7 +333,7 @@ std::optional<Equation> lisEquation(const std::string& brut)
                     terme.pop_back();
                     if (terme.empty()) return std::nullopt;
                 }
-                if (terme.empty()) terme = "1";
+                if (terme.empty()) terme.assign(1, '1');
             }
             const auto valeur = lisValeur(terme);
             if (!valeur) return std::nullopt;
@@ -343,7 +344,7 @@ std::optional<Equation> lisEquation(const std::string& brut)
     return eq;
 }
 
-std::string traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
+Erreur traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
 {
     const bool espace = etat.fenetre.modeEspace;
     const GlobalesMoteur& m = etat.moteur;
@@ -351,7 +352,7 @@ std::string traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& croche
 
     // Read everything before drawing anything: a bad field draws nothing.
     auto point = [&](const std::string& t) { return lisCoordonnees(t, espace); };
-    if (genre == 7) {
+    if (genre == genrePlanEquation) {
         auto eq = lisEquation(m.formuleF1);
         if (!eq) {
             return (espace ? "Équation de plan incorrecte : " : "Équation de droite incorrecte : ") +
@@ -386,14 +387,14 @@ std::string traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& croche
     const auto a = point(m.formuleF1);
     if (!a) return messagePoint(m.formuleF1, espace);
     switch (genre) {
-    case 5: {
+    case genreDroite: {
         const auto u = point(m.formuleF2);
         if (!u) return messageVecteur(m.formuleF2, espace);
         if (estNul(*u)) return kVecteurNul;
         Dessin(etat, surface, crochets).droite(*a, *u);
         return {};
     }
-    case 6: {
+    case genrePlanParametre: {
         const auto u = point(m.formuleF2);
         if (!u) return messageVecteur(m.formuleF2, espace);
         const auto v = point(m.formuleF3);
@@ -403,13 +404,13 @@ std::string traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& croche
         Dessin(etat, surface, crochets).plan(*a, *u, *v);
         return {};
     }
-    case 8: {
+    case genreSegment: {
         const auto b = point(m.formuleF2);
         if (!b) return messagePoint(m.formuleF2, espace);
         Dessin(etat, surface, crochets).segment(*a, *b);
         return {};
     }
-    case 9:
+    case genrePoint:
         Dessin(etat, surface, crochets).croix(*a);
         return {};
     default:

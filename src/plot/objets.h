@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "base/erreur.h"
 #include "plot/etat.h"
 #include "plot/crochets.h"
 #include "view/surface.h"
@@ -16,10 +17,10 @@ namespace velorin {
 using Vecteur3 = std::array<double, 3>;
 
 // Draws the object of kind etat.trace.typeTrace (5..9) in couleurTrace.
-// Returns the French message to show to the user (malformed text, null or
-// collinear vectors), or an empty string when the object was drawn (or lies
-// outside the frame, which is no error).
-std::string traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& crochets);
+// Fails with the French message to show to the user (malformed text, null
+// or collinear vectors); succeeds when the object was drawn (or lies outside
+// the frame, which is no error).
+Erreur traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& crochets);
 
 // Reads "(x,y,z)" (outer brackets optional; in the plane "(x,y)" is enough and
 // z is 0). Each coordinate is a number form of the number reader: "3", "-1.5",

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "catalogue/genre.h"
 #include "view/projection.h"
 
 namespace velorin {
@@ -16,7 +17,8 @@ bool pointAdmis(const Etat& etat, double sx, double sy, double x, double y, doub
 {
     const Parametres& p = etat.param;
     if (etat.fenetre.modePlan)
-        return !(sx < 0 || sx > etat.vue.W - 1400 || sy < 0 || sy > etat.vue.H - 800) &&
+        return !(sx < 0 || sx > etat.vue.W - margeEspaceX || sy < 0 ||
+                 sy > etat.vue.H - margeHauteur) &&
                std::isfinite(sx) && std::isfinite(sy);
     // A point is refused as soon as its foot on one axis lies beyond the end
     // of the drawn half-axis, i.e. one coordinate leaves its range.
@@ -49,7 +51,7 @@ void traceMarques(Etat& etat, Surface& surface)
     // a segment of no length is not issued.
     if (t.tangenteX1 != t.tangenteX2 || t.tangenteY1 != t.tangenteY2)
         surface.Line(t.tangenteX1, t.tangenteY1, t.tangenteX2, t.tangenteY2, c.couleurTangente);
-    if (etat.moteur.genreCourbe == 3 && p.avecRayon)
+    if (etat.moteur.genreCourbe == genreCourbeSpherique && p.avecRayon)
         surface.Line(etat.vue.origineEcranX, etat.vue.origineEcranY, t.ecranX, t.ecranY,
                      c.couleurRayon);
     const double x = etat.moteur.pointX, y = etat.moteur.pointY, z = etat.moteur.pointZ;
@@ -74,7 +76,8 @@ void traceMarques(Etat& etat, Surface& surface)
 bool dansAireDessin(const Vue& v, double sx, double sy)
 {
     return std::isfinite(sx) && std::isfinite(sy) &&
-           !(sx < 1 || sy < 16 || sx > v.largeurUtile || sy > v.hauteurUtile + 15);
+           !(sx < aireGauche || sy < aireHaut || sx > v.largeurUtile ||
+             sy > v.hauteurUtile + aireBas);
 }
 
 void tracePoint(Etat& etat, Surface& surface, int marque, Couleur couleur,

@@ -79,10 +79,10 @@ std::string messageBoucle(const char* nom, const Boucle<T>& b, const char* compt
 }
 
 // Why a walk cannot be traced (no point, or more than maxPointsTrace points
-// for the whole tracing); empty when it can.
+// for the whole tracing); success when it can.
 template <typename T>
-std::string refus(const char* nom, const Boucle<T>& b, double points, const char* compte = nullptr,
-                  double valeurCompte = 0)
+Erreur refus(const char* nom, const Boucle<T>& b, double points, const char* compte = nullptr,
+             double valeurCompte = 0)
 {
     if (b.nombre() == 0)
         return messageBoucle(nom, b, compte, valeurCompte);
@@ -105,12 +105,11 @@ class Tracage {
 public:
     // A tracing starts with the pen up and, until a tracer computes one, the
     // tangent ends both on the image of (0, 0).
-    Tracage(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
-        : etat(etat), surface(surface), crochets(crochets)
+    Tracage(Etat& e, Surface& s, const CrochetsTrace& c) : etat(e), surface(s), crochets(c)
     {
-        EtatTrace& t = etat.trace;
-        t.tangenteX1 = t.tangenteX2 = etat.vue.origineEcranX;
-        t.tangenteY1 = t.tangenteY2 = etat.vue.origineEcranY;
+        EtatTrace& t = e.trace;
+        t.tangenteX1 = t.tangenteX2 = e.vue.origineEcranX;
+        t.tangenteY1 = t.tangenteY2 = e.vue.origineEcranY;
         t.nbVisiblesSuite = 0;
     }
 
@@ -118,7 +117,7 @@ public:
     bool continuer()
     {
         if (!etat.moteur.erreurFormule.empty()) {
-            fin.message = etat.moteur.erreurFormule;
+            fin.erreur = etat.moteur.erreurFormule;
             return false;
         }
         if (++points % pointsEntreInterrogations == 0 && crochets.interrompu &&
@@ -215,7 +214,7 @@ FinTrace traceCourbeT(Etat& etat, Surface& surface, const CrochetsTrace& crochet
 {
     const Parametres& p = etat.param;
     const Boucle<double> bt{p.tmin, p.tmax, p.pasT};
-    if (std::string r = refus("t", bt, bt.nombre()); !r.empty())
+    if (Erreur r = refus("t", bt, bt.nombre()))
         return {false, r};
     Tracage tr(etat, surface, crochets);
     bt.parcourt([&](double t) {
@@ -243,10 +242,10 @@ FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochet
     const Boucle<float> ba{float(p.amin), float(p.amax), float(p.pasA)};
     const int ordre = p.ordreBoucles & 3;
     const double points = bt.nombre() * ba.nombre() * (ordre >= 2 ? 2 : 1);
-    std::string r = refus("t", bt, 0);
-    if (r.empty())
+    Erreur r = refus("t", bt, 0);
+    if (!r)
         r = refus("a", ba, points);
-    if (!r.empty())
+    if (r)
         return {false, r};
 
     Tracage tr(etat, surface, crochets);
@@ -333,7 +332,7 @@ FinTrace traceExplicite(Etat& etat, Surface& surface, const CrochetsTrace& croch
                                (p.ymax - p.ymin) * (p.ymax - p.ymin)) / 8;
     t.pasX = (p.xmax - p.xmin) / p.nbrCalX;
     const Boucle<double> bx{p.xmin, p.xmax, t.pasX};
-    if (std::string r = refus("x", bx, bx.nombre(), "nbrCalX", p.nbrCalX); !r.empty())
+    if (Erreur r = refus("x", bx, bx.nombre(), "nbrCalX", p.nbrCalX))
         return {false, r};
 
     Tracage tr(etat, surface, crochets);

@@ -5,6 +5,7 @@
 #pragma once
 #include <string>
 
+#include "base/erreur.h"
 #include "plot/etat.h"
 #include "plot/crochets.h"
 #include "view/surface.h"
@@ -20,7 +21,7 @@ inline constexpr int pointsEntreInterrogations = 256;
 
 struct FinTrace {
     bool interrompu = false;  // stopped by the user
-    std::string message;      // French text to show (a formula error, a bad range); empty if none
+    Erreur erreur;            // a formula error, a bad range: what to show
 };
 
 // Kind 0, y = f(x) over xmin..xmax in nbrCalX steps, with the tangent on

@@ -7,8 +7,6 @@
 // previous content; `projette` reports such a failure to its caller.
 #include "view/projection.h"
 
-#include "plot/etat.h"
-
 #include <cmath>
 
 namespace velorin {
@@ -121,8 +119,8 @@ bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, doub
         const double s2 = distance(qx, qy, qz, v.repereVX, v.repereVY, v.repereVZ);
         const double c1 = cosinusAngle(s1, r, 0.2);
         const double c2 = cosinusAngle(s2, r, 0.2);
-        ex = (v.W - 1400) * (r * c1 + 1) / 2;
-        ey = (v.H - 800) * (1 - r * c2) / 2;
+        ex = (v.W - margeEspaceX) * (r * c1 + 1) / 2;
+        ey = (v.H - margeHauteur) * (1 - r * c2) / 2;
     }
     if (!std::isfinite(ex) || !std::isfinite(ey))
         return false;
@@ -154,8 +152,8 @@ void calibrePlan(const Parametres& p, Vue& v, int repereOrthonorme)
 {
     v.echelleX = v.largeurUtile / v.etendueX;
     v.echelleY = v.hauteurUtile / v.etendueY;
-    v.decalX = 100 - p.xmin * v.echelleX;
-    v.decalY = 50 + p.ymax * v.echelleY;
+    v.decalX = decalPlanGauche - p.xmin * v.echelleX;
+    v.decalY = decalPlanHaut + p.ymax * v.echelleY;
     // Equal scales: the smaller one wins and (0, 0) stays where the unequal
     // scales put it; the picture shrinks towards it.
     if (repereOrthonorme == 1) {
@@ -172,8 +170,8 @@ void calibrePlan(const Parametres& p, Vue& v, int repereOrthonorme)
 
 bool calibre(Parametres& p, Vue& v, bool modeEspace)
 {
-    v.largeurUtile = v.W - 1600;
-    v.hauteurUtile = v.H - 800;
+    v.largeurUtile = v.W - margePlanX;
+    v.hauteurUtile = v.H - margeHauteur;
     v.etendueX = p.xmax - p.xmin;
     v.etendueY = p.ymax - p.ymin;
     if (modeEspace)
@@ -195,13 +193,12 @@ bool calibre(Parametres& p, Vue& v, bool modeEspace)
     return true;
 }
 
-bool ajusteVue(Etat& etat, double W, double H)
+bool ajusteVue(Parametres& p, Vue& v, bool modeEspace, double W, double H)
 {
-    const bool espace = etat.fenetre.modeEspace;
-    etat.vue.W = W;
-    etat.vue.H = H;
-    prepareVue(etat.param, espace, etat.vue);
-    return calibre(etat.param, etat.vue, espace);
+    v.W = W;
+    v.H = H;
+    prepareVue(p, modeEspace, v);
+    return calibre(p, v, modeEspace);
 }
 
 }  // namespace velorin

@@ -7,8 +7,6 @@
 
 namespace velorin {
 
-struct Etat;
-
 double normeCarree(double a, double b, double c);
 void produitVectoriel(double a1, double a2, double a3, double b1, double b2, double b3,
                       double& c1, double& c2, double& c3);
@@ -33,9 +31,9 @@ inline constexpr const char* messageBaseRetablie = "Pas pochible,je rétablis la
 // "Pas pochible,je rétablis la base [-10,10 ]".
 bool calibre(Parametres& p, Vue& v, bool modeEspace);
 
-// The view of `etat` for a surface of W x H twips in the mode in force: the
-// size, the viewing set-up and the calibration. Returns false when the
-// ranges were refused (the base [-10, 10] is then in force).
-bool ajusteVue(Etat& etat, double W, double H);
+// The view for a surface of W x H twips in space (modeEspace) or in the
+// plane: the size, the viewing set-up and the calibration. Returns false
+// when the ranges were refused (the base [-10, 10] is then in force).
+bool ajusteVue(Parametres& p, Vue& v, bool modeEspace, double W, double H);
 
 }  // namespace velorin

@@ -15,13 +15,14 @@ Couleur inverseVideo(Couleur c)
     return (~c) & 0xFFFFFF;
 }
 
-CouleursRepere couleursRepere(const Etat& etat)
+CouleursRepere couleursRepere(const Parametres& p, const SchemaCouleurs& schema,
+                              bool inversionVideo)
 {
     CouleursRepere c;
-    const bool blanc = etat.param.fondBlanc == 1;
+    const bool blanc = p.fondBlanc == 1;
     c.fond = blanc ? 0xFFFFFF : 0x000000;
-    c.axes = blanc ? 0x000000 : (etat.couleurs.couleurAxes & 0xFFFFFF);
-    if (etat.fenetre.inversionVideo) {
+    c.axes = blanc ? 0x000000 : (schema.couleurAxes & 0xFFFFFF);
+    if (inversionVideo) {
         c.fond = inverseVideo(c.fond);
         c.axes = inverseVideo(c.axes);
     }
@@ -30,10 +31,11 @@ CouleursRepere couleursRepere(const Etat& etat)
     return c;
 }
 
-void effaceEcran(Etat& etat, Surface& surface)
+void effaceEcran(const Parametres& p, SchemaCouleurs& schema, bool inversionVideo,
+                 Surface& surface)
 {
-    const CouleursRepere c = couleursRepere(etat);
-    etat.couleurs.couleurFond = c.fond;
+    const CouleursRepere c = couleursRepere(p, schema, inversionVideo);
+    schema.couleurFond = c.fond;
     surface.Clear(c.fond);
 }
 
@@ -62,7 +64,7 @@ constexpr double procheViseur = 0.05;  // nearest depth drawn in front of the vi
 // picture.
 class RepereEspace {
 public:
-    RepereEspace(const Etat& e, TraceRepere& t) : p_(e.param), v_(e.vue), t_(t)
+    RepereEspace(const Parametres& p, const Vue& v, TraceRepere& t) : p_(p), v_(v), t_(t)
     {
         const double n = std::sqrt(normeCarree(p_.Xdirection, p_.Ydirection, p_.Zdirection));
         if (n > 0) {
@@ -208,16 +210,17 @@ private:
 
 }  // namespace
 
-void traceRepere(const Etat& etat, Surface& surface)
+void traceRepere(const Parametres& p, const Vue& v, bool modeEspace, Couleur couleurAxes,
+                 Surface& surface)
 {
-    if (etat.param.axesVisibles == 0)
+    if (p.axesVisibles == 0)
         return;
-    TraceRepere t(surface, couleursRepere(etat).axes);
-    if (etat.fenetre.modeEspace) {
-        RepereEspace r(etat, t);
+    TraceRepere t(surface, couleurAxes);
+    if (modeEspace) {
+        RepereEspace r(p, v, t);
         r.trace();
     } else {
-        traceReperePlan(etat, t);
+        traceReperePlan(p, v, t);
     }
 }
 

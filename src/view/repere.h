@@ -3,8 +3,10 @@
 #pragma once
 #include <string>
 
-#include "plot/etat.h"
+#include "settings/couleurs.h"
+#include "settings/parametres.h"
 #include "view/surface.h"
+#include "view/vue.h"
 
 namespace velorin {
 
@@ -23,14 +25,17 @@ Couleur inverseVideo(Couleur c);
 // then reverses both. This is also the erasing reference colour: clearing
 // uses `fond`. A frame colour equal to the background would hide the frame:
 // it is then replaced by the inverse of the background.
-CouleursRepere couleursRepere(const Etat& etat);
+CouleursRepere couleursRepere(const Parametres& p, const SchemaCouleurs& schema,
+                              bool inversionVideo);
 
 // Clears the surface to the background in force and records that colour in
-// etat.couleurs.couleurFond.
-void effaceEcran(Etat& etat, Surface& surface);
+// schema.couleurFond.
+void effaceEcran(const Parametres& p, SchemaCouleurs& schema, bool inversionVideo,
+                 Surface& surface);
 
-// Draws the frame for the viewing values in force (prepareVue and calibre
-// must have run); nothing when axesVisibles is 0. The pen and font state of
+// Draws the frame in `couleurAxes` for the viewing values `v` in space
+// (modeEspace) or in the plane (prepareVue and calibre must have run);
+// nothing when axesVisibles is 0. The pen and font state of
 // the surface are put back as they were.
 // Space: the six half-axes from the origin to the ends of the ranges, seen
 // through the projection (the parts behind the viewer left out), each end
@@ -44,7 +49,8 @@ void effaceEcran(Etat& etat, Surface& surface);
 // numbers, "O" at the origin.
 // No text overlaps another: a number that finds no free place near its
 // point is left out.
-void traceRepere(const Etat& etat, Surface& surface);
+void traceRepere(const Parametres& p, const Vue& v, bool modeEspace, Couleur couleurAxes,
+                 Surface& surface);
 
 // The format of a number at the end of an axis, by magnitude: "0.000" for 0
 // and for 0.01 <= |v| < 10, "00.00" for 10 <= |v| < 100, "0.00E-00" below

@@ -17,6 +17,19 @@ constexpr double ecartNombre = 50;      // between a tick and its number
 constexpr double espacementMin = 600;   // no two ticks closer (40 px at 96 dpi)
 constexpr double aere = 2.5;            // tick spacing / size of a number
 constexpr int graduationsMax = 200;
+// Least room between a number and the edge of the picture: xmin and ymax
+// lie only decalPlanGauche and decalPlanHaut from the edges, and a number
+// centred on such a tick would start outside the picture (a glyph's ink
+// may also reach a little beyond its measured box).
+constexpr double margeTexte = 3 * twipsParPixelEcran;
+
+// The centre, along the axis, of a number of size `taille` centred on
+// `centre`, moved so that the number keeps margeTexte from both ends of
+// 0..bord.
+double centreDedans(double centre, double taille, double bord)
+{
+    return std::max(margeTexte + taille / 2, std::min(centre, bord - margeTexte - taille / 2));
+}
 
 // Pattern of the numbers of a graduation step: as many decimals as the
 // step needs, scientific form for very large or very small steps.
@@ -56,7 +69,10 @@ double choisisPas(double etendue, double unite, const std::function<double(doubl
 
 class ReperePlan {
 public:
-    ReperePlan(const Etat& e, TraceRepere& t) : p_(e.param), v_(e.vue), t_(t), s_(t.surface) {}
+    ReperePlan(const Parametres& p, const Vue& v, TraceRepere& t)
+        : p_(p), v_(v), t_(t), s_(t.surface)
+    {
+    }
 
     void trace()
     {
@@ -102,9 +118,9 @@ private:
         const double unite = std::fabs(v_.echelleX);
         if (!(unite > 0))
             return;
-        const double pas = choisisPas(p_.xmax - p_.xmin, unite, [&](double pas) {
-            const auto valeurs = valeursGraduees(p_.xmin, p_.xmax, pas);
-            return std::max(espacementMin, aere * largeurMax(valeurs, motifPas(pas)));
+        const double pas = choisisPas(p_.xmax - p_.xmin, unite, [&](double essai) {
+            const auto valeurs = valeursGraduees(p_.xmin, p_.xmax, essai);
+            return std::max(espacementMin, aere * largeurMax(valeurs, motifPas(essai)));
         });
         const std::string motif = motifPas(pas);
         // Numbers under the axis, above it when there is no room below.
@@ -113,8 +129,13 @@ private:
             double sx, sy;
             image(v, 0, sx, sy);
             t_.trait(sx, yAxe, 1, 0, demiGraduation);
-            if (v != x0 || x0 != 0)
-                t_.texte(formatNombre(v, motif), sx, yAxe, 0, dessous, ecartNombre, 1);
+            if (v != x0 || x0 != 0) {
+                const std::string texte = formatNombre(v, motif);
+                // A tick out of sight keeps its number out of sight.
+                const double x =
+                    t_.dedans(sx, yAxe) ? centreDedans(sx, s_.TextWidth(texte), s_.Width()) : sx;
+                t_.texte(texte, x, yAxe, 0, dessous, ecartNombre, 1);
+            }
         }
     }
 
@@ -134,8 +155,11 @@ private:
             double sx, sy;
             image(0, v, sx, sy);
             t_.trait(xAxe, sy, 0, 1, demiGraduation);
-            if (v != y0 || y0 != 0)
-                t_.texte(formatNombre(v, motif), xAxe, sy, gauche, 0, ecartNombre, 1);
+            if (v != y0 || y0 != 0) {
+                const double y =
+                    t_.dedans(xAxe, sy) ? centreDedans(sy, s_.TextHeight(), s_.Height()) : sy;
+                t_.texte(formatNombre(v, motif), xAxe, y, gauche, 0, ecartNombre, 1);
+            }
         }
     }
 
@@ -147,9 +171,9 @@ private:
 
 }  // namespace
 
-void traceReperePlan(const Etat& etat, TraceRepere& t)
+void traceReperePlan(const Parametres& p, const Vue& v, TraceRepere& t)
 {
-    ReperePlan r(etat, t);
+    ReperePlan r(p, v, t);
     r.trace();
 }
 

@@ -5,9 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "plot/etat.h"
+#include "settings/parametres.h"
 #include "view/placement.h"
 #include "view/surface.h"
+#include "view/vue.h"
 
 namespace velorin {
 
@@ -46,6 +47,6 @@ private:
     double taille_;
 };
 
-void traceReperePlan(const Etat& etat, TraceRepere& t);
+void traceReperePlan(const Parametres& p, const Vue& v, TraceRepere& t);
 
 }  // namespace velorin

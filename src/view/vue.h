@@ -4,6 +4,26 @@
 
 namespace velorin {
 
+// The margins of the picture on the surface, in surface units (twips). They
+// are the viewing model's own and every drawing depends on them: the
+// picture and the drawing area are placed with these values only.
+//
+// Space: the picture square spans 0 to W - margeEspaceX across and 0 to
+// H - margeHauteur down.
+inline constexpr double margeEspaceX = 1400;
+// Plane: the map uses a width of W - margePlanX (largeurUtile)...
+inline constexpr double margePlanX = 1600;
+// ...and, in both modes, a height of H - margeHauteur (hauteurUtile).
+inline constexpr double margeHauteur = 800;
+// Plane: xmin lands this far from the left edge, ymax this far from the top.
+inline constexpr double decalPlanGauche = 100;
+inline constexpr double decalPlanHaut = 50;
+// The drawing area of the marks and loose points: from x = 1 and
+// y = aireHaut down to largeurUtile across and hauteurUtile + aireBas down.
+inline constexpr double aireGauche = 1;
+inline constexpr double aireHaut = 16;
+inline constexpr double aireBas = 15;
+
 struct Vue {
     double W = 15360, H = 11520;  // surface size in twips (1024x768 px)
     double centreVueX = 0, centreVueY = 0, centreVueZ = 0;

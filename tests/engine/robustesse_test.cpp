@@ -37,7 +37,17 @@ std::string formule(int profondeur)
     case 0: return unDe(atomes);
     case 1: return formule(profondeur - 1) + op + formule(profondeur - 1);
     case 2: return nom() + "(" + formule(profondeur - 1) + ")";
-    case 3: return "(" + formule(profondeur - 1) + ")" + op + "(" + formule(profondeur - 1) + ")";
+    case 3: {
+        // Appended piece by piece: "(" + std::string makes GCC 12 warn wrongly.
+        std::string r(1, '(');
+        r += formule(profondeur - 1);
+        r += ')';
+        r += op;
+        r += '(';
+        r += formule(profondeur - 1);
+        r += ')';
+        return r;
+    }
     default: return "-52X"[entier(4)] + formule(profondeur - 1);
     }
 }

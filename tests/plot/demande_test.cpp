@@ -49,7 +49,8 @@ TEST_F(Demande, RefusedRequestsDrawNothingAndAddNoRow)
     crochets.debut = [&](const std::string&) { ++debuts; };
     for (const Cas& c : cas) {
         const ResultatTrace r = demandeTrace(etat, s, c.numero, OptionsTrace{c.ligne}, crochets);
-        EXPECT_EQ(r.message, c.message);
+        EXPECT_TRUE(r.erreur);
+        EXPECT_EQ(r.erreur.message(), c.message);
         EXPECT_FALSE(r.trace || r.ligne);
     }
     EXPECT_EQ(debuts, 0);
@@ -64,7 +65,7 @@ TEST_F(Demande, NewCurveFillsARowThenRedrawUsesTheRowAndPutsTheSettingsBack)
     CrochetsTrace crochets;
     crochets.debut = [&](const std::string& l) { legende = l; };
     const ResultatTrace r = demandeTrace(etat, s, 1, {}, crochets);
-    ASSERT_TRUE(r.message.empty()) << r.message;
+    ASSERT_FALSE(r.erreur) << r.erreur.message();
     EXPECT_TRUE(r.trace);
     EXPECT_EQ(r.ligne, 1);
     EXPECT_EQ(legende, "[x=f1(t)=cos(t)][y=f2(t)=sin(t)][z=f3(t)=t/4] TRACE DE COURBES...");
@@ -77,7 +78,7 @@ TEST_F(Demande, NewCurveFillsARowThenRedrawUsesTheRowAndPutsTheSettingsBack)
     etat.param.pasT = 0.05;
     etat.couleurs.couleurTrace = 0xFF00;
     SurfaceEnregistreuse retrace;
-    EXPECT_TRUE(retraceTout(etat, retrace, {}).empty());
+    EXPECT_FALSE(demandeTrace(etat, retrace, 0, OptionsTrace{1}, {}).erreur);
     EXPECT_EQ(retrace.journal(), s.journal());
     EXPECT_EQ(etat.courbes.nbCourbes, 1);
     EXPECT_EQ(etat.param.pasT, 0.05);

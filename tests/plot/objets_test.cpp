@@ -22,7 +22,8 @@ struct Scene {
         etat.moteur.formuleF1 = std::move(f1);
         etat.moteur.formuleF2 = std::move(f2);
         etat.moteur.formuleF3 = std::move(f3);
-        return traceObjet(etat, surface, {});
+        const Erreur erreur = traceObjet(etat, surface, {});
+        return erreur ? erreur.message() : std::string();
     }
     std::vector<OperationDessin> lignes() const { return duGenre(surface, Genre::Ligne); }
     // Plane mode: the point of the plane drawn at (sx, sy).

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "plot/etat.h"
-#include "view/projection.h"
+#include "plot/ecran.h"
 #include "view/surface_enregistreuse.h"
 
 namespace velorin::essai {

@@ -137,7 +137,7 @@ TEST_F(RobustesseFichiers, MutatedCataloguesAreReadAndTracedOrRefusedInFrench)
             SurfaceEnregistreuse surface;
             const ResultatTrace r = demandeTrace(etat, surface, int(n), {}, {});
             traces += r.trace;
-            if (!r.message.empty()) verifieMessage(r.message, liste[std::size_t(n)]);
+            if (r.erreur) verifieMessage(r.erreur.message(), liste[std::size_t(n)]);
             etat.courbes = {};  // never the cap on drawn curves
         }
     }
@@ -162,9 +162,12 @@ std::string mutationMemoire(std::string texte)
         case 2: texte.insert(p, 1, octets[entier(sizeof octets - 1)]); break;
         case 3: texte.insert(0, "\xEF\xBB\xBF"); break;
         case 4:  // another line end everywhere
+        {
+            const std::string fin(1, entier(2) ? '\r' : '\n');
             for (std::size_t k = 0; (k = texte.find("\r\n", k)) != std::string::npos;)
-                texte.replace(k, 2, entier(2) ? "\r" : "\n");
+                texte.replace(k, 2, fin);
             break;
+        }
         case 5:  // decimal commas
             for (char& c : texte) if (c == '.') c = ',';
             break;

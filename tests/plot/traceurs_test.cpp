@@ -30,7 +30,7 @@ TEST(Traceurs, TangentOfThePlaneCurveBranchesAreNeverJoined)
 {
     Etat etat = etatAvec(false, "TAN(X)");
     SurfaceEnregistreuse s;
-    EXPECT_TRUE(traceExplicite(etat, s, {}).message.empty());
+    EXPECT_FALSE(traceExplicite(etat, s, {}).erreur);
     // Seven branches between the six asymptotes of [-10, 10], each starting with a dot.
     EXPECT_EQ(duGenre(s, Genre::Point).size(), 7u);
     EXPECT_GT(duGenre(s, Genre::Ligne).size(), 100u);
@@ -114,7 +114,7 @@ TEST(Traceurs, FamilyLoopOrdersCurvesPointsAndColours)
         etat.param.amin = 0, etat.param.amax = c.amax, etat.param.pasA = 0.1;
         bornesT(etat, 0, 1, 0.25);
         SurfaceEnregistreuse s;
-        EXPECT_TRUE(parcours2(etat, s, {}).message.empty());
+        EXPECT_FALSE(parcours2(etat, s, {}).erreur);
         const std::size_t debuts = duGenre(s, Genre::Point).size();
         EXPECT_EQ(debuts, c.courbes) << c.ordre << " " << c.amax;
         EXPECT_EQ(debuts + duGenre(s, Genre::Ligne).size(), c.points) << c.ordre << " " << c.amax;
@@ -177,10 +177,11 @@ TEST(Traceurs, RefusedRangesDrawNothingAndSayWhyInWords)
         const FinTrace fin = c.genre == 0 ? traceExplicite(etat, s, {})
                              : c.genre == 1 ? parcours1(etat, s, {}) : parcours2(etat, s, {});
         EXPECT_EQ(s.operations().size(), c.points) << c.nom;
-        EXPECT_EQ(fin.message.empty(), c.points > 0) << c.nom << ": " << fin.message;
-        EXPECT_NE(fin.message.find(c.message), std::string::npos) << c.nom << ": " << fin.message;
+        const std::string& message = fin.erreur.message();
+        EXPECT_EQ(!fin.erreur, c.points > 0) << c.nom << ": " << message;
+        EXPECT_NE(message.find(c.message), std::string::npos) << c.nom << ": " << message;
         for (const char* jamais : {" inf ", "(inf", "inf)", "nan", "e+308"})
-            EXPECT_EQ(fin.message.find(jamais), std::string::npos) << c.nom << ": " << fin.message;
+            EXPECT_EQ(message.find(jamais), std::string::npos) << c.nom << ": " << message;
     }
 }
 
@@ -196,7 +197,7 @@ TEST(Traceurs, InterruptionAndFormulaErrorsStopTheTracing)
         SurfaceEnregistreuse s;
         const FinTrace fin = parcours1(etat, s, crochets);
         EXPECT_EQ(fin.interrompu, c.interrompu) << c.f1;
-        EXPECT_EQ(!fin.message.empty(), c.message) << c.f1;
+        EXPECT_EQ(bool(fin.erreur), c.message) << c.f1;
         EXPECT_LE(s.operations().size(), c.auPlus) << c.f1;
         EXPECT_LE(questions, 1) << c.f1;
     }

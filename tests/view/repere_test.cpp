@@ -8,8 +8,7 @@
 #include <vector>
 
 #include "view/format_nombre.h"
-#include "view/projection.h"
-#include "view/repere.h"
+#include "plot/ecran.h"
 #include "view/surface_enregistreuse.h"
 
 namespace velorin {
@@ -205,6 +204,33 @@ TEST(Repere, PlaneFrameGraduationsAreNiceAndApart)
             EXPECT_TRUE(std::fabs(mantisse - 1) < 1e-6 || std::fabs(mantisse - 2) < 1e-6 ||
                         std::fabs(mantisse - 5) < 1e-6) << cas << " pas " << pas;
         }
+    }
+}
+
+// The numbers at the first and last ticks of the plane frame (xmin and ymax
+// lie close to the edges) are moved inside: every number keeps at least a
+// pixel from each edge of the picture, so that no glyph is cut.
+TEST(Repere, PlaneFrameNumbersKeepClearOfTheEdges)
+{
+    struct Cas { int ortho; double l, h; };
+    for (Cas c : {Cas{0, 640, 480}, Cas{0, 1024, 768}, Cas{1, 1024, 768}, Cas{0, 1920, 1080},
+                  Cas{0, 300, 200}}) {
+        const std::string cas = std::to_string(int(c.l)) + "x" + std::to_string(int(c.h)) +
+                                (c.ortho ? " orthonormé" : "");
+        Dessin d(false, c.l, c.h);
+        d.etat.param.repereOrthonorme = c.ortho;
+        d.trace();
+        bool moinsDix = false;
+        for (const auto& t : d.textes()) {
+            if (t.t == "O" || t.t == "x" || t.t == "y")
+                continue;  // the letters, not numbers
+            moinsDix = moinsDix || t.t == "-10";
+            EXPECT_GE(t.x, twipsParPixelEcran) << cas << " : « " << t.t << " »";
+            EXPECT_GE(t.y, twipsParPixelEcran) << cas << " : « " << t.t << " »";
+            EXPECT_LE(t.x + t.l, d.surface.Width() - twipsParPixelEcran) << cas << " : « " << t.t << " »";
+            EXPECT_LE(t.y + t.h, d.surface.Height() - twipsParPixelEcran) << cas << " : « " << t.t << " »";
+        }
+        EXPECT_TRUE(moinsDix) << cas;
     }
 }
 

@@ -10,8 +10,7 @@
 #include "app/dialogues/licou.h"
 #include "app/fenetre/mirado.h"
 #include "catalogue/catalogue.h"
-#include "view/projection.h"
-#include "view/repere.h"
+#include "plot/ecran.h"
 
 namespace velorin {
 

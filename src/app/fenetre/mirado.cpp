@@ -17,8 +17,7 @@
 #include "app/fenetre/zone_dessin.h"
 #include "catalogue/catalogue.h"
 #include "settings/memoire.h"
-#include "view/projection.h"
-#include "view/repere.h"
+#include "plot/ecran.h"
 
 namespace velorin {
 

@@ -171,8 +171,8 @@ int Mirado::seance(const std::vector<Requete>& requetes)
         const ResultatTrace r = demandeTrace(etat, *surface_, q.numero, q.options, crochets());
         Timer4->stop();
         Timer4_Timer();
-        if (!r.message.empty())
-            messages << QString::fromStdString(r.message);
+        if (r.erreur)
+            messages << QString::fromStdString(r.erreur.message());
         formuleIncorrecte = r.formuleIncorrecte;
         if (r.trace) {
             ++traces;
