@@ -51,19 +51,23 @@ __attribute__((noinline)) void salitAvx()
 const bool avecAvx = __builtin_cpu_supports("avx");
 void salit()
 {
-    if (avecAvx) salitAvx();
+    if (avecAvx)
+        salitAvx();
 }
 #else
-void salit() {}  // no vector register halves to dirty elsewhere
+void salit() { }  // no vector register halves to dirty elsewhere
 #endif
-void nettoie() { velorin::compil::nettoieRegistresVectoriels(); }
+void nettoie()
+{
+    velorin::compil::nettoieRegistresVectoriels();
+}
 
 struct Cas {
     std::string nom;
     Famille famille;
-    std::vector<std::string> textes;      // engine syntax, one per coordinate
-    std::vector<std::string> muparser;    // same formulas for muparser (variables u, v)
-    double debut, fin;                    // range of both variables
+    std::vector<std::string> textes;    // engine syntax, one per coordinate
+    std::vector<std::string> muparser;  // same formulas for muparser (variables u, v)
+    double debut, fin;                  // range of both variables
     // The formulas as C++: (u, v) -> up to three coordinates.
     std::function<void(const double*, const double*, double*, double*, double*, std::size_t)> natif;
 };
@@ -71,9 +75,12 @@ struct Cas {
 std::vector<Cas> lesCas()
 {
     return {
-        {"tore", Famille::Plan,
+        {"tore",
+         Famille::Plan,
          {"(3+COS(A))*COS(T)", "(3+COS(A))*SIN(T)", "SIN(A)"},
-         {"(3+cos(u))*cos(v)", "(3+cos(u))*sin(v)", "sin(u)"}, 0, 6.283184,
+         {"(3+cos(u))*cos(v)", "(3+cos(u))*sin(v)", "sin(u)"},
+         0,
+         6.283184,
          [](const double* a, const double* t, double* x, double* y, double* z, std::size_t n) {
              for (std::size_t i = 0; i < n; ++i) {
                  x[i] = (3 + std::cos(a[i])) * std::cos(t[i]);
@@ -81,17 +88,35 @@ std::vector<Cas> lesCas()
                  z[i] = std::sin(a[i]);
              }
          }},
-        {"sin(x)*cos(y)+x^2", Famille::Plan, {"SIN(X)*COS(Y)+(X^2)"}, {"sin(u)*cos(v)+u^2"}, -3, 3,
+        {"sin(x)*cos(y)+x^2",
+         Famille::Plan,
+         {"SIN(X)*COS(Y)+(X^2)"},
+         {"sin(u)*cos(v)+u^2"},
+         -3,
+         3,
          [](const double* x, const double* y, double* r, double*, double*, std::size_t n) {
-             for (std::size_t i = 0; i < n; ++i) r[i] = std::sin(x[i]) * std::cos(y[i]) + x[i] * x[i];
+             for (std::size_t i = 0; i < n; ++i)
+                 r[i] = std::sin(x[i]) * std::cos(y[i]) + x[i] * x[i];
          }},
-        {"2*x^3-x+1", Famille::Espace, {"2*X^3-X+1"}, {"2*u^3-u+1"}, -3, 3,
+        {"2*x^3-x+1",
+         Famille::Espace,
+         {"2*X^3-X+1"},
+         {"2*u^3-u+1"},
+         -3,
+         3,
          [](const double* x, const double*, double* r, double*, double*, std::size_t n) {
-             for (std::size_t i = 0; i < n; ++i) r[i] = 2 * x[i] * x[i] * x[i] - x[i] + 1;
+             for (std::size_t i = 0; i < n; ++i)
+                 r[i] = 2 * x[i] * x[i] * x[i] - x[i] + 1;
          }},
-        {"exp(-x^2)*cos(3*x)", Famille::Espace, {"EXP(-X^2)*COS(3*X)"}, {"exp(-u^2)*cos(3*u)"}, -3, 3,
+        {"exp(-x^2)*cos(3*x)",
+         Famille::Espace,
+         {"EXP(-X^2)*COS(3*X)"},
+         {"exp(-u^2)*cos(3*u)"},
+         -3,
+         3,
          [](const double* x, const double*, double* r, double*, double*, std::size_t n) {
-             for (std::size_t i = 0; i < n; ++i) r[i] = std::exp(-x[i] * x[i]) * std::cos(3 * x[i]);
+             for (std::size_t i = 0; i < n; ++i)
+                 r[i] = std::exp(-x[i] * x[i]) * std::cos(3 * x[i]);
          }},
     };
 }
@@ -105,13 +130,17 @@ struct Points {
             u[i] = c.debut + (c.fin - c.debut) * double(i) / nbPoints;
             v[i] = c.debut + (c.fin - c.debut) * double((i * 2657) % nbPoints) / nbPoints;
         }
-        for (auto& s : sortie) s.assign(nbPoints, 0.0);
+        for (auto& s : sortie)
+            s.assign(nbPoints, 0.0);
     }
 };
 
 // Second variable as each family reads it (the space family reads the
 // previous x there, which these formulas do not use).
-double second(const Cas& c, const Points& p, std::size_t i) { return c.famille == Famille::Plan ? p.v[i] : 0.0; }
+double second(const Cas& c, const Points& p, std::size_t i)
+{
+    return c.famille == Famille::Plan ? p.v[i] : 0.0;
+}
 
 void parPoint(benchmark::State& etat, const Cas& c, void (*avant)(),
               const std::function<double(std::size_t, double, double)>& f)
@@ -120,7 +149,8 @@ void parPoint(benchmark::State& etat, const Cas& c, void (*avant)(),
     for (auto _ : etat) {
         avant();
         for (std::size_t k = 0; k < c.textes.size(); ++k)
-            for (std::size_t i = 0; i < nbPoints; ++i) p.sortie[k][i] = f(k, p.u[i], second(c, p, i));
+            for (std::size_t i = 0; i < nbPoints; ++i)
+                p.sortie[k][i] = f(k, p.u[i], second(c, p, i));
         benchmark::ClobberMemory();
     }
 }
@@ -128,7 +158,8 @@ void parPoint(benchmark::State& etat, const Cas& c, void (*avant)(),
 void enregistre(const Cas& c)
 {
     auto formules = std::make_shared<std::vector<FormuleCompilee>>();
-    for (const auto& t : c.textes) formules->emplace_back(c.famille, t);
+    for (const auto& t : c.textes)
+        formules->emplace_back(c.famille, t);
     // The coordinates of one point compiled together, as a tracer would.
     auto groupe = std::make_shared<velorin::FormulesCompilees>(
         c.famille, std::vector<std::string_view>(c.textes.begin(), c.textes.end()));
@@ -204,7 +235,8 @@ public:
     {
         ConsoleReporter::ReportRuns(runs);
         for (const Run& r : runs) {
-            if (r.iterations == 0) continue;
+            if (r.iterations == 0)
+                continue;
             const double ns = r.cpu_accumulated_time * 1e9 / double(r.iterations) / double(nbPoints);
             nsParPoint[r.benchmark_name()] = ns;
         }
@@ -229,15 +261,19 @@ void dessineAvecQt()
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication application(argc, argv);
     dessineAvecQt();
 
     const std::vector<Cas> cas = lesCas();
     bool juste = true;
-    for (const Cas& c : cas) juste = verifie(c) && juste;
-    if (!juste) return 1;
-    for (const Cas& c : cas) enregistre(c);
+    for (const Cas& c : cas)
+        juste = verifie(c) && juste;
+    if (!juste)
+        return 1;
+    for (const Cas& c : cas)
+        enregistre(c);
 
     benchmark::Initialize(&argc, argv);
     Releve releve;
@@ -246,17 +282,21 @@ int main(int argc, char** argv)
 
     const char* colonnes[] = {"bloc", "point", "natif", "muparser", "texte"};
     std::printf("\n%-37s", "ns par point (temps processeur)");
-    for (const char* col : colonnes) std::printf("%10s", col);
+    for (const char* col : colonnes)
+        std::printf("%10s", col);
     std::printf("%12s\n", "bloc/natif");
     for (const Cas& c : cas) {
         std::printf("%-37s", c.nom.c_str());
         for (const char* col : colonnes) {
             const auto it = releve.nsParPoint.find(c.nom + "/" + col);
-            if (it == releve.nsParPoint.end()) std::printf("%10s", "-");
-            else std::printf("%10.2f", it->second);
+            if (it == releve.nsParPoint.end())
+                std::printf("%10s", "-");
+            else
+                std::printf("%10.2f", it->second);
         }
         const auto b = releve.nsParPoint.find(c.nom + "/bloc"), n = releve.nsParPoint.find(c.nom + "/natif");
-        if (b != releve.nsParPoint.end() && n != releve.nsParPoint.end()) std::printf("%12.2f", b->second / n->second);
+        if (b != releve.nsParPoint.end() && n != releve.nsParPoint.end())
+            std::printf("%12.2f", b->second / n->second);
         std::printf("\n");
     }
     return 0;

@@ -15,13 +15,13 @@
 #include <fstream>
 #include <string>
 
-#include "qt/surface_qpainter.h"
 #include "catalogue/catalogue.h"
 #include "cli/rendu.h"
+#include "plot/ecran.h"
 #include "plot/etat.h"
 #include "plot/traceurs.h"
+#include "qt/surface_qpainter.h"
 #include "settings/memoire.h"
-#include "plot/ecran.h"
 
 namespace fs = std::filesystem;
 using namespace velorin;
@@ -30,18 +30,17 @@ namespace {
 
 constexpr int kLargeur = 1600, kHauteur = 1000;
 constexpr int kPas = 200;
-constexpr const char* kTore =
-    "x=f1(a,t)=(3+cos(a))*cos(t)][y=f2(a,t)=(3+cos(a))*sin(t)][z=f3(a,t)=sin(a)";
+constexpr const char* kTore = "x=f1(a,t)=(3+cos(a))*cos(t)][y=f2(a,t)=(3+cos(a))*sin(t)][z=f3(a,t)=sin(a)";
 constexpr double kPoints = 2.0 * (kPas + 1) * (kPas + 1);
 
 // A surface that draws nothing: the cost of the computation alone.
 class SurfaceMuette : public Surface {
 public:
-    void Line(double, double, double, double, Couleur) override {}
-    void PSet(double, double, Couleur) override {}
-    void Circle(double, double, double, Couleur) override {}
-    void Print(const std::string&) override {}
-    void Clear(Couleur) override {}
+    void Line(double, double, double, double, Couleur) override { }
+    void PSet(double, double, Couleur) override { }
+    void Circle(double, double, double, Couleur) override { }
+    void Print(const std::string&) override { }
+    void Clear(Couleur) override { }
     double Width() const override { return kLargeur * twipsParPixelEcran; }
     double Height() const override { return kHauteur * twipsParPixelEcran; }
     double TextWidth(const std::string& t) const override { return 100.0 * t.size(); }
@@ -80,7 +79,8 @@ void CalculSeul(benchmark::State& state)
     Etat etat;
     prepareTore(etat);
     SurfaceMuette surface;
-    for (auto _ : state) parcours2(etat, surface, {});
+    for (auto _ : state)
+        parcours2(etat, surface, {});
     state.counters["points/s"] = benchmark::Counter(kPoints, benchmark::Counter::kIsIterationInvariantRate);
 }
 
@@ -110,12 +110,14 @@ std::string prepareProcessus()
     LigneCatalogue l;
     l.typeFonction = 2;
     l.texte = kTore;
-    if (ouvrirCatalogue(c, cat.string()) || ecrisLigne(c, 1, l)) std::abort();
+    if (ouvrirCatalogue(c, cat.string()) || ecrisLigne(c, 1, l))
+        std::abort();
     Parametres p;
     parametresTore(p);
-    if (ecrisMemoire((dossier / nomFichierMemoire(true)).string(), p)) std::abort();
-    return std::string(VELORIN_BIN_DIR) + "/velorin exporte --taille 1600x1000 --ordre 2 --catalogue " +
-           cat.string() + " --entree 1 --sortie " + (dossier / "tore.png").string();
+    if (ecrisMemoire((dossier / nomFichierMemoire(true)).string(), p))
+        std::abort();
+    return std::string(VELORIN_BIN_DIR) + "/velorin exporte --taille 1600x1000 --ordre 2 --catalogue " + cat.string() +
+           " --entree 1 --sortie " + (dossier / "tore.png").string();
 }
 
 void ProcessusExporte(benchmark::State& state)

@@ -25,7 +25,10 @@ constexpr const char* kUsage =
     "        velorin --help, -h        affiche cette aide\n"
     "        velorin --version         affiche la version\n";
 
-bool egal(const char* a, const char* b) { return std::strcmp(a, b) == 0; }
+bool egal(const char* a, const char* b)
+{
+    return std::strcmp(a, b) == 0;
+}
 
 }  // namespace
 

@@ -28,7 +28,10 @@ struct Entree {
     std::string texte;
 };
 
-bool commencePar(const std::string& s, const std::string& debut) { return s.rfind(debut, 0) == 0; }
+bool commencePar(const std::string& s, const std::string& debut)
+{
+    return s.rfind(debut, 0) == 0;
+}
 
 // Splits "A][B][C" into its pieces.
 std::vector<std::string> morceaux(const std::string& s)
@@ -53,29 +56,41 @@ Erreur controle(int genre, const std::string& texte, bool espace)
         {"R=f1(t)=", "Agh=f2(t)=", "Agv=f3(t)="},
         {"R=f1(a,t)=", "Agh=f2(a,t)=", "Agv=f3(a,t)="},
     };
-    if (texte.size() > std::size_t(longueurTexte)) return "texte de plus de 300 caractères";
+    if (texte.size() > std::size_t(longueurTexte))
+        return "texte de plus de 300 caractères";
     if (estGenreFonction(genre)) {
         const auto m = morceaux(texte);
         const std::size_t attendus = genre == genreExplicite ? 1 : (espace ? 3 : 2);
-        if (m.size() != attendus) return "nombre de formules";
+        if (m.size() != attendus)
+            return "nombre de formules";
         for (std::size_t i = 0; i < m.size(); ++i)
             if (!commencePar(m[i], invites[genre][i]) || m[i].size() == std::string(invites[genre][i]).size())
                 return std::string("formule ") + std::to_string(i + 1) + " sans l'invite " + invites[genre][i];
         return {};
     }
-    struct Objet { int genre; const char* debut; std::size_t champs; };
-    static const Objet objets[] = {{genreDroite, "D(M,u):[", 2}, {genrePlanParametre, "P(M,u,v):[", 3},
-                                   {genreSegment, "Segment:[", 2}, {genrePoint, "Point:[", 1}};
+    struct Objet {
+        int genre;
+        const char* debut;
+        std::size_t champs;
+    };
+    static const Objet objets[] = {{genreDroite, "D(M,u):[", 2},
+                                   {genrePlanParametre, "P(M,u,v):[", 3},
+                                   {genreSegment, "Segment:[", 2},
+                                   {genrePoint, "Point:[", 1}};
     if (genre == genrePlanEquation) {
         const std::string debut = espace ? "Plan:[" : "Droite:[";
-        if (commencePar(texte, debut) && texte.back() == ']') return {};
+        if (commencePar(texte, debut) && texte.back() == ']')
+            return {};
         return "attendu " + debut + "...]";
     }
     for (const Objet& o : objets) {
-        if (o.genre != genre) continue;
-        if (!commencePar(texte, o.debut) || texte.back() != ']') return std::string("attendu ") + o.debut;
+        if (o.genre != genre)
+            continue;
+        if (!commencePar(texte, o.debut) || texte.back() != ']')
+            return std::string("attendu ") + o.debut;
         const auto m = morceaux(texte.substr(std::string(o.debut).size()));
-        if (m.size() == o.champs) return {};
+        if (m.size() == o.champs)
+            return {};
         return "nombre de points ou de vecteurs";
     }
     if (genre == genreNuagePlan || genre == genreNuageEspace) {
@@ -91,7 +106,8 @@ Erreur controle(int genre, const std::string& texte, bool espace)
 Erreur lisEntree(const std::string& ligne, bool espace, Entree& e)
 {
     const auto barre = ligne.find('|');
-    if (barre == std::string::npos) return "attendu genre|texte";
+    if (barre == std::string::npos)
+        return "attendu genre|texte";
     try {
         e.genre = std::stoi(ligne.substr(0, barre));
     } catch (...) {
@@ -104,11 +120,14 @@ Erreur lisEntree(const std::string& ligne, bool espace, Entree& e)
 Erreur lisSource(const std::string& chemin, bool espace, std::vector<Entree>& entrees)
 {
     std::ifstream f(chemin);
-    if (!f) return "impossible de lire " + chemin;
+    if (!f)
+        return "impossible de lire " + chemin;
     std::string ligne;
     for (int numero = 1; std::getline(f, ligne); ++numero) {
-        if (!ligne.empty() && ligne.back() == '\r') ligne.pop_back();
-        if (ligne.empty() || ligne[0] == '#') continue;
+        if (!ligne.empty() && ligne.back() == '\r')
+            ligne.pop_back();
+        if (ligne.empty() || ligne[0] == '#')
+            continue;
         Entree e;
         if (auto erreur = lisEntree(ligne, espace, e))
             return chemin + ":" + std::to_string(numero) + " : " + erreur.message();
@@ -140,10 +159,12 @@ int main(int argc, char** argv)
     std::string octets;
     for (const Entree& e : entrees)
         octets += octetsEnregistrement(LigneCatalogue{static_cast<std::int16_t>(e.genre), e.texte});
-    if (!erreur) erreur = ecrisCatalogue(argv[3], octets);
+    if (!erreur)
+        erreur = ecrisCatalogue(argv[3], octets);
     // The user's copy is written only when nothing is at its name.
     std::error_code ec;
-    if (!erreur && argc == 5 && !fs::exists(fs::symlink_status(argv[4], ec))) erreur = ecrisCatalogue(argv[4], octets);
+    if (!erreur && argc == 5 && !fs::exists(fs::symlink_status(argv[4], ec)))
+        erreur = ecrisCatalogue(argv[4], octets);
     if (erreur) {
         std::fprintf(stderr, "fabrique_galerie : %s\n", erreur.message().c_str());
         return 1;

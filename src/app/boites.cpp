@@ -12,11 +12,9 @@ Boites Boites::standard()
     b.message = [](QWidget* parent, const QString& texte) {
         QMessageBox::information(parent, QStringLiteral("Velorin"), texte);
     };
-    b.saisie = [](QWidget* parent, const QString& invite,
-                  const QString& titre) -> std::optional<QString> {
+    b.saisie = [](QWidget* parent, const QString& invite, const QString& titre) -> std::optional<QString> {
         bool ok = false;
-        const QString reponse = QInputDialog::getText(parent, titre, invite, QLineEdit::Normal,
-                                                      QString(), &ok);
+        const QString reponse = QInputDialog::getText(parent, titre, invite, QLineEdit::Normal, QString(), &ok);
         if (!ok)
             return std::nullopt;
         return reponse;

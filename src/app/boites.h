@@ -15,9 +15,7 @@ struct Boites {
     // A message with an OK button.
     std::function<void(QWidget* parent, const QString& texte)> message;
     // An input box: the answer, or nothing when the user cancelled.
-    std::function<std::optional<QString>(QWidget* parent, const QString& invite,
-                                         const QString& titre)>
-        saisie;
+    std::function<std::optional<QString>(QWidget* parent, const QString& invite, const QString& titre)> saisie;
     // Ends the program (after the evaluator's "Formule incorrecte").
     std::function<void()> fin;
 

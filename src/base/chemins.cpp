@@ -28,17 +28,22 @@ std::string raisonChemin(const std::string& quoi, const std::string& chemin, int
 
 std::string natureFichier(mode_t mode)
 {
-    if (S_ISDIR(mode)) return "est un dossier, pas un fichier.";
-    if (S_ISFIFO(mode)) return "est un tube nommé (FIFO), pas un fichier : il ne peut pas être lu.";
-    if (S_ISCHR(mode) || S_ISBLK(mode)) return "est un périphérique, pas un fichier.";
-    if (S_ISSOCK(mode)) return "est une prise réseau (socket), pas un fichier.";
+    if (S_ISDIR(mode))
+        return "est un dossier, pas un fichier.";
+    if (S_ISFIFO(mode))
+        return "est un tube nommé (FIFO), pas un fichier : il ne peut pas être lu.";
+    if (S_ISCHR(mode) || S_ISBLK(mode))
+        return "est un périphérique, pas un fichier.";
+    if (S_ISSOCK(mode))
+        return "est une prise réseau (socket), pas un fichier.";
     return "n'est pas un fichier ordinaire.";
 }
 
 std::string dossierDe(const std::string& chemin)
 {
     const auto barre = chemin.find_last_of('/');
-    if (barre == std::string::npos) return ".";
+    if (barre == std::string::npos)
+        return ".";
     return barre == 0 ? "/" : chemin.substr(0, barre);
 }
 
@@ -46,29 +51,38 @@ std::string dossierDe(const std::string& chemin)
 
 Erreur verifieFichierLisible(const std::string& chemin, const std::string& quoi)
 {
-    if (chemin.empty()) return quoi + " n'est pas nommé.";
+    if (chemin.empty())
+        return quoi + " n'est pas nommé.";
     struct stat s;
-    if (stat(chemin.c_str(), &s) != 0) return raisonChemin(quoi, chemin, errno);
-    if (!S_ISREG(s.st_mode)) return quoi + " " + texteCite(chemin) + " " + natureFichier(s.st_mode);
-    if (access(chemin.c_str(), R_OK) != 0) return raisonChemin(quoi, chemin, errno);
+    if (stat(chemin.c_str(), &s) != 0)
+        return raisonChemin(quoi, chemin, errno);
+    if (!S_ISREG(s.st_mode))
+        return quoi + " " + texteCite(chemin) + " " + natureFichier(s.st_mode);
+    if (access(chemin.c_str(), R_OK) != 0)
+        return raisonChemin(quoi, chemin, errno);
     return {};
 }
 
 Erreur verifieDossier(const std::string& chemin, const std::string& quoi)
 {
     struct stat s;
-    if (stat(chemin.c_str(), &s) != 0) return raisonChemin(quoi, chemin, errno);
-    if (!S_ISDIR(s.st_mode)) return quoi + " " + texteCite(chemin) + " n'est pas un dossier.";
+    if (stat(chemin.c_str(), &s) != 0)
+        return raisonChemin(quoi, chemin, errno);
+    if (!S_ISDIR(s.st_mode))
+        return quoi + " " + texteCite(chemin) + " n'est pas un dossier.";
     return {};
 }
 
 Erreur verifieSortie(const std::string& sortie, const std::vector<std::string>& entrees)
 {
-    if (sortie.empty()) return "Le fichier de sortie n'est pas nommé.";
-    if (auto erreur = verifieDossier(dossierDe(sortie), "Le dossier de sortie")) return erreur;
+    if (sortie.empty())
+        return "Le fichier de sortie n'est pas nommé.";
+    if (auto erreur = verifieDossier(dossierDe(sortie), "Le dossier de sortie"))
+        return erreur;
     struct stat s;
     if (stat(sortie.c_str(), &s) != 0) {
-        if (errno == ELOOP) return raisonChemin("Le fichier de sortie", sortie, ELOOP);
+        if (errno == ELOOP)
+            return raisonChemin("Le fichier de sortie", sortie, ELOOP);
     } else if (S_ISDIR(s.st_mode)) {
         return "Le fichier de sortie " + texteCite(sortie) + " est un dossier.";
     } else if (!S_ISREG(s.st_mode)) {
@@ -84,14 +98,14 @@ Erreur verifieSortie(const std::string& sortie, const std::vector<std::string>& 
 bool memeFichier(const std::string& a, const std::string& b)
 {
     struct stat sa, sb;
-    return stat(a.c_str(), &sa) == 0 && stat(b.c_str(), &sb) == 0 && sa.st_dev == sb.st_dev &&
-           sa.st_ino == sb.st_ino;
+    return stat(a.c_str(), &sa) == 0 && stat(b.c_str(), &sb) == 0 && sa.st_dev == sb.st_dev && sa.st_ino == sb.st_ino;
 }
 
 std::uint64_t tailleFichier(const std::string& chemin)
 {
     struct stat s;
-    if (stat(chemin.c_str(), &s) != 0 || !S_ISREG(s.st_mode)) return 0;
+    if (stat(chemin.c_str(), &s) != 0 || !S_ISREG(s.st_mode))
+        return 0;
     return static_cast<std::uint64_t>(s.st_size);
 }
 

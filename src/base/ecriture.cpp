@@ -4,8 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <cstdlib>
 #include <cstring>
@@ -24,7 +24,8 @@ long long& limiteDisque()
 {
     static long long limite = [] {
         const char* v = std::getenv("VELORIN_ESSAI_DISQUE_PLEIN");
-        if (!v || !*v) return -1LL;
+        if (!v || !*v)
+            return -1LL;
         char* fin = nullptr;
         const long long n = std::strtoll(v, &fin, 10);
         return (fin && *fin == '\0' && n >= 0) ? n : -1LL;
@@ -35,8 +36,10 @@ long long& limiteDisque()
 std::string dossierDe(const std::string& chemin)
 {
     const auto barre = chemin.find_last_of('/');
-    if (barre == std::string::npos) return ".";
-    if (barre == 0) return "/";
+    if (barre == std::string::npos)
+        return ".";
+    if (barre == 0)
+        return "/";
     return chemin.substr(0, barre);
 }
 
@@ -47,7 +50,8 @@ std::string suisLiens(const std::string& cible, int& numeroErreur)
     std::string chemin = cible;
     for (int tours = 0; tours < 40; ++tours) {
         struct stat s;
-        if (lstat(chemin.c_str(), &s) != 0 || !S_ISLNK(s.st_mode)) return chemin;
+        if (lstat(chemin.c_str(), &s) != 0 || !S_ISLNK(s.st_mode))
+            return chemin;
         std::vector<char> lien(PATH_MAX + 1);
         const ssize_t n = readlink(chemin.c_str(), lien.data(), PATH_MAX);
         if (n < 0) {
@@ -84,16 +88,23 @@ std::string raisonSysteme(int numeroErreur)
     }
 }
 
-void simuleDisquePlein(long long octets) { limiteDisque() = octets < 0 ? -1 : octets; }
+void simuleDisquePlein(long long octets)
+{
+    limiteDisque() = octets < 0 ? -1 : octets;
+}
 
-long long limiteDisqueSimulee() { return limiteDisque(); }
+long long limiteDisqueSimulee()
+{
+    return limiteDisque();
+}
 
 // A buffer of 64 KiB in front of the checked writes, for flux().
 struct EcritureEntiere::Tampon : std::streambuf {
     explicit Tampon(EcritureEntiere& e) : ecriture(e), zone(1 << 16) { setp(zone.data(), zone.data() + zone.size()); }
     int_type overflow(int_type c) override
     {
-        if (sync() != 0) return traits_type::eof();
+        if (sync() != 0)
+            return traits_type::eof();
         if (!traits_type::eq_int_type(c, traits_type::eof())) {
             *pptr() = traits_type::to_char_type(c);
             pbump(1);
@@ -158,26 +169,31 @@ EcritureEntiere::~EcritureEntiere()
 {
     flux_.reset();
     tampon_.reset();
-    if (fd_ >= 0) close(fd_);
-    if (!fini_ && !provisoire_.empty()) unlink(provisoire_.c_str());
+    if (fd_ >= 0)
+        close(fd_);
+    if (!fini_ && !provisoire_.empty())
+        unlink(provisoire_.c_str());
 }
 
 void EcritureEntiere::echoue(int numeroErreur)
 {
-    if (erreur_) return;
+    if (erreur_)
+        return;
     erreur_ = "Impossible d'écrire " + texteCite(cible_) + " : " + raisonSysteme(numeroErreur) +
               (existait_ ? " ; le fichier précédent est conservé." : ".");
 }
 
 Erreur EcritureEntiere::ouverture() const
 {
-    if (fd_ < 0 && erreur_) return erreur_;
+    if (fd_ < 0 && erreur_)
+        return erreur_;
     return {};
 }
 
 bool EcritureEntiere::ecris(std::string_view donnees)
 {
-    if (erreur_ || fd_ < 0) return false;
+    if (erreur_ || fd_ < 0)
+        return false;
     while (!donnees.empty()) {
         std::size_t morceau = donnees.size();
         const long long limite = limiteDisque();
@@ -190,7 +206,8 @@ bool EcritureEntiere::ecris(std::string_view donnees)
         }
         const ssize_t n = ::write(fd_, donnees.data(), morceau);
         if (n < 0) {
-            if (errno == EINTR) continue;
+            if (errno == EINTR)
+                continue;
             echoue(errno);
             return false;
         }
@@ -211,17 +228,23 @@ std::ostream& EcritureEntiere::flux()
 
 Erreur EcritureEntiere::termine()
 {
-    if (fini_) return {};
-    if (flux_) flux_->flush();
+    if (fini_)
+        return {};
+    if (flux_)
+        flux_->flush();
     if (!erreur_ && fd_ >= 0) {
-        if (fsync(fd_) != 0 && errno != EINVAL && errno != EROFS) echoue(errno);
+        if (fsync(fd_) != 0 && errno != EINVAL && errno != EROFS)
+            echoue(errno);
     }
     if (fd_ >= 0) {
-        if (close(fd_) != 0 && !erreur_) echoue(errno);
+        if (close(fd_) != 0 && !erreur_)
+            echoue(errno);
         fd_ = -1;
     }
-    if (!erreur_ && provisoire_.empty()) echoue(EIO);
-    if (erreur_) return erreur_;
+    if (!erreur_ && provisoire_.empty())
+        echoue(EIO);
+    if (erreur_)
+        return erreur_;
     if (std::rename(provisoire_.c_str(), reelle_.c_str()) != 0) {
         echoue(errno);
         return erreur_;
@@ -239,7 +262,8 @@ Erreur EcritureEntiere::termine()
 Erreur ecrisFichierEntier(const std::string& cible, std::string_view contenu)
 {
     EcritureEntiere e(cible);
-    if (auto erreur = e.ouverture()) return erreur;
+    if (auto erreur = e.ouverture())
+        return erreur;
     e.ecris(contenu);
     return e.termine();
 }

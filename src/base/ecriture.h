@@ -56,7 +56,7 @@ private:
     std::uint64_t ecrits_ = 0;
     Erreur erreur_;
     bool fini_ = false;
-    bool existait_ = false;   // the target was there before: it is kept on failure
+    bool existait_ = false;  // the target was there before: it is kept on failure
     std::unique_ptr<Tampon> tampon_;
     std::unique_ptr<std::ostream> flux_;
 };

@@ -12,10 +12,10 @@ namespace velorin {
 
 class [[nodiscard]] Erreur {
 public:
-    Erreur() = default;                                   // success
-    Erreur(std::nullopt_t) {}                             // success
-    Erreur(std::string message) : message_(std::move(message)), echec_(true) {}
-    Erreur(const char* message) : Erreur(std::string(message)) {}
+    Erreur() = default;         // success
+    Erreur(std::nullopt_t) { }  // success
+    Erreur(std::string message) : message_(std::move(message)), echec_(true) { }
+    Erreur(const char* message) : Erreur(std::string(message)) { }
 
     explicit operator bool() const { return echec_; }
     const std::string& message() const { return message_; }

@@ -13,20 +13,31 @@ std::size_t longueurUtf8(std::string_view texte, std::size_t i)
     const unsigned char c = octet(i);
     std::size_t n;
     unsigned minimum;
-    if (c >= 0xC2 && c <= 0xDF) { n = 2; minimum = 0x80; }
-    else if (c >= 0xE0 && c <= 0xEF) { n = 3; minimum = 0x800; }
-    else if (c >= 0xF0 && c <= 0xF4) { n = 4; minimum = 0x10000; }
-    else return 0;
-    if (i + n > texte.size()) return 0;
+    if (c >= 0xC2 && c <= 0xDF) {
+        n = 2;
+        minimum = 0x80;
+    } else if (c >= 0xE0 && c <= 0xEF) {
+        n = 3;
+        minimum = 0x800;
+    } else if (c >= 0xF0 && c <= 0xF4) {
+        n = 4;
+        minimum = 0x10000;
+    } else
+        return 0;
+    if (i + n > texte.size())
+        return 0;
     unsigned valeur = c & (0x7F >> n);
     for (std::size_t k = 1; k < n; ++k) {
-        if ((octet(i + k) & 0xC0) != 0x80) return 0;
+        if ((octet(i + k) & 0xC0) != 0x80)
+            return 0;
         valeur = (valeur << 6) | (octet(i + k) & 0x3F);
     }
-    if (valeur < minimum || valeur > 0x10FFFF || (valeur >= 0xD800 && valeur <= 0xDFFF)) return 0;
+    if (valeur < minimum || valeur > 0x10FFFF || (valeur >= 0xD800 && valeur <= 0xDFFF))
+        return 0;
     // The C1 controls (U+0080 to U+009F: CSI among them) act on a terminal
     // like ESC does: shown as the escapes of their bytes.
-    if (valeur <= 0x9F) return 0;
+    if (valeur <= 0x9F)
+        return 0;
     return n;
 }
 
@@ -67,6 +78,9 @@ std::string texteSur(std::string_view texte)
     return sur;
 }
 
-std::string texteCite(std::string_view texte) { return "« " + texteSur(texte) + " »"; }
+std::string texteCite(std::string_view texte)
+{
+    return "« " + texteSur(texte) + " »";
+}
 
 }  // namespace velorin

@@ -18,14 +18,15 @@ namespace {
 
 std::string messageLigne(const char* action, NumeroLigne n, const Catalogue& cat)
 {
-    return "La ligne " + std::to_string(n) + " du catalogue " + texteCite(cat.chemin) +
-           " ne peut pas être " + action + ".";
+    return "La ligne " + std::to_string(n) + " du catalogue " + texteCite(cat.chemin) + " ne peut pas être " + action +
+           ".";
 }
 
 std::string dossierDe(const std::string& chemin)
 {
     const auto barre = chemin.find_last_of('/');
-    if (barre == std::string::npos) return ".";
+    if (barre == std::string::npos)
+        return ".";
     return barre == 0 ? "/" : chemin.substr(0, barre);
 }
 
@@ -60,21 +61,27 @@ void decodeEnregistrement(const char* octets, LigneCatalogue& ligne)
 int ecrisEnPlace(int fd, const std::string& octets, off_t position)
 {
     struct stat avant;
-    if (fstat(fd, &avant) != 0) return errno;
-    if (!S_ISREG(avant.st_mode)) return ENXIO;
+    if (fstat(fd, &avant) != 0)
+        return errno;
+    if (!S_ISREG(avant.st_mode))
+        return ENXIO;
     ssize_t n;
     const long long limite = limiteDisqueSimulee();
     if (limite >= 0 && limite < static_cast<long long>(octets.size())) {
         n = -1;
         errno = ENOSPC;
     } else {
-        do n = pwrite(fd, octets.data(), octets.size(), position);
+        do
+            n = pwrite(fd, octets.data(), octets.size(), position);
         while (n < 0 && errno == EINTR);
     }
     int numero = 0;
-    if (n < 0) numero = errno;
-    else if (static_cast<std::size_t>(n) != octets.size()) numero = ENOSPC;  // short write: the disk is full
-    if (numero == 0 && fdatasync(fd) != 0 && errno != EINVAL && errno != EROFS) numero = errno;
+    if (n < 0)
+        numero = errno;
+    else if (static_cast<std::size_t>(n) != octets.size())
+        numero = ENOSPC;  // short write: the disk is full
+    if (numero == 0 && fdatasync(fd) != 0 && errno != EINVAL && errno != EROFS)
+        numero = errno;
     if (numero != 0 && position >= avant.st_size) {
         if (ftruncate(fd, avant.st_size) != 0) {
             // Nothing more can be done: the partial record is ignored by the count.
@@ -129,14 +136,12 @@ void viderLigne(LigneCatalogue& ligne)
 Erreur lisLigne(const Catalogue& cat, NumeroLigne n, LigneCatalogue& ligne)
 {
     if (n < 1 || n > cat.nbLignesCatalogue)
-        return "La ligne " + std::to_string(n) + " n'existe pas dans le catalogue " +
-               texteCite(cat.chemin) + ".";
+        return "La ligne " + std::to_string(n) + " n'existe pas dans le catalogue " + texteCite(cat.chemin) + ".";
     if (auto erreur = verifieFichierLisible(cat.chemin, "Le catalogue"))
         return erreur;
     std::ifstream f(cat.chemin, std::ios::binary);
     char octets[tailleEnregistrement];
-    if (!f || !f.seekg(std::streamoff(n - 1) * tailleEnregistrement) ||
-        !f.read(octets, tailleEnregistrement))
+    if (!f || !f.seekg(std::streamoff(n - 1) * tailleEnregistrement) || !f.read(octets, tailleEnregistrement))
         return messageLigne("lue", n, cat);
     decodeEnregistrement(octets, ligne);
     return {};
@@ -157,19 +162,18 @@ std::string octetsEnregistrement(const LigneCatalogue& ligne)
 Erreur ecrisLigne(Catalogue& cat, NumeroLigne n, const LigneCatalogue& ligne)
 {
     if (n > limiteLignesCatalogue)
-        return "Le catalogue " + texteCite(cat.chemin) + " est plein : il ne peut pas dépasser " +
-               texteLimite() + ".";
+        return "Le catalogue " + texteCite(cat.chemin) + " est plein : il ne peut pas dépasser " + texteLimite() + ".";
     if (n < 1 || n > cat.nbLignesCatalogue + 1)
-        return "La ligne " + std::to_string(n) + " ne peut pas être écrite dans le catalogue " +
-               texteCite(cat.chemin) + " (" + std::to_string(cat.nbLignesCatalogue) + " lignes).";
+        return "La ligne " + std::to_string(n) + " ne peut pas être écrite dans le catalogue " + texteCite(cat.chemin) +
+               " (" + std::to_string(cat.nbLignesCatalogue) + " lignes).";
     // Opened for writing without creating nor truncating; O_NONBLOCK so that
     // a FIFO put in the file's place is refused instead of waited on.
     const int fd = open(cat.chemin.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
     int numero = fd < 0 ? errno : 0;
     if (fd >= 0) {
-        numero = ecrisEnPlace(fd, octetsEnregistrement(ligne),
-                              static_cast<off_t>(n - 1) * tailleEnregistrement);
-        if (close(fd) != 0 && numero == 0) numero = errno;
+        numero = ecrisEnPlace(fd, octetsEnregistrement(ligne), static_cast<off_t>(n - 1) * tailleEnregistrement);
+        if (close(fd) != 0 && numero == 0)
+            numero = errno;
     }
     if (numero != 0)
         return "La ligne " + std::to_string(n) + " du catalogue " + texteCite(cat.chemin) +

@@ -43,11 +43,11 @@ constexpr NumeroLigne limiteLignesCatalogue = 250000;
 
 struct LigneCatalogue {
     std::int16_t typeFonction = 0;  // a GenreEntree as stored (any 16-bit value)
-    std::string texte;  // UTF-8; as read: 300 characters with the padding
+    std::string texte;              // UTF-8; as read: 300 characters with the padding
 };
 
 struct Catalogue {
-    std::string chemin;               // full path of the catalogue in force
+    std::string chemin;                 // full path of the catalogue in force
     NumeroLigne nbLignesCatalogue = 0;  // whole records in the file
     // One byte per record, index 1..nbLignesCatalogue (index 0 unused);
     // resized keeping its contents at each opening.
@@ -79,8 +79,8 @@ std::string octetsEnregistrement(const LigneCatalogue& ligne);
 
 // The list of the catalogue: reopens it, then item 0 is the header line and
 // item n is record n: n as "0000", "]", the 300-character text, "[", the
-// kind as "00". The file is read record by record through a buffer. When the catalogue cannot be read, the list holds the header
-// and the records read so far, and `erreur` (if given) receives the message.
+// kind as "00". The file is read record by record through a buffer. When the catalogue cannot be read, the list holds
+// the header and the records read so far, and `erreur` (if given) receives the message.
 std::vector<std::string> listerCatalogue(Catalogue& cat, Erreur* erreur = nullptr);
 
 // The list line of one record (item n of the list above).

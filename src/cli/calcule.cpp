@@ -26,13 +26,13 @@ namespace {
 
 int usage(const char* raison)
 {
-    if (raison) std::fprintf(stderr, "velorin calcule : %s\n", raison);
-    std::fputs(
-        "Usage : velorin calcule [--famille espace|plan|nuage] [--brut] [--pointx V] FORMULE [VALEUR ...]\n"
-        "        velorin calcule --normalise FORMULE\n"
-        "Les valeurs vont par groupes : espace X (=T=A) ; plan X puis T ; nuage X, Y, Z.\n"
-        "Les nombres s'écrivent avec un point décimal (1.5).\n",
-        stderr);
+    if (raison)
+        std::fprintf(stderr, "velorin calcule : %s\n", raison);
+    std::fputs("Usage : velorin calcule [--famille espace|plan|nuage] [--brut] [--pointx V] FORMULE [VALEUR ...]\n"
+               "        velorin calcule --normalise FORMULE\n"
+               "Les valeurs vont par groupes : espace X (=T=A) ; plan X puis T ; nuage X, Y, Z.\n"
+               "Les nombres s'écrivent avec un point décimal (1.5).\n",
+               stderr);
     return 2;
 }
 
@@ -54,15 +54,21 @@ const char* litArguments(int argc, char** argv, Demande& d)
         // After the formula, every argument is a value.
         if (d.formuleDonnee) {
             double v = 0;
-            if (!lisValeurExacte(arg, v)) return "une valeur n'est pas un nombre.";
+            if (!lisValeurExacte(arg, v))
+                return "une valeur n'est pas un nombre.";
             d.valeurs.push_back(v);
         } else if (arg == "--famille") {
-            if (!suivant) return "--famille attend espace, plan ou nuage.";
+            if (!suivant)
+                return "--famille attend espace, plan ou nuage.";
             const std::string f = argv[++i];
-            if (f == "espace") d.famille = Famille::Espace;
-            else if (f == "plan") d.famille = Famille::Plan;
-            else if (f == "nuage") d.famille = Famille::Nuage;
-            else return "famille inconnue (espace, plan ou nuage).";
+            if (f == "espace")
+                d.famille = Famille::Espace;
+            else if (f == "plan")
+                d.famille = Famille::Plan;
+            else if (f == "nuage")
+                d.famille = Famille::Nuage;
+            else
+                return "famille inconnue (espace, plan ou nuage).";
         } else if (arg == "--brut") {
             d.brut = true;
         } else if (arg == "--normalise") {
@@ -78,8 +84,10 @@ const char* litArguments(int argc, char** argv, Demande& d)
             d.formuleDonnee = true;
         }
     }
-    if (!d.formuleDonnee) return "formule manquante.";
-    if (d.normaliseSeulement && (!d.valeurs.empty() || d.brut)) return "--normalise n'attend que la formule.";
+    if (!d.formuleDonnee)
+        return "formule manquante.";
+    if (d.normaliseSeulement && (!d.valeurs.empty() || d.brut))
+        return "--normalise n'attend que la formule.";
     return nullptr;
 }
 
@@ -93,10 +101,12 @@ std::size_t arite(Famille f)
 int commandeCalcule(int argc, char** argv)
 {
     Demande d;
-    if (const char* erreur = litArguments(argc, argv, d)) return usage(erreur);
+    if (const char* erreur = litArguments(argc, argv, d))
+        return usage(erreur);
 
     std::string formule = d.formule;
-    if (!d.brut) formule = nettoieformule(unifiecrochets(formule), 0);
+    if (!d.brut)
+        formule = nettoieformule(unifiecrochets(formule), 0);
     if (d.normaliseSeulement) {
         std::printf("%s\n", formule.c_str());
         return termineSortieStandard("calcule", 0);
@@ -110,7 +120,8 @@ int commandeCalcule(int argc, char** argv)
     // short last group is completed with zeros.
     const std::size_t n = arite(d.famille);
     std::vector<double> valeurs = d.valeurs;
-    if (valeurs.empty()) valeurs.resize(n, 0.0);
+    if (valeurs.empty())
+        valeurs.resize(n, 0.0);
     valeurs.resize((valeurs.size() + n - 1) / n * n, 0.0);
 
     // The formula is read once and its compiled form gives every value.

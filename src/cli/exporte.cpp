@@ -40,7 +40,8 @@ bool litEntier(const char* texte, int& valeur)
 bool litTaille(const std::string& texte, int& largeur, int& hauteur)
 {
     const auto x = texte.find_first_of("xX");
-    if (x == std::string::npos) return false;
+    if (x == std::string::npos)
+        return false;
     return litEntier(texte.substr(0, x).c_str(), largeur) && litEntier(texte.substr(x + 1).c_str(), hauteur);
 }
 
@@ -56,14 +57,23 @@ int commandeExporte(int argc, char** argv)
         const bool avecValeur = option == "--dossier" || option == "--parametres" || option == "--taille" ||
                                 option == "--catalogue" || option == "--entree" || option == "--figure" ||
                                 option == "--sortie" || option == "--ordre";
-        if (avecValeur && i + 1 >= argc) return erreur("l'option " + option + " attend une valeur\n" + kUsage);
-        if (option == "--plan") d.espace = false;
-        else if (option == "--chrono") chrono = true;
-        else if (option == "--dossier") dossier = argv[++i];
-        else if (option == "--parametres") { d.parametres = argv[++i]; parametresDonnes = true; }
-        else if (option == "--catalogue") catalogue = argv[++i];
-        else if (option == "--figure") figure = argv[++i];
-        else if (option == "--sortie") d.sortie = argv[++i];
+        if (avecValeur && i + 1 >= argc)
+            return erreur("l'option " + option + " attend une valeur\n" + kUsage);
+        if (option == "--plan")
+            d.espace = false;
+        else if (option == "--chrono")
+            chrono = true;
+        else if (option == "--dossier")
+            dossier = argv[++i];
+        else if (option == "--parametres") {
+            d.parametres = argv[++i];
+            parametresDonnes = true;
+        } else if (option == "--catalogue")
+            catalogue = argv[++i];
+        else if (option == "--figure")
+            figure = argv[++i];
+        else if (option == "--sortie")
+            d.sortie = argv[++i];
         else if (option == "--taille") {
             if (!litTaille(argv[++i], d.largeurPx, d.hauteurPx))
                 return erreur(std::string("taille incorrecte « ") + argv[i] + " » : écrivez par exemple 1024x768");
@@ -79,13 +89,15 @@ int commandeExporte(int argc, char** argv)
             return erreur("option inconnue « " + option + " »\n" + kUsage);
         }
     }
-    if (!figure.empty()) return erreur("--figure : pas encore disponible");
+    if (!figure.empty())
+        return erreur("--figure : pas encore disponible");
     if (catalogue.empty() || d.entrees.empty() || d.sortie.empty())
         return erreur(std::string("il faut --catalogue, au moins une --entree et --sortie\n") + kUsage);
 
     const char* sousDossier = nomsDossiers[d.espace ? 0 : 2];
     const bool dossierDonne = !dossier.empty();
-    if (!dossierDonne) dossier = dossierExecutable() + sousDossier;
+    if (!dossierDonne)
+        dossier = dossierExecutable() + sousDossier;
     fs::path chemin(catalogue);
     // The folder is checked when it is named or used: a relative catalogue
     // name is read in it.
@@ -93,7 +105,8 @@ int commandeExporte(int argc, char** argv)
         if (auto echec = verifieDossier(dossier, dossierDonne ? "Le dossier (--dossier)" : "Le dossier des courbes"))
             return erreur(echec.message());
     }
-    if (chemin.is_relative()) chemin = fs::path(dossier) / chemin;
+    if (chemin.is_relative())
+        chemin = fs::path(dossier) / chemin;
     d.catalogue = chemin.string();
     // Parameters: the named file, else "mem.log" beside the catalogue, else
     // the factory file, else the built-in values.
@@ -108,14 +121,17 @@ int commandeExporte(int argc, char** argv)
         }
     }
 
-    if (formatSortie(d.sortie) != FormatSortie::Texte) assureApplication();
+    if (formatSortie(d.sortie) != FormatSortie::Texte)
+        assureApplication();
     const ResultatRendu r = rendu(d);
-    if (!r.avertissement.empty()) std::fprintf(stderr, "velorin exporte : %s\n", r.avertissement.c_str());
+    if (!r.avertissement.empty())
+        std::fprintf(stderr, "velorin exporte : %s\n", r.avertissement.c_str());
     if (chrono) {
         for (std::size_t i = 0; i < r.dureesMs.size(); ++i)
             std::fprintf(stderr, "entrée %d : %.1f ms\n", d.entrees[i], r.dureesMs[i]);
     }
-    if (r.erreur) return erreur(r.erreur.message());
+    if (r.erreur)
+        return erreur(r.erreur.message());
     return 0;
 }
 

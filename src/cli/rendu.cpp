@@ -26,12 +26,12 @@
 #include "base/texte_sur.h"
 #include "catalogue/catalogue.h"
 #include "plot/demande.h"
+#include "plot/ecran.h"
 #include "plot/etat.h"
 #include "qt/demarrage.h"
 #include "qt/png_rapide.h"
 #include "qt/surface_qpainter.h"
 #include "settings/memoire.h"
-#include "plot/ecran.h"
 #include "view/surface_enregistreuse.h"
 
 namespace fs = std::filesystem;
@@ -48,19 +48,25 @@ Erreur prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertissement
     const fs::path cat(d.catalogue);
     etat.fenetre.dossierCourbes = cat.parent_path().string() + "/";
     etat.fenetre.fichierCatalogue = cat.filename().string();
-    if (auto erreur = verifieFichierLisible(d.catalogue, "Le catalogue")) return erreur;
+    if (auto erreur = verifieFichierLisible(d.catalogue, "Le catalogue"))
+        return erreur;
     if (!d.parametres.empty()) {
-        if (auto erreur = verifieFichierLisible(d.parametres, "Le fichier de paramètres")) return erreur;
-        if (auto erreur = lisMemoire(d.parametres, etat.param)) return erreur;
+        if (auto erreur = verifieFichierLisible(d.parametres, "Le fichier de paramètres"))
+            return erreur;
+        if (auto erreur = lisMemoire(d.parametres, etat.param))
+            return erreur;
     }
     // The output never replaces one of the files this drawing reads.
-    if (auto erreur = verifieSortie(d.sortie, {d.catalogue, d.parametres})) return erreur;
-    if (d.ordreBoucles >= 0) etat.param.ordreBoucles = static_cast<std::uint8_t>(d.ordreBoucles);
-    if (auto erreur = ouvrirCatalogue(etat.catalogue, d.catalogue)) return erreur;
+    if (auto erreur = verifieSortie(d.sortie, {d.catalogue, d.parametres}))
+        return erreur;
+    if (d.ordreBoucles >= 0)
+        etat.param.ordreBoucles = static_cast<std::uint8_t>(d.ordreBoucles);
+    if (auto erreur = ouvrirCatalogue(etat.catalogue, d.catalogue))
+        return erreur;
     for (int n : d.entrees) {
         if (n < 1 || n > etat.catalogue.nbLignesCatalogue)
-            return "Le catalogue " + texteCite(d.catalogue) + " n'a pas d'entrée " + std::to_string(n) +
-                   " (il en a " + std::to_string(etat.catalogue.nbLignesCatalogue) + ").";
+            return "Le catalogue " + texteCite(d.catalogue) + " n'a pas d'entrée " + std::to_string(n) + " (il en a " +
+                   std::to_string(etat.catalogue.nbLignesCatalogue) + ").";
     }
     etat.fenetre.largeurVue = d.largeurPx * twipsParPixelEcran;
     etat.fenetre.hauteurVue = d.hauteurPx * twipsParPixelEcran;
@@ -78,7 +84,8 @@ Erreur dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<
     for (int n : d.entrees) {
         const ResultatTrace r = demandeTrace(etat, surface, n, OptionsTrace{}, CrochetsTrace{});
         durees.push_back(r.dureeMs);
-        if (r.erreur) return "entrée " + std::to_string(n) + " : " + r.erreur.message();
+        if (r.erreur)
+            return "entrée " + std::to_string(n) + " : " + r.erreur.message();
     }
     return {};
 }
@@ -88,9 +95,11 @@ Erreur dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<
 Erreur renduJournal(Etat& etat, const DemandeRendu& d, std::vector<double>& durees)
 {
     SurfaceEnregistreuse surface(etat.vue.W, etat.vue.H);
-    if (auto erreur = dessine(etat, surface, d, durees)) return erreur;
+    if (auto erreur = dessine(etat, surface, d, durees))
+        return erreur;
     EcritureEntiere fichier(d.sortie);
-    if (auto erreur = fichier.ouverture()) return erreur;
+    if (auto erreur = fichier.ouverture())
+        return erreur;
     surface.ecrisJournal(fichier.flux());
     return fichier.termine();
 }
@@ -144,12 +153,16 @@ Erreur renduQt(Etat& etat, const DemandeRendu& d, FormatSortie format, std::vect
         erreur = dessine(etat, surface, d, durees);
     }
     const bool fini = peintre.end();
-    if (erreur) return erreur;
-    if (!fini) return echecDessin;
-    if (format == FormatSortie::Png) return ecrisPngRapide(image, d.sortie);
+    if (erreur)
+        return erreur;
+    if (!fini)
+        return echecDessin;
+    if (format == FormatSortie::Png)
+        return ecrisPngRapide(image, d.sortie);
     appareil.reset();
     tampon.close();
-    if (octets.isEmpty()) return echecDessin;
+    if (octets.isEmpty())
+        return echecDessin;
     return ecrisFichierEntier(d.sortie, std::string_view(octets.constData(), static_cast<std::size_t>(octets.size())));
 }
 
@@ -159,10 +172,14 @@ FormatSortie formatSortie(const std::string& chemin)
 {
     std::string ext = fs::path(chemin).extension().string();
     std::transform(ext.begin(), ext.end(), ext.begin(), [](unsigned char c) { return std::tolower(c); });
-    if (ext == ".png") return FormatSortie::Png;
-    if (ext == ".svg") return FormatSortie::Svg;
-    if (ext == ".pdf") return FormatSortie::Pdf;
-    if (ext == ".txt") return FormatSortie::Texte;
+    if (ext == ".png")
+        return FormatSortie::Png;
+    if (ext == ".svg")
+        return FormatSortie::Svg;
+    if (ext == ".pdf")
+        return FormatSortie::Pdf;
+    if (ext == ".txt")
+        return FormatSortie::Texte;
     return FormatSortie::Inconnu;
 }
 
@@ -180,15 +197,16 @@ ResultatRendu rendu(const DemandeRendu& d)
     }
     Etat etat;
     r.erreur = prepareEtat(d, etat, r.avertissement);
-    if (r.erreur) return r;
-    r.erreur = format == FormatSortie::Texte ? renduJournal(etat, d, r.dureesMs)
-                                             : renduQt(etat, d, format, r.dureesMs);
+    if (r.erreur)
+        return r;
+    r.erreur = format == FormatSortie::Texte ? renduJournal(etat, d, r.dureesMs) : renduQt(etat, d, format, r.dureesMs);
     return r;
 }
 
 void assureApplication()
 {
-    if (QCoreApplication::instance()) return;
+    if (QCoreApplication::instance())
+        return;
     // The sub-commands draw without a display: a platform that needs one
     // that is not there (QT_QPA_PLATFORM=xcb without DISPLAY) would abort.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || !affichageDisponible())

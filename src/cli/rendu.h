@@ -12,14 +12,14 @@ namespace velorin {
 
 struct DemandeRendu {
     bool espace = true;
-    std::string catalogue;    // path of the .lsu file; must exist
-    std::string parametres;   // parameter memory file; empty: the built-in values
+    std::string catalogue;   // path of the .lsu file; must exist
+    std::string parametres;  // parameter memory file; empty: the built-in values
     int largeurPx = 1024, hauteurPx = 768;
     std::vector<int> entrees;  // record numbers, drawn in this order
     // Loop order of the surfaces (0..3), chosen in the window's menu and not
     // kept in the parameter file; -1 keeps the start-up value.
     int ordreBoucles = -1;
-    std::string sortie;        // .png, .svg, .pdf or .txt (case ignored)
+    std::string sortie;  // .png, .svg, .pdf or .txt (case ignored)
 };
 
 struct ResultatRendu {

@@ -29,9 +29,9 @@ namespace velorin {
 
 namespace {
 
-constexpr int kLargeur = 1024, kHauteur = 768;      // one entry
-constexpr int kColonnes = 4, kVignette = 400;       // contact sheet
-constexpr int kLegende = 36;                        // caption height
+constexpr int kLargeur = 1024, kHauteur = 768;  // one entry
+constexpr int kColonnes = 4, kVignette = 400;   // contact sheet
+constexpr int kLegende = 36;                    // caption height
 
 struct Galerie {
     bool espace;
@@ -42,7 +42,7 @@ struct Galerie {
 
 // Draws the contact sheet of the images `images` (entry n in images[n-1]).
 Erreur planche(const std::vector<std::string>& images, const std::vector<std::string>& textes,
-             const std::string& sortie)
+               const std::string& sortie)
 {
     const int lignes = (static_cast<int>(images.size()) + kColonnes - 1) / kColonnes;
     const int hv = kVignette * kHauteur / kLargeur;
@@ -57,7 +57,8 @@ Erreur planche(const std::vector<std::string>& images, const std::vector<std::st
         const int x = static_cast<int>(i % kColonnes) * kVignette;
         const int y = static_cast<int>(i / kColonnes) * (hv + kLegende);
         QImage image(QString::fromStdString(images[i]));
-        if (!image.isNull()) p.drawImage(QRect(x, y, kVignette, hv), image);
+        if (!image.isNull())
+            p.drawImage(QRect(x, y, kVignette, hv), image);
         const QString legende = QString::number(i + 1) + " : " + QString::fromStdString(textes[i]).trimmed();
         p.drawText(QRect(x + 4, y + hv + 2, kVignette - 8, kLegende - 4), Qt::TextWrapAnywhere, legende);
     }
@@ -71,12 +72,16 @@ std::string catalogueGalerie(const std::string& base, const Galerie& g)
 {
     const std::string utilisateur = (fs::path(base) / g.dossier / g.fichier).string();
     std::error_code ec;
-    if (fs::exists(utilisateur, ec) || ec) return utilisateur;
+    if (fs::exists(utilisateur, ec) || ec)
+        return utilisateur;
     return (fs::path(base) / "usine" / g.dossier / g.fichier).string();
 }
 
 // Failures go to the error output, the list of what was drawn to the output.
-void signale(const std::string& texte) { std::fprintf(stderr, "velorin sansfenetre : %s\n", texte.c_str()); }
+void signale(const std::string& texte)
+{
+    std::fprintf(stderr, "velorin sansfenetre : %s\n", texte.c_str());
+}
 
 }  // namespace
 
@@ -93,7 +98,8 @@ int commandeSansFenetre(int, char**)
         const std::string catalogue = catalogueGalerie(base, g);
         Catalogue cat;
         Erreur echec = verifieFichierLisible(catalogue, "Le catalogue");
-        if (!echec) echec = ouvrirCatalogue(cat, catalogue);
+        if (!echec)
+            echec = ouvrirCatalogue(cat, catalogue);
         if (echec) {
             signale("galerie " + std::string(g.fichier) + " : " + echec.message());
             statut = 1;
@@ -104,8 +110,8 @@ int commandeSansFenetre(int, char**)
         fs::create_directories(dossier, ec);
         if (auto absent = verifieDossier(dossier.string(), "Le dossier des images")) {
             signale("galerie " + std::string(g.fichier) + " : " +
-                    (ec ? "Le dossier des images " + texteCite(dossier.string()) + " n'a pas pu être créé : " +
-                              raisonSysteme(ec.value()) + "."
+                    (ec ? "Le dossier des images " + texteCite(dossier.string()) +
+                              " n'a pas pu être créé : " + raisonSysteme(ec.value()) + "."
                         : absent.message()));
             statut = 1;
             continue;
@@ -142,8 +148,8 @@ int commandeSansFenetre(int, char**)
             signale(rate.message());
             statut = 1;
         }
-        std::printf("Galerie %s (%d entrées) : une image par entrée dans %s,\n  toutes ensemble dans %s\n",
-                    g.fichier, static_cast<int>(cat.nbLignesCatalogue), texteSur(dossier.string()).c_str(),
+        std::printf("Galerie %s (%d entrées) : une image par entrée dans %s,\n  toutes ensemble dans %s\n", g.fichier,
+                    static_cast<int>(cat.nbLignesCatalogue), texteSur(dossier.string()).c_str(),
                     texteSur(feuille).c_str());
     }
     return termineSortieStandard("sansfenetre", statut);

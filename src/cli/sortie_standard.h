@@ -17,7 +17,8 @@ inline int termineSortieStandard(const char* commande, int statut)
     errno = 0;
     const bool vide = std::fflush(stdout) == 0;
     const int numero = errno;
-    if (vide && !std::ferror(stdout)) return statut;
+    if (vide && !std::ferror(stdout))
+        return statut;
     const std::string raison = numero != 0 ? " : " + raisonSysteme(numero) : std::string();
     std::fprintf(stderr, "velorin %s : la sortie standard n'a pas pu être écrite en entier%s.\n", commande,
                  raison.c_str());

@@ -11,7 +11,10 @@ namespace velorin::compil {
 
 namespace {
 
-Resultat valeur(double v) { return {Issue::Valeur, v}; }
+Resultat valeur(double v)
+{
+    return {Issue::Valeur, v};
+}
 
 // A Nombre node: mantissa, then one factor of ten per "E", left to right.
 double nombre(const Arbre& a, const Noeud& n, const Variables& p, bool& echec)
@@ -44,7 +47,8 @@ Resultat terme(const Arbre& a, const Noeud& n, const Variables& p)
     bool echec = false;
     const double coefficient = lis(a, n.enfants[0], p, echec);
     const double exposant = lis(a, n.enfants[1], p, echec);
-    if (echec) return valeur(horsCalcul);
+    if (echec)
+        return valeur(horsCalcul);
     const double base = p.valeurs[n.rang];
     return calculeTerme(n.ops[0], base, coefficient, exposant, n.diviseParXPrecedent ? p.xPrecedent : base);
 }
@@ -55,7 +59,8 @@ Resultat somme(const Arbre& a, const Noeud& n, const Variables& p)
     for (std::int32_t k = 0; k < n.nombre; ++k) {
         const TermeSigne& t = a.listeTermes[static_cast<std::size_t>(n.debut + k)];
         s = s + t.signe * evalueNoeud(a, t.noeud, p).lue();
-        if (!std::isfinite(s)) return {Issue::Echec, 0};
+        if (!std::isfinite(s))
+            return {Issue::Echec, 0};
     }
     return valeur(s);
 }
@@ -71,7 +76,8 @@ Resultat applique(const Noeud& n, double w)
     }
     bool echec = false;
     const double v = calculeFonction(n.fonction, w, echec);
-    if (echec) return valeur(horsCalcul);
+    if (echec)
+        return valeur(horsCalcul);
     switch (n.tete) {
     case Tete::Aucune: return valeur(v);
     case Tete::Moins: return valeur(-v);
@@ -93,15 +99,16 @@ Resultat evalueNoeud(const Arbre& a, std::int32_t k, const Variables& p)
     case Sorte::Nombre:
     case Sorte::TermeConstant: {
         bool echec = false;
-        const double v = nombre(a, a.noeuds[static_cast<std::size_t>(n.sorte == Sorte::Nombre ? k : n.enfants[0])],
-                                p, echec);
+        const double v =
+            nombre(a, a.noeuds[static_cast<std::size_t>(n.sorte == Sorte::Nombre ? k : n.enfants[0])], p, echec);
         return valeur(echec ? horsCalcul : v);
     }
     case Sorte::Terme: return terme(a, n, p);
     case Sorte::Somme: return somme(a, n, p);
     case Sorte::Applique: {
         const Resultat w = evalueNoeud(a, n.enfants[0], p);
-        if (w.interrompt()) return w;
+        if (w.interrompt())
+            return w;
         return applique(n, w.lue());
     }
     case Sorte::Operons:
@@ -112,18 +119,22 @@ Resultat evalueNoeud(const Arbre& a, std::int32_t k, const Variables& p)
     double v[4] = {0, 0, 0, 0};
     for (int i = 0; i < groupes; ++i) {
         const Resultat r = evalueNoeud(a, n.enfants[i], p);
-        if (r.interrompt()) return r;
+        if (r.interrompt())
+            return r;
         v[i] = r.lue();
     }
-    if (groupes == 2) return operons(n.ops[0], v[0], v[1]);
-    if (groupes == 3) return combine3(n.ops[0], n.ops[1], v[0], v[1], v[2]);
+    if (groupes == 2)
+        return operons(n.ops[0], v[0], v[1]);
+    if (groupes == 3)
+        return combine3(n.ops[0], n.ops[1], v[0], v[1], v[2]);
     return combine4(n.ops[0], n.ops[1], n.ops[2], v[0], v[1], v[2], v[3]);
 }
 
 Resultat evalueArbre(const Arbre& a, const Variables& p)
 {
     const Resultat r = evalueNoeud(a, a.racine, p);
-    if (r.issue == Issue::Echec) return valeur(horsCalcul);
+    if (r.issue == Issue::Echec)
+        return valeur(horsCalcul);
     return r;
 }
 

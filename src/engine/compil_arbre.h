@@ -52,7 +52,7 @@ struct Noeud {
     Tete tete = Tete::Aucune;
     Fonction fonction = Fonction::Aucune;
     char ops[3] = {0, 0, 0};
-    std::int8_t rang = 0;        // variable of a term
+    std::int8_t rang = 0;              // variable of a term
     bool diviseParXPrecedent = false;  // space family "\": divides by the previous x
     std::int32_t enfants[4] = {-1, -1, -1, -1};
     std::int32_t debut = 0, nombre = 0;

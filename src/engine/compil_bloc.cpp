@@ -84,38 +84,54 @@ inline double cubeSur(double x, bool& ok)
 
 // The operation of a code on the values of one lane (b is not read by the
 // codes with one operand). Carre, Cube and Exact have their own paths.
-template <Code C>
-VELORIN_EN_LIGNE double calcule(double x, double y)
+template <Code C> VELORIN_EN_LIGNE double calcule(double x, double y)
 {
-    if constexpr (C == Code::Ajoute) return x + y;
-    else if constexpr (C == Code::Soustrait) return x - y;
-    else if constexpr (C == Code::Multiplie) return x * y;
-    else if constexpr (C == Code::Divise) return x / y;
-    else if constexpr (C == Code::Puissance) return std::pow(x, y);
-    else if constexpr (C == Code::Oppose) return -x;
-    else if constexpr (C == Code::PlusZero) return x + 0.0;
-    else if constexpr (C == Code::Sinus) return std::sin(x);
-    else if constexpr (C == Code::Cosinus) return std::cos(x);
-    else if constexpr (C == Code::Tangente) return std::tan(x);
-    else if constexpr (C == Code::Exponentielle) return std::exp(x);
-    else if constexpr (C == Code::Logarithme) return std::log(x);
-    else if constexpr (C == Code::ArcTangente) return std::atan(x);
-    else if constexpr (C == Code::Absolu) return std::fabs(x);
-    else if constexpr (C == Code::Plancher) return std::floor(x);
-    else if constexpr (C == Code::RacineSinonZero) return x >= 0 ? std::sqrt(x) : 0.0;
-    else return y * 0.0;
+    if constexpr (C == Code::Ajoute)
+        return x + y;
+    else if constexpr (C == Code::Soustrait)
+        return x - y;
+    else if constexpr (C == Code::Multiplie)
+        return x * y;
+    else if constexpr (C == Code::Divise)
+        return x / y;
+    else if constexpr (C == Code::Puissance)
+        return std::pow(x, y);
+    else if constexpr (C == Code::Oppose)
+        return -x;
+    else if constexpr (C == Code::PlusZero)
+        return x + 0.0;
+    else if constexpr (C == Code::Sinus)
+        return std::sin(x);
+    else if constexpr (C == Code::Cosinus)
+        return std::cos(x);
+    else if constexpr (C == Code::Tangente)
+        return std::tan(x);
+    else if constexpr (C == Code::Exponentielle)
+        return std::exp(x);
+    else if constexpr (C == Code::Logarithme)
+        return std::log(x);
+    else if constexpr (C == Code::ArcTangente)
+        return std::atan(x);
+    else if constexpr (C == Code::Absolu)
+        return std::fabs(x);
+    else if constexpr (C == Code::Plancher)
+        return std::floor(x);
+    else if constexpr (C == Code::RacineSinonZero)
+        return x >= 0 ? std::sqrt(x) : 0.0;
+    else
+        return y * 0.0;
 }
 
-template <Code C>
-VELORIN_EN_LIGNE double puissanceSure(double x, bool& ok)
+template <Code C> VELORIN_EN_LIGNE double puissanceSure(double x, bool& ok)
 {
-    if constexpr (C == Code::Carre) return carreSur(x, ok);
-    else return cubeSur(x, ok);
+    if constexpr (C == Code::Carre)
+        return carreSur(x, ok);
+    else
+        return cubeSur(x, ok);
 }
 
 // Calls f.template operator()<C>() for the code of the instruction.
-template <class F>
-VELORIN_EN_LIGNE void selonCode(Code c, F&& f)
+template <class F> VELORIN_EN_LIGNE void selonCode(Code c, F&& f)
 {
     switch (c) {
     case Code::Ajoute: f.template operator()<Code::Ajoute>(); break;
@@ -156,8 +172,8 @@ VELORIN_EN_LIGNE void boucle(double* __restrict d, const double* __restrict a, c
 
 // The fast power on every lane, then pow on the lanes it is not sure of.
 template <Code C>
-VELORIN_EN_LIGNE void bouclePuissance(double* __restrict d, const double* __restrict a,
-                                      const double* __restrict b, double* __restrict controle, std::size_t n)
+VELORIN_EN_LIGNE void bouclePuissance(double* __restrict d, const double* __restrict a, const double* __restrict b,
+                                      double* __restrict controle, std::size_t n)
 {
     unsigned char ok[blocMax];
     for (std::size_t i = 0; i < n; ++i) {
@@ -166,15 +182,18 @@ VELORIN_EN_LIGNE void bouclePuissance(double* __restrict d, const double* __rest
         ok[i] = sur;
     }
     unsigned char tousSurs = 1;
-    for (std::size_t i = 0; i < n; ++i) tousSurs &= ok[i];
+    for (std::size_t i = 0; i < n; ++i)
+        tousSurs &= ok[i];
     std::uint16_t reprises[blocMax];
     std::size_t k = 0;
     for (std::size_t i = 0; i < n && !tousSurs; ++i) {
         reprises[k] = static_cast<std::uint16_t>(i);
         k += 1u - ok[i];
     }
-    for (std::size_t j = 0; j < k; ++j) d[reprises[j]] = std::pow(a[reprises[j]], b[reprises[j]]);
-    for (std::size_t i = 0; i < n; ++i) controle[i] += d[i] * 0.0;
+    for (std::size_t j = 0; j < k; ++j)
+        d[reprises[j]] = std::pow(a[reprises[j]], b[reprises[j]]);
+    for (std::size_t i = 0; i < n; ++i)
+        controle[i] += d[i] * 0.0;
 }
 
 struct Bloc {
@@ -199,8 +218,10 @@ VELORIN_EN_LIGNE bool executeBlocSur(const Bloc& b)
     for (std::size_t r = Programme::premiereConstante; r < p.nbRegistres; ++r)
         reg[r] = zone + (r - Programme::premiereConstante) * taille;
     for (std::size_t k = 0; k < p.constantes.size(); ++k)
-        for (std::size_t i = 0; i < n; ++i) reg[Programme::premiereConstante + k][i] = p.constantes[k];
-    for (std::size_t i = 0; i < n; ++i) controle[i] = 0.0;
+        for (std::size_t i = 0; i < n; ++i)
+            reg[Programme::premiereConstante + k][i] = p.constantes[k];
+    for (std::size_t i = 0; i < n; ++i)
+        controle[i] = 0.0;
     for (const Instruction& ins : p.code) {
         double* d = reg[ins.dest];
         const double* a = reg[ins.a];
@@ -221,22 +242,32 @@ VELORIN_EN_LIGNE bool executeBlocSur(const Bloc& b)
     for (std::size_t k = 0; k < p.sorties.size(); ++k) {
         const double* resultat = reg[p.sorties[k]];
         double* sortie = b.sorties[k];
-        for (std::size_t i = 0; i < n; ++i) sortie[i] = resultat[i];
+        for (std::size_t i = 0; i < n; ++i)
+            sortie[i] = resultat[i];
     }
     // controle[i] is +0 or NaN: an OR of the bit patterns finds the NaN.
     std::uint64_t marques = 0;
-    for (std::size_t i = 0; i < n; ++i) marques |= bitsDe(controle[i]);
-    if (marques == 0) return false;
-    for (std::size_t i = 0; i < n; ++i) b.douteux[i] = controle[i] != 0.0;
+    for (std::size_t i = 0; i < n; ++i)
+        marques |= bitsDe(controle[i]);
+    if (marques == 0)
+        return false;
+    for (std::size_t i = 0; i < n; ++i)
+        b.douteux[i] = controle[i] != 0.0;
     return true;
 }
 
-bool executeBlocPortable(const Bloc& b) { return executeBlocSur(b); }
+bool executeBlocPortable(const Bloc& b)
+{
+    return executeBlocSur(b);
+}
 
 #if VELORIN_X86
 // The same loops in AVX2 (four lanes per instruction; no fused
 // multiply-add, so every operation rounds as in the portable code).
-__attribute__((target("avx2"))) bool executeBlocAvx2(const Bloc& b) { return executeBlocSur(b); }
+__attribute__((target("avx2"))) bool executeBlocAvx2(const Bloc& b)
+{
+    return executeBlocSur(b);
+}
 #endif
 
 }  // namespace
@@ -245,12 +276,13 @@ std::size_t tailleBloc(const Programme& p)
 {
     const std::size_t registres = p.nbRegistres;
     std::size_t taille = blocMax;
-    while (taille >= 8 && registres * taille > zoneBloc) taille /= 2;
+    while (taille >= 8 && registres * taille > zoneBloc)
+        taille /= 2;
     return taille >= 8 ? taille : 0;
 }
 
-bool executeBloc(const Programme& p, const Arbre* const* arbres, const double* u, const double* v,
-                 const double* w, double* const* sorties, bool* douteux, std::size_t n, Jeu jeu)
+bool executeBloc(const Programme& p, const Arbre* const* arbres, const double* u, const double* v, const double* w,
+                 double* const* sorties, bool* douteux, std::size_t n, Jeu jeu)
 {
     const Bloc b{p, arbres, u, v, w, sorties, douteux, n};
 #if VELORIN_X86
@@ -278,7 +310,8 @@ double executePoint(const Programme& p, const Arbre& arbre, double u, double v, 
     reg[0] = u;
     reg[1] = v;
     reg[2] = w;
-    for (std::size_t k = 0; k < p.constantes.size(); ++k) reg[Programme::premiereConstante + k] = p.constantes[k];
+    for (std::size_t k = 0; k < p.constantes.size(); ++k)
+        reg[Programme::premiereConstante + k] = p.constantes[k];
     bool fini = true;
     for (const Instruction& ins : p.code) {
         const double x = reg[ins.a], y = reg[ins.b];
@@ -289,7 +322,8 @@ double executePoint(const Programme& p, const Arbre& arbre, double u, double v, 
             } else if constexpr (C == Code::Carre || C == Code::Cube) {
                 bool sur;
                 r = puissanceSure<C>(x, sur);
-                if (!sur) r = std::pow(x, y);
+                if (!sur)
+                    r = std::pow(x, y);
             } else {
                 r = calcule<C>(x, y);
             }
@@ -313,7 +347,8 @@ void nettoieRegistresVectoriels()
 {
 #if VELORIN_X86
     static const bool avx = __builtin_cpu_supports("avx");
-    if (avx) videMoitiesHautes();
+    if (avx)
+        videMoitiesHautes();
 #endif
 }
 

@@ -18,16 +18,21 @@ namespace velorin::compil {
 struct Arbre;
 
 enum class Code : std::uint8_t {
-    Ajoute,           // a + b
-    Soustrait,        // a - b
-    Multiplie,        // a * b
-    Divise,           // a / b
-    Oppose,           // -a
-    PlusZero,         // 0 + a: a sum that starts from 0 turns -0 into +0
-    Puissance,        // pow(a, b)
-    Carre,            // pow(a, b) with b == 2 (b is the register holding 2)
-    Cube,             // pow(a, b) with b == 3
-    Sinus, Cosinus, Tangente, Exponentielle, Logarithme, ArcTangente,
+    Ajoute,     // a + b
+    Soustrait,  // a - b
+    Multiplie,  // a * b
+    Divise,     // a / b
+    Oppose,     // -a
+    PlusZero,   // 0 + a: a sum that starts from 0 turns -0 into +0
+    Puissance,  // pow(a, b)
+    Carre,      // pow(a, b) with b == 2 (b is the register holding 2)
+    Cube,       // pow(a, b) with b == 3
+    Sinus,
+    Cosinus,
+    Tangente,
+    Exponentielle,
+    Logarithme,
+    ArcTangente,
     Absolu,           // |a|
     Plancher,         // floor(a)
     RacineSinonZero,  // sqrt(a) when a >= 0, else 0
@@ -86,8 +91,8 @@ bool avx2EnService();
 // value of formula k (tree arbres[k]) at point i; douteux[i] tells whether
 // the point must be evaluated again by the exact path. Returns true when at
 // least one must.
-bool executeBloc(const Programme& p, const Arbre* const* arbres, const double* u, const double* v,
-                 const double* w, double* const* sorties, bool* douteux, std::size_t n, Jeu jeu = Jeu::Auto);
+bool executeBloc(const Programme& p, const Arbre* const* arbres, const double* u, const double* v, const double* w,
+                 double* const* sorties, bool* douteux, std::size_t n, Jeu jeu = Jeu::Auto);
 
 // Registers the one-point runner holds: a program with more goes through
 // the tree.

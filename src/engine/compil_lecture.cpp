@@ -58,7 +58,8 @@ private:
         for (;;) {
             reste = sansBlancsAuxBouts(reste);
             const std::size_t e = reste.size() >= 2 ? reste.rfind('E') : std::string_view::npos;
-            if (e == std::string_view::npos) break;
+            if (e == std::string_view::npos)
+                break;
             morceaux.push_back(reste.substr(e + 1));
             reste = reste.substr(0, e);
         }
@@ -66,12 +67,14 @@ private:
         bool litDefaut = false;
         for (std::string_view m : morceaux) {
             const std::string_view s = sansBlancsAuxBouts(m);
-            if (s.size() == 1 && !estChiffre(s[0])) litDefaut = true;
+            if (s.size() == 1 && !estChiffre(s[0]))
+                litDefaut = true;
         }
         bool echec = false;
         if (!litDefaut) {
             const double v = lisnombre(texte, 0.0, echec);
-            if (echec) echoue = true;
+            if (echec)
+                echoue = true;
             return valeur(v);
         }
         // Parts in the order of the reading: mantissa, then the exponents
@@ -82,12 +85,15 @@ private:
         for (auto it = morceaux.rbegin(); it != morceaux.rend(); ++it) {
             const std::string_view s = sansBlancsAuxBouts(*it);
             Partie p;
-            if (s.size() == 1 && !estChiffre(s[0])) p.defaut = true;
-            else p.valeur = lisnombre(s, 0.0, echec);
+            if (s.size() == 1 && !estChiffre(s[0]))
+                p.defaut = true;
+            else
+                p.valeur = lisnombre(s, 0.0, echec);
             arbre_.parties.push_back(p);
         }
         n.nombre = static_cast<std::int32_t>(morceaux.size());
-        if (echec) echoue = true;
+        if (echec)
+            echoue = true;
         return ajoute(n);
     }
 
@@ -99,8 +105,10 @@ private:
         bool echec = false;
         if (forme.genres != 1) {
             const std::int32_t k = nombre(terme, echec);
-            if (echec) return valeur(horsCalcul);
-            if (arbre_.noeuds[k].sorte == Sorte::Valeur) return k;
+            if (echec)
+                return valeur(horsCalcul);
+            if (arbre_.noeuds[k].sorte == Sorte::Valeur)
+                return k;
             Noeud n;
             n.sorte = Sorte::TermeConstant;
             n.enfants[0] = k;
@@ -114,7 +122,8 @@ private:
         n.enfants[1] = (forme.posPuissance > forme.posVariable && forme.posPuissance < L)
                            ? nombre(terme.substr(forme.posPuissance), echec)
                            : valeur(1);
-        if (echec) return valeur(horsCalcul);
+        if (echec)
+            return valeur(horsCalcul);
         if (forme.op == '\\' && f == Famille::Espace) {
             n.diviseParXPrecedent = true;
             arbre_.lisXPrecedent = true;
@@ -126,8 +135,10 @@ private:
     {
         std::vector<std::size_t> signes{0};
         for (std::size_t p = 1; p <= texte.size(); ++p)
-            if (texte[p - 1] == '+' || texte[p - 1] == '-') signes.push_back(p);
-        if (signes.size() == 1) return terme(texte);
+            if (texte[p - 1] == '+' || texte[p - 1] == '-')
+                signes.push_back(p);
+        if (signes.size() == 1)
+            return terme(texte);
         signes.push_back(texte.size() + 1);
         std::vector<TermeSigne> termes;
         for (std::size_t k = 1; k < signes.size(); ++k) {
@@ -161,11 +172,13 @@ private:
         } else if (estOperateur(prefixe.back())) {
             n.x = lisnombre(prefixe.substr(0, prefixe.size() - 1), 0.0, echec);
             n.prefixe = echec ? Prefixe::Constante : Prefixe::Operation;
-            if (echec) n.x = horsCalcul;
+            if (echec)
+                n.x = horsCalcul;
             n.ops[0] = prefixe.back();
         } else {
             std::size_t i = prefixe.size();
-            while (i > 0 && prefixe[i - 1] >= 'A' && prefixe[i - 1] <= 'Z') --i;
+            while (i > 0 && prefixe[i - 1] >= 'A' && prefixe[i - 1] <= 'Z')
+                --i;
             const std::string_view nom = prefixe.substr(i), tete = prefixe.substr(0, i);
             n.fonction = fonctionNommee(nom);
             n.prefixe = n.fonction == Fonction::Aucune ? Prefixe::SansValeur : Prefixe::Fonction;
@@ -188,15 +201,21 @@ private:
         const std::string_view vue = texte;
         std::size_t ouvrantes = 0, fermantes = 0;
         for (char c : texte) {
-            if (c == '(') ++ouvrantes;
-            if (c == ')') ++fermantes;
+            if (c == '(')
+                ++ouvrantes;
+            if (c == ')')
+                ++fermantes;
         }
-        if (ouvrantes != fermantes) return feuille(Sorte::Incorrecte);
-        if (ouvrantes == 0) return somme(vue);
-        if (ouvrantes > pairesMax(arbre_.famille)) return feuille(Sorte::SansValeur);
+        if (ouvrantes != fermantes)
+            return feuille(Sorte::Incorrecte);
+        if (ouvrantes == 0)
+            return somme(vue);
+        if (ouvrantes > pairesMax(arbre_.famille))
+            return feuille(Sorte::SansValeur);
         bool ordreCorrect = true;
         const std::vector<Groupe> g = groupes(vue, ordreCorrect);
-        if (!ordreCorrect) return feuille(Sorte::Incorrecte);
+        if (!ordreCorrect)
+            return feuille(Sorte::Incorrecte);
         if (g.size() == 1) {
             const std::string_view prefixe = vue.substr(0, g[0].ouvre);
             const std::string_view dedans = vue.substr(g[0].ouvre + 1, g[0].ferme - g[0].ouvre - 1);

@@ -49,7 +49,10 @@ bool operationSimple(char op)
     return op == '+' || op == '-' || op == '*' || op == '/' || op == '^';
 }
 
-bool operationValide(char op) { return operationSimple(op) || op == '\\'; }
+bool operationValide(char op)
+{
+    return operationSimple(op) || op == '\\';
+}
 
 // True when the node's reading, if it does not stop the formula, always
 // ends with a value (never with no value).
@@ -62,12 +65,12 @@ bool donneUneValeur(const Arbre& a, std::int32_t k)
     case Sorte::Somme: return true;
     case Sorte::Terme: return n.ops[0] == '*' || n.ops[0] == '/' || n.ops[0] == '\\';
     case Sorte::Applique:
-        if (n.prefixe == Prefixe::SansValeur) return false;
+        if (n.prefixe == Prefixe::SansValeur)
+            return false;
         return n.prefixe != Prefixe::Fonction || n.tete != Tete::Operation || operationValide(n.ops[1]);
     case Sorte::Operons: return operationValide(n.ops[0]);
     case Sorte::Combine3: return operationValide(n.ops[0]) && operationValide(n.ops[1]);
-    case Sorte::Combine4:
-        return operationValide(n.ops[0]) && operationValide(n.ops[1]) && operationValide(n.ops[2]);
+    case Sorte::Combine4: return operationValide(n.ops[0]) && operationValide(n.ops[1]) && operationValide(n.ops[2]);
     default: return false;
     }
 }
@@ -100,9 +103,9 @@ public:
     }
 
 private:
-    const Arbre* arbre_ = nullptr;        // the tree being translated
+    const Arbre* arbre_ = nullptr;  // the tree being translated
     std::uint8_t rangArbre_ = 0;
-    std::vector<Instruction> code_;       // on virtual registers
+    std::vector<Instruction> code_;  // on virtual registers
     std::vector<double> constantes_;
     std::map<std::uint64_t, std::uint16_t> indexConstantes_;
     // Operations already emitted (code, operands) -> their register: an
@@ -124,7 +127,8 @@ private:
     std::uint16_t constante(double x)
     {
         const auto it = indexConstantes_.find(motif(x));
-        if (it != indexConstantes_.end()) return it->second;
+        if (it != indexConstantes_.end())
+            return it->second;
         const auto r = static_cast<std::uint16_t>(marqueConstante + std::min(constantes_.size(), limiteVirtuels));
         constantes_.push_back(x);
         indexConstantes_[motif(x)] = r;
@@ -159,7 +163,8 @@ private:
         const auto cle = std::make_tuple(c, a, b);
         if (c != Code::Exact) {
             const auto it = dejaCalcule_.find(cle);
-            if (it != dejaCalcule_.end()) return it->second;
+            if (it != dejaCalcule_.end())
+                return it->second;
         }
         Instruction i;
         i.code = c;
@@ -167,9 +172,11 @@ private:
         i.a = a;
         i.b = b;
         i.noeud = noeud;
-        i.dest = static_cast<std::uint16_t>(marqueTemporaire + std::min<std::size_t>(prochainVirtuel_++, limiteVirtuels));
+        i.dest =
+            static_cast<std::uint16_t>(marqueTemporaire + std::min<std::size_t>(prochainVirtuel_++, limiteVirtuels));
         code_.push_back(i);
-        if (c != Code::Exact) dejaCalcule_[cle] = i.dest;
+        if (c != Code::Exact)
+            dejaCalcule_[cle] = i.dest;
         return i.dest;
     }
 
@@ -179,9 +186,12 @@ private:
     // own paths (pow(a, 1) is a itself).
     std::uint16_t puissance(std::uint16_t a, std::uint16_t b)
     {
-        if (estConstante(b, 1)) return a;
-        if (estConstante(b, 2)) return emet(Code::Carre, a, b);
-        if (estConstante(b, 3)) return emet(Code::Cube, a, b);
+        if (estConstante(b, 1))
+            return a;
+        if (estConstante(b, 2))
+            return emet(Code::Carre, a, b);
+        if (estConstante(b, 3))
+            return emet(Code::Cube, a, b);
         return emet(Code::Puissance, a, b);
     }
 
@@ -208,7 +218,8 @@ private:
         case Sorte::Somme: return somme(n);
         case Sorte::Applique: return applique(k, n);
         case Sorte::Operons:
-            if (!operationSimple(n.ops[0])) return exact(k);
+            if (!operationSimple(n.ops[0]))
+                return exact(k);
             return operation(n.ops[0], traduis(n.enfants[0]), traduis(n.enfants[1]));
         case Sorte::Combine3: return combine3(k, n);
         case Sorte::Combine4: return combine4(k, n);
@@ -223,9 +234,11 @@ private:
         if ((n.ops[0] != '*' && n.ops[0] != '/') || c.sorte != Sorte::Valeur || e.sorte != Sorte::Valeur)
             return exact(k);
         const std::uint16_t w = puissance(static_cast<std::uint16_t>(n.rang), constante(e.x));
-        if (n.ops[0] == '/') return emet(Code::Divise, constante(c.x), w);
+        if (n.ops[0] == '/')
+            return emet(Code::Divise, constante(c.x), w);
         // 1 x w is w itself.
-        if (motif(c.x) == motif(1.0)) return w;
+        if (motif(c.x) == motif(1.0))
+            return w;
         return emet(Code::Multiplie, constante(c.x), w);
     }
 
@@ -248,10 +261,11 @@ private:
     {
         Code f = Code::Exact;
         const bool fonctionRapide = n.prefixe != Prefixe::Fonction || codeFonction(n.fonction, f);
-        const bool teteRapide = n.prefixe != Prefixe::Fonction || n.tete != Tete::Operation
-                                || operationSimple(n.ops[1]);
+        const bool teteRapide =
+            n.prefixe != Prefixe::Fonction || n.tete != Tete::Operation || operationSimple(n.ops[1]);
         const bool operationRapide = n.prefixe != Prefixe::Operation || operationSimple(n.ops[0]);
-        if (!fonctionRapide || !teteRapide || !operationRapide) return exact(k);
+        if (!fonctionRapide || !teteRapide || !operationRapide)
+            return exact(k);
         // The bracket is read first, whatever the prefix does with it.
         const std::uint16_t w = traduis(n.enfants[0]);
         switch (n.prefixe) {
@@ -273,26 +287,29 @@ private:
 
     std::uint16_t combine3(std::int32_t k, const Noeud& n)
     {
-        if (!operationSimple(n.ops[0]) || !operationSimple(n.ops[1])) return exact(k);
-        const std::uint16_t a = traduis(n.enfants[0]), b = traduis(n.enfants[1]),
-                            c = traduis(n.enfants[2]);
-        if (n.ops[0] == '+' || n.ops[0] == '-') return operation(n.ops[0], a, operation(n.ops[1], b, c));
+        if (!operationSimple(n.ops[0]) || !operationSimple(n.ops[1]))
+            return exact(k);
+        const std::uint16_t a = traduis(n.enfants[0]), b = traduis(n.enfants[1]), c = traduis(n.enfants[2]);
+        if (n.ops[0] == '+' || n.ops[0] == '-')
+            return operation(n.ops[0], a, operation(n.ops[1], b, c));
         return operation(n.ops[1], operation(n.ops[0], a, b), c);
     }
 
     std::uint16_t combine4(std::int32_t k, const Noeud& n)
     {
         const char o1 = n.ops[0], o2 = n.ops[1], o3 = n.ops[2];
-        if (!operationSimple(o1) || !operationSimple(o2) || !operationSimple(o3)) return exact(k);
-        const std::uint16_t a = traduis(n.enfants[0]), b = traduis(n.enfants[1]),
-                            c = traduis(n.enfants[2]), d = traduis(n.enfants[3]);
+        if (!operationSimple(o1) || !operationSimple(o2) || !operationSimple(o3))
+            return exact(k);
+        const std::uint16_t a = traduis(n.enfants[0]), b = traduis(n.enfants[1]), c = traduis(n.enfants[2]),
+                            d = traduis(n.enfants[3]);
         auto additif = [](char op) { return op == '+' || op == '-'; };
         if (additif(o1)) {
-            const std::uint16_t bcd = additif(o2) ? operation(o2, b, operation(o3, c, d))
-                                                  : operation(o3, operation(o2, b, c), d);
+            const std::uint16_t bcd =
+                additif(o2) ? operation(o2, b, operation(o3, c, d)) : operation(o3, operation(o2, b, c), d);
             return operation(o1, a, bcd);
         }
-        if (additif(o2)) return operation(o2, operation(o1, a, b), operation(o3, c, d));
+        if (additif(o2))
+            return operation(o2, operation(o1, a, b), operation(o3, c, d));
         return operation(o3, operation(o2, operation(o1, a, b), c), d);
     }
 
@@ -310,13 +327,16 @@ private:
             derniereLecture[code_[i].a] = i;
             derniereLecture[code_[i].b] = i;
         }
-        for (std::uint16_t sortie : sorties) derniereLecture[sortie] = code_.size();
+        for (std::uint16_t sortie : sorties)
+            derniereLecture[sortie] = code_.size();
         std::map<std::uint16_t, std::uint16_t> reel;
         std::vector<std::uint16_t> libres;
         std::uint16_t suivant = premiereTemp;
         auto vers = [&](std::uint16_t r) -> std::uint16_t {
-            if (r < Programme::premiereConstante) return r;
-            if (r >= marqueConstante) return static_cast<std::uint16_t>(Programme::premiereConstante + r - marqueConstante);
+            if (r < Programme::premiereConstante)
+                return r;
+            if (r >= marqueConstante)
+                return static_cast<std::uint16_t>(Programme::premiereConstante + r - marqueConstante);
             return reel.at(r);
         };
         for (std::size_t i = 0; i < code_.size(); ++i) {
@@ -334,13 +354,15 @@ private:
             ins.dest = d;
             p.code.push_back(ins);
             for (std::uint16_t lu : {code_[i].a, code_[i].b})
-                if (lu >= marqueTemporaire && lu < marqueConstante && derniereLecture[lu] == i
-                    && std::find(libres.begin(), libres.end(), reel[lu]) == libres.end())
+                if (lu >= marqueTemporaire && lu < marqueConstante && derniereLecture[lu] == i &&
+                    std::find(libres.begin(), libres.end(), reel[lu]) == libres.end())
                     libres.push_back(reel[lu]);
             // A result nobody reads frees its register at once.
-            if (derniereLecture.find(code_[i].dest) == derniereLecture.end()) libres.push_back(d);
+            if (derniereLecture.find(code_[i].dest) == derniereLecture.end())
+                libres.push_back(d);
         }
-        for (std::uint16_t sortie : sorties) p.sorties.push_back(vers(sortie));
+        for (std::uint16_t sortie : sorties)
+            p.sorties.push_back(vers(sortie));
         p.nbRegistres = suivant;
         return p;
     }

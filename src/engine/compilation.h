@@ -20,7 +20,7 @@ namespace velorin {
 
 class FormuleCompilee {
 public:
-    FormuleCompilee() : FormuleCompilee(Famille::Espace, "") {}
+    FormuleCompilee() : FormuleCompilee(Famille::Espace, "") { }
     FormuleCompilee(Famille famille, std::string_view texte);
 
     Famille famille() const { return arbre_.famille; }
@@ -48,8 +48,8 @@ private:
 // sortie[i] for the variables (u[i], v[i], w[i]). An array that the family
 // does not read may be null (it reads as 0). Returns false when a point met
 // unreadable brackets (its value is then 0).
-bool evalueBloc(const FormuleCompilee& f, const double* u, const double* v, const double* w,
-                double* sortie, std::size_t n);
+bool evalueBloc(const FormuleCompilee& f, const double* u, const double* v, const double* w, double* sortie,
+                std::size_t n);
 
 // Several formulas of one family compiled together, as the coordinates of
 // a curve or a surface: by blocks, the operations they have in common
@@ -69,8 +69,8 @@ private:
 
 // sorties[k][i] gets formula k at point i, as evalueBloc of each formula
 // alone would give it.
-bool evalueBloc(const FormulesCompilees& f, const double* u, const double* v, const double* w,
-                double* const* sorties, std::size_t n);
+bool evalueBloc(const FormulesCompilees& f, const double* u, const double* v, const double* w, double* const* sorties,
+                std::size_t n);
 
 // The formulas compiled so far, by family and text: the entry points find
 // the compiled form of the current formulas here (a few are kept, the

@@ -13,7 +13,10 @@ namespace velorin {
 
 namespace {
 
-Resultat valeur(double v) { return {Issue::Valeur, v}; }
+Resultat valeur(double v)
+{
+    return {Issue::Valeur, v};
+}
 
 // A term (no "+" or "-"): a constant, or coefficient, "*", "/" or "\", one
 // variable letter and an optional "^" exponent. Never Echec: a failure
@@ -32,15 +35,16 @@ Resultat evalterme(Famille f, std::string_view terme, const Variables& var)
         return valeur(echec ? horsCalcul : v);
     }
     double coefficient = 1, exposant = 1;
-    if (forme.posVariable > 1) coefficient = lisnombre(terme.substr(0, forme.posVariable - 1), defaut, echec);
+    if (forme.posVariable > 1)
+        coefficient = lisnombre(terme.substr(0, forme.posVariable - 1), defaut, echec);
     if (forme.posPuissance > forme.posVariable && forme.posPuissance < terme.size())
         exposant = lisnombre(terme.substr(forme.posPuissance), defaut, echec);
-    if (echec) return valeur(horsCalcul);
+    if (echec)
+        return valeur(horsCalcul);
     const double base = var.valeurs[forme.rang];
     // The space family tests t^exponent in "\" but divides by the previous
     // point's x raised to the exponent.
-    return calculeTerme(forme.op, base, coefficient, exposant,
-                        f == Famille::Espace ? var.xPrecedent : base);
+    return calculeTerme(forme.op, base, coefficient, exposant, f == Famille::Espace ? var.xPrecedent : base);
 }
 
 // A flat text cut at every "+" and "-" into terms, summed left to right.
@@ -50,8 +54,10 @@ Resultat evalsomme(Famille f, std::string_view texte, const Variables& var)
     // Positions (1-based) of every sign, with 0 in front and L + 1 at the end.
     std::vector<std::size_t> signes{0};
     for (std::size_t p = 1; p <= texte.size(); ++p)
-        if (texte[p - 1] == '+' || texte[p - 1] == '-') signes.push_back(p);
-    if (signes.size() == 1) return evalterme(f, texte, var);
+        if (texte[p - 1] == '+' || texte[p - 1] == '-')
+            signes.push_back(p);
+    if (signes.size() == 1)
+        return evalterme(f, texte, var);
     signes.push_back(texte.size() + 1);
     double somme = 0;
     for (std::size_t k = 1; k < signes.size(); ++k) {
@@ -60,7 +66,8 @@ Resultat evalsomme(Famille f, std::string_view texte, const Variables& var)
         const double signe = (avant > 0 && texte[avant - 1] == '-') ? -1.0 : 1.0;
         somme = somme + signe * evalterme(f, piece, var).lue();
         // The sum of terms catches nothing: its overflow goes up.
-        if (!std::isfinite(somme)) return {Issue::Echec, 0};
+        if (!std::isfinite(somme))
+            return {Issue::Echec, 0};
     }
     return valeur(somme);
 }
@@ -70,28 +77,34 @@ Resultat evalcrochets(Famille f, std::string_view brut, const Variables& var)
     const std::string texte = majuscules(sansBlancsAuxBouts(brut));
     std::size_t ouvrantes = 0, fermantes = 0;
     for (char c : texte) {
-        if (c == '(') ++ouvrantes;
-        if (c == ')') ++fermantes;
+        if (c == '(')
+            ++ouvrantes;
+        if (c == ')')
+            ++fermantes;
     }
-    if (ouvrantes != fermantes) return {Issue::Incorrecte, 0};
-    if (ouvrantes == 0) return evalsomme(f, texte, var);
+    if (ouvrantes != fermantes)
+        return {Issue::Incorrecte, 0};
+    if (ouvrantes == 0)
+        return evalsomme(f, texte, var);
     // Too many pairs for the family: no value at all.
-    if (ouvrantes > pairesMax(f)) return {};
+    if (ouvrantes > pairesMax(f))
+        return {};
     bool ordreCorrect = true;
     const std::vector<Groupe> g = groupes(texte, ordreCorrect);
     // Equal counts but a ")" before its "(": the text cannot be cut into
     // groups, which is the same fault as unequal counts.
-    if (!ordreCorrect) return {Issue::Incorrecte, 0};
+    if (!ordreCorrect)
+        return {Issue::Incorrecte, 0};
 
     if (g.size() == 1) {
         // One group: prefix(contents). One pair: the contents are a flat
         // sum; nested pairs: the contents are read as a formula. Text after
         // the closing bracket is not read.
         const std::string_view prefixe = std::string_view(texte).substr(0, g[0].ouvre);
-        const std::string_view dedans =
-            std::string_view(texte).substr(g[0].ouvre + 1, g[0].ferme - g[0].ouvre - 1);
+        const std::string_view dedans = std::string_view(texte).substr(g[0].ouvre + 1, g[0].ferme - g[0].ouvre - 1);
         const Resultat w = ouvrantes == 1 ? evalsomme(f, dedans, var) : evalcrochets(f, dedans, var);
-        if (w.interrompt()) return w;
+        if (w.interrompt())
+            return w;
         return appliquefonction(prefixe, w.lue());
     }
 
@@ -104,9 +117,9 @@ Resultat evalcrochets(Famille f, std::string_view brut, const Variables& var)
     char ops[3] = {0, 0, 0};
     std::size_t debut = 0;
     for (std::size_t k = 0; k < g.size(); ++k) {
-        const Resultat r =
-            evalcrochets(f, std::string_view(texte).substr(debut, g[k].ferme - debut + 1), var);
-        if (r.interrompt()) return r;
+        const Resultat r = evalcrochets(f, std::string_view(texte).substr(debut, g[k].ferme - debut + 1), var);
+        if (r.interrompt())
+            return r;
         valeurs[k] = r.lue();
         if (k + 1 < g.size()) {
             ops[k] = texte[g[k].ferme + 1];
@@ -140,7 +153,8 @@ namespace {
 double rendu(Famille f, std::string_view texte, double a, double b, double c, Issue* issue)
 {
     const Resultat r = evalue(f, texte, a, b, c);
-    if (issue) *issue = r.issue;
+    if (issue)
+        *issue = r.issue;
     return r.lue();
 }
 
@@ -150,14 +164,19 @@ int rangVariable(Famille f, char c)
 {
     switch (f) {
     case Famille::Plan:
-        if (c == 'X' || c == 'A') return 0;
-        if (c == 'T' || c == 'Y') return 1;
+        if (c == 'X' || c == 'A')
+            return 0;
+        if (c == 'T' || c == 'Y')
+            return 1;
         return -1;
     case Famille::Espace: return (c == 'X' || c == 'T' || c == 'A') ? 0 : -1;
     case Famille::Nuage:
-        if (c == 'X') return 0;
-        if (c == 'Y') return 1;
-        if (c == 'Z') return 2;
+        if (c == 'X')
+            return 0;
+        if (c == 'Y')
+            return 1;
+        if (c == 'Z')
+            return 2;
         return -1;
     }
     return -1;
@@ -179,9 +198,11 @@ FormeTerme formeTerme(Famille f, std::string_view terme)
     bool presente[3] = {false, false, false};
     for (std::size_t p = 1; p <= terme.size(); ++p) {
         const char c = terme[p - 1];
-        if (c == '^') forme.posPuissance = p;
+        if (c == '^')
+            forme.posPuissance = p;
         const int r = rangVariable(f, c);
-        if (r < 0) continue;
+        if (r < 0)
+            continue;
         presente[r] = true;
         forme.posVariable = p;
         forme.op = p > 1 ? terme[p - 2] : '*';
@@ -197,17 +218,20 @@ FormeTerme formeTerme(Famille f, std::string_view terme)
 Resultat calculeTerme(char op, double base, double coefficient, double exposant, double diviseurEntier)
 {
     const double w = std::pow(base, exposant);
-    if (!std::isfinite(w)) return valeur(horsCalcul);
+    if (!std::isfinite(w))
+        return valeur(horsCalcul);
     double r;
     switch (op) {
     case '*': r = coefficient * w; break;
     case '/':
-        if (w == 0) return valeur(horsCalcul);
+        if (w == 0)
+            return valeur(horsCalcul);
         r = coefficient / w;
         break;
     case '\\': {
         // "Integer part" taken as the largest integer not above w.
-        if (std::floor(w) == 0) return valeur(horsCalcul);
+        if (std::floor(w) == 0)
+            return valeur(horsCalcul);
         const double diviseur = std::pow(diviseurEntier, exposant);
         if (!std::isfinite(diviseur) || !quotientEntier(coefficient, diviseur, r))
             return valeur(horsCalcul);
@@ -228,13 +252,15 @@ std::vector<Groupe> groupes(std::string_view texte, bool& ordreCorrect)
     ordreCorrect = true;
     for (std::size_t i = 0; i < texte.size(); ++i) {
         if (texte[i] == '(') {
-            if (profondeur++ == 0) g.push_back({i, i});
+            if (profondeur++ == 0)
+                g.push_back({i, i});
         } else if (texte[i] == ')') {
             if (--profondeur < 0) {
                 ordreCorrect = false;
                 return {};
             }
-            if (profondeur == 0) g.back().ferme = i;
+            if (profondeur == 0)
+                g.back().ferme = i;
         }
     }
     return g;
@@ -244,7 +270,8 @@ Resultat evalue(Famille f, std::string_view texte, double a, double b, double c)
 {
     const Resultat r = evalcrochets(f, texte, variables(a, b, c, f));
     // A failure that no operation of the formula caught.
-    if (r.issue == Issue::Echec) return valeur(horsCalcul);
+    if (r.issue == Issue::Echec)
+        return valeur(horsCalcul);
     return r;
 }
 

@@ -80,8 +80,29 @@ bool quotientEntier(double a, double b, double& quotient);
 // The rows of the function table (one per computation, synonyms share it).
 enum class Fonction : unsigned char {
     Aucune,  // a name in no row
-    Abs, Sin, Cos, Tan, Cotan, Ln, Log, Exp, Rac, Rac3, Atn, Arcsin, Arccos, Arccotan,
-    Sinh, Cosh, Tanh, Coth, Arcsinh, Arccosh, Arctanh, Arccotanh, Ent,
+    Abs,
+    Sin,
+    Cos,
+    Tan,
+    Cotan,
+    Ln,
+    Log,
+    Exp,
+    Rac,
+    Rac3,
+    Atn,
+    Arcsin,
+    Arccos,
+    Arccotan,
+    Sinh,
+    Cosh,
+    Tanh,
+    Coth,
+    Arcsinh,
+    Arccosh,
+    Arctanh,
+    Arccotanh,
+    Ent,
 };
 // The row of a function name, first match in table order ("SINUS" -> Sin,
 // "EXPONENTIELLE" -> Exp, "CUBR" -> Aucune).

@@ -9,7 +9,10 @@
 namespace velorin {
 
 // A decimal digit.
-inline bool estChiffre(char c) { return c >= '0' && c <= '9'; }
+inline bool estChiffre(char c)
+{
+    return c >= '0' && c <= '9';
+}
 // One of the six operators of formulas: "*", "+", "-", "/", "\", "^".
 inline bool estOperateur(char c)
 {

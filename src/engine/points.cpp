@@ -15,7 +15,8 @@ namespace {
 
 double retiens(GlobalesMoteur& g, Famille f, double valeur, Issue issue)
 {
-    if (issue == Issue::Incorrecte) g.erreurFormule = messageIncorrecte(f);
+    if (issue == Issue::Incorrecte)
+        g.erreurFormule = messageIncorrecte(f);
     return valeur;
 }
 
@@ -58,7 +59,8 @@ void pointcourbe(GlobalesMoteur& g, double x)
 
 void pointparametre(GlobalesMoteur& g, double t, int flag, bool modeEspace)
 {
-    if (flag != 1) return;
+    if (flag != 1)
+        return;
     g.pointZ = modeEspace ? espace(g, g.formuleF3, t) : 0.0;
     g.pointY = espace(g, g.formuleF2, t);
     g.pointX = espace(g, g.formuleF1, t);
@@ -94,8 +96,8 @@ void pointspherique(GlobalesMoteur& g, double u, double v)
     spherique(g, r, agh, agv);
 }
 
-bool pointsFamille(GlobalesMoteur& g, bool sphere, const double* u, const double* v, double* x,
-                   double* y, double* z, std::size_t n)
+bool pointsFamille(GlobalesMoteur& g, bool sphere, const double* u, const double* v, double* x, double* y, double* z,
+                   std::size_t n)
 {
     // F1..F3 are compiled together once per set of texts.
     const auto& f = g.familleCompilee;

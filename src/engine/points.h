@@ -26,7 +26,7 @@ void pointspherique(GlobalesMoteur& g, double u, double v);
 // time. The plane family reads no previous point, so the order of the
 // points does not matter. Returns false when a formula is unreadable (its
 // message is then in erreurFormule, as the point-by-point entry leaves it).
-bool pointsFamille(GlobalesMoteur& g, bool spherique, const double* u, const double* v, double* x,
-                   double* y, double* z, std::size_t n);
+bool pointsFamille(GlobalesMoteur& g, bool spherique, const double* u, const double* v, double* x, double* y, double* z,
+                   std::size_t n);
 
 }  // namespace velorin

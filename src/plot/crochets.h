@@ -8,8 +8,8 @@
 namespace velorin {
 
 struct CrochetsTrace {
-    std::function<void(int ms)> pause;      // called only when a pause is due
-    std::function<bool()> interrompu;       // true: stop the tracing in progress
+    std::function<void(int ms)> pause;  // called only when a pause is due
+    std::function<bool()> interrompu;   // true: stop the tracing in progress
     std::function<void()> bip;
     // Called when a tracing starts, with the window caption to show during it.
     std::function<void(const std::string& legende)> debut;

@@ -46,9 +46,11 @@ FinTrace lanceTraceur(Etat& etat, Surface& surface, const CrochetsTrace& crochet
     case genreSurfaceParametree: return parcours2(etat, surface, crochets);
     case genreCourbeSpherique: return parcours3(etat, surface, crochets);
     case genreSurfaceSpherique: return parcours4(etat, surface, crochets);
-    case genreDroite: case genrePlanParametre: case genrePlanEquation: case genreSegment:
-    case genrePoint:
-        return {false, traceObjet(etat, surface, crochets)};
+    case genreDroite:
+    case genrePlanParametre:
+    case genrePlanEquation:
+    case genreSegment:
+    case genrePoint: return {false, traceObjet(etat, surface, crochets)};
     default:  // the clouds, and any kind never written
         traceNuage(etat, surface, crochets);
         if (crochets.bip)
@@ -77,8 +79,8 @@ std::array<std::string, 3> champsEntree(int type, const std::string& texte)
 Couleur couleurCycle(const CouleursDefaut& defaut, Couleur couleurEnCours, int rang)
 {
     std::vector<Couleur> cycle{couleurEnCours};
-    for (Couleur c : {defaut.coulRouge, defaut.coulVert, defaut.coulBleu, defaut.coulJaune,
-                      defaut.coulCyan, defaut.coulMagenta, defaut.coulOrange})
+    for (Couleur c : {defaut.coulRouge, defaut.coulVert, defaut.coulBleu, defaut.coulJaune, defaut.coulCyan,
+                      defaut.coulMagenta, defaut.coulOrange})
         if (c != couleurEnCours)
             cycle.push_back(c);
     return cycle[static_cast<std::size_t>(rang < 0 ? 0 : rang) % cycle.size()];
@@ -117,7 +119,7 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     const Catalogue& cat = etat.catalogue;
     if (numero < 1 || numero > cat.nbLignesCatalogue) {
         r.erreur = "L'entrée n° " + std::to_string(numero) + " n'existe pas dans le catalogue (" +
-                    std::to_string(cat.nbLignesCatalogue) + " entrées) : rien n'est tracé.";
+                   std::to_string(cat.nbLignesCatalogue) + " entrées) : rien n'est tracé.";
         return r;
     }
     LigneCatalogue entree;
@@ -147,12 +149,11 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     if (options.ligne == 0) {
         valeurs = enVigueur;
         if (options.couleurs == ModeCouleurs::Cycle)
-            valeurs[colCouleurTrace] =
-                couleurCycle(etat.defaut, etat.couleurs.couleurTrace, options.rang);
+            valeurs[colCouleurTrace] = couleurCycle(etat.defaut, etat.couleurs.couleurTrace, options.rang);
         r.ligne = ajouteCourbe(table, valeurs);
         if (r.ligne == 0) {
             r.erreur = "Trop de courbes tracées (" + std::to_string(maxCourbes) +
-                        " au plus) : videz la liste des courbes tracées.";
+                       " au plus) : videz la liste des courbes tracées.";
             return r;
         }
     } else {
@@ -181,8 +182,7 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     else if (!m.erreurFormule.empty())
         r.erreur = m.erreurFormule;
     r.formuleIncorrecte = !m.erreurFormule.empty();
-    r.dureeMs = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - depart)
-                    .count();
+    r.dureeMs = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - depart).count();
     return r;
 }
 

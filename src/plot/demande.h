@@ -5,8 +5,8 @@
 #include <string>
 
 #include "base/erreur.h"
-#include "plot/etat.h"
 #include "plot/crochets.h"
+#include "plot/etat.h"
 #include "view/surface.h"
 
 namespace velorin {
@@ -26,15 +26,15 @@ struct OptionsTrace {
 };
 
 struct ResultatTrace {
-    bool trace = false;        // a tracer ran (completely or until interrupted)
-    bool interrompu = false;   // the user stopped the tracing
-    int ligne = 0;             // row of the drawn-curves table drawn (0: none)
-    Erreur erreur;             // what went wrong, the French message to show
+    bool trace = false;       // a tracer ran (completely or until interrupted)
+    bool interrompu = false;  // the user stopped the tracing
+    int ligne = 0;            // row of the drawn-curves table drawn (0: none)
+    Erreur erreur;            // what went wrong, the French message to show
     // The evaluator met brackets it cannot read ("Formule incorrecte"...):
     // the program shows the message and then ends.
     bool formuleIncorrecte = false;
-    std::string legende;       // caption shown during the tracing
-    double dureeMs = 0;        // tracing time, measured by the core
+    std::string legende;  // caption shown during the tracing
+    double dureeMs = 0;   // tracing time, measured by the core
 };
 
 // Draws record `numero` of etat.catalogue (for a redraw, the record number

@@ -19,8 +19,7 @@ void effaceEcran(Etat& etat, Surface& surface)
 
 void traceRepere(const Etat& etat, Surface& surface)
 {
-    traceRepere(etat.param, etat.vue, etat.fenetre.modeEspace, couleursRepere(etat).axes,
-                surface);
+    traceRepere(etat.param, etat.vue, etat.fenetre.modeEspace, couleursRepere(etat).axes, surface);
 }
 
 }  // namespace velorin

@@ -15,30 +15,34 @@
 
 #include "catalogue/catalogue.h"
 #include "engine/globales.h"
+#include "plot/etat_trace.h"
+#include "plot/table_courbes.h"
 #include "settings/couleurs.h"
 #include "settings/parametres.h"
 #include "view/vue.h"
-#include "plot/etat_trace.h"
-#include "plot/table_courbes.h"
 
 namespace velorin {
 
 // Window state kept between commands.
 struct EtatFenetre {
     std::string cheminEspaceCourbes, cheminEspaceFig, cheminPlanCourbes, cheminPlanFig;
-    std::string dossierCourbes, dossierFig;   // the folders in force (end with '/')
+    std::string dossierCourbes, dossierFig;  // the folders in force (end with '/')
     std::string fichierCatalogue = "Lisurf.lsu";
     bool modeEspace = true;
-    bool modePlan = false;                    // always !modeEspace
+    bool modePlan = false;  // always !modeEspace
     bool pauseActive = true;
     bool inversionVideo = false;
-    int choixReglage = 0;                     // 0..6: Xv Yv Zv Xd Yd Zd Rotadir
+    int choixReglage = 0;  // 0..6: Xv Yv Zv Xd Yd Zd Rotadir
     double largeurVue = 0, hauteurVue = 0;
     int Cht = 0, Trt = 0;
-    int tics = 0;                             // tenths of a second of tracing
-    int politiqueCouleurs = 0;                // colour scheme policy, menu "Comment Tracer?" 0..2
-    int orientationImprimante = 1;            // 0 portrait, 1 landscape
-    void metsModeEspace(bool espace) { modeEspace = espace; modePlan = !espace; }
+    int tics = 0;                   // tenths of a second of tracing
+    int politiqueCouleurs = 0;      // colour scheme policy, menu "Comment Tracer?" 0..2
+    int orientationImprimante = 1;  // 0 portrait, 1 landscape
+    void metsModeEspace(bool espace)
+    {
+        modeEspace = espace;
+        modePlan = !espace;
+    }
     // Space or plane mode with the curves and figure folders of that mode.
     void choisisMode(bool espace)
     {
@@ -57,7 +61,7 @@ struct Etat {
     Vue vue;
     TableCourbes courbes;
     EtatTrace trace;
-    Catalogue catalogue;          // the catalogue file in force
+    Catalogue catalogue;  // the catalogue file in force
 };
 
 }  // namespace velorin

@@ -4,14 +4,14 @@
 namespace velorin {
 
 struct EtatTrace {
-    double ecranX = 0, ecranY = 0;   // surface coordinates of the point being drawn
-    double precX = 0, precY = 0;     // last point drawn in continuous mode
-    int pointVisible = 0;            // 1 when the point lies in the drawing area
-    int nbVisiblesSuite = 0;         // consecutive visible points; 0: pen up
+    double ecranX = 0, ecranY = 0;  // surface coordinates of the point being drawn
+    double precX = 0, precY = 0;    // last point drawn in continuous mode
+    int pointVisible = 0;           // 1 when the point lies in the drawing area
+    int nbVisiblesSuite = 0;        // consecutive visible points; 0: pen up
     double tangenteX1 = 0, tangenteY1 = 0, tangenteX2 = 0, tangenteY2 = 0;
-    double demiTangente = 0;         // half length of the tangent, in range units
-    double pasX = 0;                 // x step of the plane curve tracer
-    int typeTrace = 0;               // tracer selector (kind of the entry)
+    double demiTangente = 0;  // half length of the tangent, in range units
+    double pasX = 0;          // x step of the plane curve tracer
+    int typeTrace = 0;        // tracer selector (kind of the entry)
 };
 
 }  // namespace velorin

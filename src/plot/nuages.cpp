@@ -15,19 +15,20 @@ namespace velorin {
 
 namespace {
 
-constexpr long kPointsEntreTests = 4096;   // interruption test period
+constexpr long kPointsEntreTests = 4096;  // interruption test period
 
 // Subdivision count of a range: its whole part, or 0 when below 1 or not
 // finite.
 long compte(double n)
 {
-    if (!std::isfinite(n) || n < 1) return 0;
+    if (!std::isfinite(n) || n < 1)
+        return 0;
     return static_cast<long>(std::min(n, maxPointsNuage));
 }
 
 struct Axe {
     double debut = 0, pas = 0;
-    long n = 0;   // subdivisions: n + 1 values
+    long n = 0;  // subdivisions: n + 1 values
     double valeur(long i) const { return debut + pas * double(i); }
 };
 
@@ -37,12 +38,14 @@ void traceNuage(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
 {
     const Parametres& p = etat.param;
     const bool espace3 = etat.trace.typeTrace == genreNuageEspace;
-    Axe axes[3] = {{p.xmin, 0, compte(p.nbrCalX)}, {p.ymin, 0, compte(p.nbrCalY)},
+    Axe axes[3] = {{p.xmin, 0, compte(p.nbrCalX)},
+                   {p.ymin, 0, compte(p.nbrCalY)},
                    {double(p.zmin), 0, espace3 ? compte(p.nbrCalZ) : 0}};
     const int dimensions = espace3 ? 3 : 2;
     double total = 1;
     for (int i = 0; i < dimensions; ++i) {
-        if (axes[i].n == 0) return;
+        if (axes[i].n == 0)
+            return;
         total *= double(axes[i].n + 1);
     }
     if (total > maxPointsNuage) {
@@ -53,9 +56,11 @@ void traceNuage(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
     const double fins[3] = {p.xmax, p.ymax, p.zmax};
     for (int i = 0; i < 3; ++i) {
         axes[i].pas = axes[i].n > 0 ? (fins[i] - axes[i].debut) / double(axes[i].n) : 0;
-        if (!std::isfinite(axes[i].debut) || !std::isfinite(axes[i].pas)) return;
+        if (!std::isfinite(axes[i].debut) || !std::isfinite(axes[i].pas))
+            return;
     }
-    if (!espace3) axes[2] = {0, 0, 0};
+    if (!espace3)
+        axes[2] = {0, 0, 0};
 
     GlobalesMoteur& m = etat.moteur;
     const Vue& v = etat.vue;
@@ -79,10 +84,13 @@ void traceNuage(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
                         return;
                     }
                 }
-                if (!(g < f && f < h)) continue;
+                if (!(g < f && f < h))
+                    continue;
                 double sx = 0, sy = 0;
-                if (!projette(p, v, etat.fenetre.modeEspace, x, y, z, sx, sy)) continue;
-                if (!dansAireDessin(v, sx, sy)) continue;
+                if (!projette(p, v, etat.fenetre.modeEspace, x, y, z, sx, sy))
+                    continue;
+                if (!dansAireDessin(v, sx, sy))
+                    continue;
                 m.pointX = x;
                 m.pointY = y;
                 m.pointZ = z;

@@ -2,8 +2,8 @@
 // where g < f < h, with g, f, h in formuleF1, formuleF2, formuleF3 read by the
 // cloud family of the evaluator (variables X, Y, Z).
 #pragma once
-#include "plot/etat.h"
 #include "plot/crochets.h"
+#include "plot/etat.h"
 #include "view/surface.h"
 
 namespace velorin {

@@ -31,9 +31,9 @@ namespace {
 
 constexpr const char* kVecteurNul = "PAS POCHIBLE AVEC UNE NULLITE DE VECTEUR NUL";
 constexpr const char* kColineaires = "pas pochible,vecteurs colinéaires";
-constexpr int kPasParSegment = 200;   // steps of one straight piece
-constexpr int kLignesParSens = 20;    // lattice intervals across the box
-constexpr double kBrasCroix = 75;     // half size of a point's cross (5 px)
+constexpr int kPasParSegment = 200;  // steps of one straight piece
+constexpr int kLignesParSens = 20;   // lattice intervals across the box
+constexpr double kBrasCroix = 75;    // half size of a point's cross (5 px)
 
 // ---- Number forms ---------------------------------------------------------
 
@@ -42,10 +42,16 @@ constexpr double kBrasCroix = 75;     // half size of a point's cross (5 px)
 bool litDecimal(const std::string& s, std::size_t& i)
 {
     std::size_t chiffres = 0;
-    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) { ++i; ++chiffres; }
+    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) {
+        ++i;
+        ++chiffres;
+    }
     if (i < s.size() && s[i] == '.') {
         ++i;
-        while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) { ++i; ++chiffres; }
+        while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) {
+            ++i;
+            ++chiffres;
+        }
     }
     return chiffres > 0;
 }
@@ -55,7 +61,8 @@ bool litDecimal(const std::string& s, std::size_t& i)
 bool estFormeNombre(const std::string& s)
 {
     std::size_t i = 0;
-    if (i < s.size() && (s[i] == '-' || s[i] == '+')) ++i;
+    if (i < s.size() && (s[i] == '-' || s[i] == '+'))
+        ++i;
     const bool avecDecimal = litDecimal(s, i);
     if (i < s.size() && s[i] == 'P') {
         ++i;
@@ -63,18 +70,20 @@ bool estFormeNombre(const std::string& s)
         return false;
     } else if (i < s.size() && s[i] == 'E') {
         ++i;
-        if (i < s.size() && (s[i] == '-' || s[i] == '+')) ++i;
+        if (i < s.size() && (s[i] == '-' || s[i] == '+'))
+            ++i;
         std::size_t debut = i;
-        while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) ++i;
+        while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i])))
+            ++i;
         return i > debut && i == s.size();
     }
     if (i < s.size() && s[i] == '/') {
         ++i;
-        if (!litDecimal(s, i)) return false;
+        if (!litDecimal(s, i))
+            return false;
     }
     return i == s.size();
 }
-
 
 // Value of a number form through the number reader; empty when the text is
 // no number form or its value is not finite. A lone "P" (which the number
@@ -82,12 +91,16 @@ bool estFormeNombre(const std::string& s)
 std::optional<double> lisValeur(std::string texte)
 {
     texte = majuscules(texte);
-    if (!estFormeNombre(texte)) return std::nullopt;
-    if (texte[0] == '+') texte.erase(0, 1);
-    if (texte == "P") texte = "1P";
+    if (!estFormeNombre(texte))
+        return std::nullopt;
+    if (texte[0] == '+')
+        texte.erase(0, 1);
+    if (texte == "P")
+        texte = "1P";
     bool echec = false;
     const double v = lisnombre(texte, 0.0, echec);
-    if (echec || !std::isfinite(v)) return std::nullopt;
+    if (echec || !std::isfinite(v))
+        return std::nullopt;
     return v;
 }
 
@@ -97,14 +110,20 @@ Vecteur3 plus(const Vecteur3& a, const Vecteur3& b, double k = 1)
 {
     return {a[0] + k * b[0], a[1] + k * b[1], a[2] + k * b[2]};
 }
-double scalaire(const Vecteur3& a, const Vecteur3& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
+double scalaire(const Vecteur3& a, const Vecteur3& b)
+{
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
 Vecteur3 vectoriel(const Vecteur3& a, const Vecteur3& b)
 {
     Vecteur3 c;
     produitVectoriel(a[0], a[1], a[2], b[0], b[1], b[2], c[0], c[1], c[2]);
     return c;
 }
-bool estNul(const Vecteur3& u) { return u[0] == 0 && u[1] == 0 && u[2] == 0; }
+bool estNul(const Vecteur3& u)
+{
+    return u[0] == 0 && u[1] == 0 && u[2] == 0;
+}
 bool colineaires(const Vecteur3& u, const Vecteur3& v)
 {
     const Vecteur3 w = vectoriel(u, v);
@@ -136,11 +155,13 @@ bool coupeBoite(const Boite& b, const Vecteur3& m, const Vecteur3& u, double& s0
     for (int i = 0; i < 3; ++i) {
         const double marge = 1e-9 * (b.haut[i] - b.bas[i] + 1);
         if (std::abs(u[i]) <= 1e-15 * std::sqrt(scalaire(u, u))) {
-            if (m[i] < b.bas[i] - marge || m[i] > b.haut[i] + marge) return false;
+            if (m[i] < b.bas[i] - marge || m[i] > b.haut[i] + marge)
+                return false;
             continue;
         }
         double a = (b.bas[i] - m[i]) / u[i], c = (b.haut[i] - m[i]) / u[i];
-        if (a > c) std::swap(a, c);
+        if (a > c)
+            std::swap(a, c);
         s0 = std::max(s0, a);
         s1 = std::min(s1, c);
     }
@@ -196,7 +217,8 @@ public:
         etat_.trace.tangenteX1 = etat_.trace.tangenteX2;
         etat_.trace.tangenteY1 = etat_.trace.tangenteY2;
         etat_.trace.nbVisiblesSuite = 0;
-        if (!point(p, 1) || etat_.trace.pointVisible != 1) return;
+        if (!point(p, 1) || etat_.trace.pointVisible != 1)
+            return;
         const double x = etat_.trace.ecranX, y = etat_.trace.ecranY;
         const Couleur c = etat_.couleurs.couleurTrace;
         surface_.Line(x - kBrasCroix, y - kBrasCroix, x + kBrasCroix, y + kBrasCroix, c);
@@ -207,7 +229,8 @@ public:
     void droite(const Vecteur3& m, const Vecteur3& u)
     {
         double s0 = 0, s1 = 0;
-        if (coupeBoite(boiteCadre(etat_), m, u, s0, s1)) segment(plus(m, u, s0), plus(m, u, s1));
+        if (coupeBoite(boiteCadre(etat_), m, u, s0, s1))
+            segment(plus(m, u, s0), plus(m, u, s1));
     }
 
     // Lattice of the plane M + r u + s v inside the box: lines parallel to u
@@ -238,10 +261,12 @@ private:
     void famille(const Vecteur3& m, const Vecteur3& dir, const Vecteur3& w, double lo, double hi)
     {
         const double h = (hi - lo) / kLignesParSens;
-        if (!(h > 0) || !std::isfinite(h)) return;
+        if (!(h > 0) || !std::isfinite(h))
+            return;
         const double k0 = std::ceil(lo / h), k1 = std::floor(hi / h);
         for (double k = k0; k <= k1 && k <= k0 + kLignesParSens + 1; ++k) {
-            if (interrompu()) return;
+            if (interrompu())
+                return;
             droite(plus(m, w, k * h), dir);
         }
     }
@@ -252,7 +277,10 @@ private:
     int continuAvant_;
 };
 
-std::string ou(const std::string& texte) { return texte.empty() ? "(vide)" : texteSur(texte); }
+std::string ou(const std::string& texte)
+{
+    return texte.empty() ? "(vide)" : texteSur(texte);
+}
 
 std::string messagePoint(const std::string& texte, bool espace)
 {
@@ -270,8 +298,10 @@ std::string messageVecteur(const std::string& texte, bool espace)
 // the closing "]" of the last piece.
 std::string champ(std::string s)
 {
-    while (!s.empty() && (s.back() == ']' || s.back() == ' ')) s.pop_back();
-    while (!s.empty() && s.front() == ' ') s.erase(0, 1);
+    while (!s.empty() && (s.back() == ']' || s.back() == ' '))
+        s.pop_back();
+    while (!s.empty() && s.front() == ' ')
+        s.erase(0, 1);
     return s;
 }
 
@@ -282,21 +312,28 @@ std::optional<Vecteur3> lisCoordonnees(const std::string& brut, bool espace)
     std::string texte = champ(brut);
     const bool ouvre = !texte.empty() && texte.front() == '(';
     const bool ferme = !texte.empty() && texte.back() == ')';
-    if (ouvre != ferme) return std::nullopt;
-    if (ouvre) texte = texte.substr(1, texte.size() - 2);
+    if (ouvre != ferme)
+        return std::nullopt;
+    if (ouvre)
+        texte = texte.substr(1, texte.size() - 2);
     std::vector<std::string> morceaux(1);
     for (char c : texte) {
-        if (c == ',') morceaux.emplace_back();
-        else morceaux.back() += c;
+        if (c == ',')
+            morceaux.emplace_back();
+        else
+            morceaux.back() += c;
     }
-    if (morceaux.size() != 3 && (espace || morceaux.size() != 2)) return std::nullopt;
+    if (morceaux.size() != 3 && (espace || morceaux.size() != 2))
+        return std::nullopt;
     Vecteur3 v{0, 0, 0};
     for (std::size_t i = 0; i < morceaux.size(); ++i) {
         const auto x = lisValeur(morceaux[i]);
-        if (!x) return std::nullopt;
+        if (!x)
+            return std::nullopt;
         v[i] = *x;
     }
-    if (!espace) v[2] = 0;
+    if (!espace)
+        v[2] = 0;
     return v;
 }
 
@@ -304,41 +341,51 @@ std::optional<Equation> lisEquation(const std::string& brut)
 {
     const std::string texte = majuscules(champ(brut));
     const auto egal = texte.find('=');
-    if (egal != std::string::npos && texte.find('=', egal + 1) != std::string::npos) return std::nullopt;
-    const std::string cotes[2] = {texte.substr(0, egal),
-                                  egal == std::string::npos ? "0" : texte.substr(egal + 1)};
+    if (egal != std::string::npos && texte.find('=', egal + 1) != std::string::npos)
+        return std::nullopt;
+    const std::string cotes[2] = {texte.substr(0, egal), egal == std::string::npos ? "0" : texte.substr(egal + 1)};
     Equation eq;
     for (int cote = 0; cote < 2; ++cote) {
         const std::string& s = cotes[cote];
-        if (s.empty()) return std::nullopt;
+        if (s.empty())
+            return std::nullopt;
         // Terms start at each sign, except the sign of an exponent ("1E-3").
         std::size_t debut = 0;
         for (std::size_t i = 0; i <= s.size(); ++i) {
-            const bool signe = i < s.size() && (s[i] == '+' || s[i] == '-') && i > debut &&
-                               !(s[i - 1] == 'E' && i >= 2 && (std::isdigit(static_cast<unsigned char>(s[i - 2])) || s[i - 2] == '.'));
-            if (i < s.size() && !signe) continue;
+            const bool signe =
+                i < s.size() && (s[i] == '+' || s[i] == '-') && i > debut &&
+                !(s[i - 1] == 'E' && i >= 2 && (std::isdigit(static_cast<unsigned char>(s[i - 2])) || s[i - 2] == '.'));
+            if (i < s.size() && !signe)
+                continue;
             std::string terme = s.substr(debut, i - debut);
             debut = i;
             double facteur = cote == 0 ? 1 : -1;
             if (!terme.empty() && (terme[0] == '+' || terme[0] == '-')) {
-                if (terme[0] == '-') facteur = -facteur;
+                if (terme[0] == '-')
+                    facteur = -facteur;
                 terme.erase(0, 1);
             }
-            if (terme.empty()) return std::nullopt;
+            if (terme.empty())
+                return std::nullopt;
             int variable = -1;
             if (terme.back() == 'X' || terme.back() == 'Y' || terme.back() == 'Z') {
                 variable = terme.back() - 'X';
                 terme.pop_back();
                 if (!terme.empty() && terme.back() == '*') {
                     terme.pop_back();
-                    if (terme.empty()) return std::nullopt;
+                    if (terme.empty())
+                        return std::nullopt;
                 }
-                if (terme.empty()) terme.assign(1, '1');
+                if (terme.empty())
+                    terme.assign(1, '1');
             }
             const auto valeur = lisValeur(terme);
-            if (!valeur) return std::nullopt;
-            if (variable < 0) eq.constante += facteur * *valeur;
-            else eq.normale[variable] += facteur * *valeur;
+            if (!valeur)
+                return std::nullopt;
+            if (variable < 0)
+                eq.constante += facteur * *valeur;
+            else
+                eq.normale[variable] += facteur * *valeur;
         }
     }
     return eq;
@@ -355,13 +402,14 @@ Erreur traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
     if (genre == genrePlanEquation) {
         auto eq = lisEquation(m.formuleF1);
         if (!eq) {
-            return (espace ? "Équation de plan incorrecte : " : "Équation de droite incorrecte : ") +
-                   ou(m.formuleF1) +
+            return (espace ? "Équation de plan incorrecte : " : "Équation de droite incorrecte : ") + ou(m.formuleF1) +
                    (espace ? " ; écrivez par exemple 2x+3y-z+1=0" : " ; écrivez par exemple y=2x+1");
         }
         Vecteur3 n = eq->normale;
-        if (!espace) n[2] = 0;   // the plane is z = 0: a z term vanishes there
-        if (estNul(n)) return kVecteurNul;
+        if (!espace)
+            n[2] = 0;  // the plane is z = 0: a z term vanishes there
+        if (estNul(n))
+            return kVecteurNul;
         const Vecteur3 m0 = plus({0, 0, 0}, n, -eq->constante / scalaire(n, n));
         Dessin d(etat, surface, crochets);
         if (!espace) {
@@ -372,10 +420,12 @@ Erreur traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
         // whichever two axes are the least aligned with the normal.
         int fort = 0;
         for (int i = 1; i < 3; ++i)
-            if (std::abs(n[i]) > std::abs(n[fort])) fort = i;
+            if (std::abs(n[i]) > std::abs(n[fort]))
+                fort = i;
         Vecteur3 axes[2];
         for (int i = 0, k = 0; i < 3; ++i) {
-            if (i == fort) continue;
+            if (i == fort)
+                continue;
             Vecteur3 e{0, 0, 0};
             e[i] = 1;
             axes[k++] = vectoriel(n, e);
@@ -385,36 +435,41 @@ Erreur traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
     }
 
     const auto a = point(m.formuleF1);
-    if (!a) return messagePoint(m.formuleF1, espace);
+    if (!a)
+        return messagePoint(m.formuleF1, espace);
     switch (genre) {
     case genreDroite: {
         const auto u = point(m.formuleF2);
-        if (!u) return messageVecteur(m.formuleF2, espace);
-        if (estNul(*u)) return kVecteurNul;
+        if (!u)
+            return messageVecteur(m.formuleF2, espace);
+        if (estNul(*u))
+            return kVecteurNul;
         Dessin(etat, surface, crochets).droite(*a, *u);
         return {};
     }
     case genrePlanParametre: {
         const auto u = point(m.formuleF2);
-        if (!u) return messageVecteur(m.formuleF2, espace);
+        if (!u)
+            return messageVecteur(m.formuleF2, espace);
         const auto v = point(m.formuleF3);
-        if (!v) return messageVecteur(m.formuleF3, espace);
-        if (estNul(*u) || estNul(*v)) return kVecteurNul;
-        if (colineaires(*u, *v)) return kColineaires;
+        if (!v)
+            return messageVecteur(m.formuleF3, espace);
+        if (estNul(*u) || estNul(*v))
+            return kVecteurNul;
+        if (colineaires(*u, *v))
+            return kColineaires;
         Dessin(etat, surface, crochets).plan(*a, *u, *v);
         return {};
     }
     case genreSegment: {
         const auto b = point(m.formuleF2);
-        if (!b) return messagePoint(m.formuleF2, espace);
+        if (!b)
+            return messagePoint(m.formuleF2, espace);
         Dessin(etat, surface, crochets).segment(*a, *b);
         return {};
     }
-    case genrePoint:
-        Dessin(etat, surface, crochets).croix(*a);
-        return {};
-    default:
-        return "Objet inconnu (genre " + std::to_string(genre) + ")";
+    case genrePoint: Dessin(etat, surface, crochets).croix(*a); return {};
+    default: return "Objet inconnu (genre " + std::to_string(genre) + ")";
     }
 }
 

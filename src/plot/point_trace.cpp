@@ -17,8 +17,7 @@ bool pointAdmis(const Etat& etat, double sx, double sy, double x, double y, doub
 {
     const Parametres& p = etat.param;
     if (etat.fenetre.modePlan)
-        return !(sx < 0 || sx > etat.vue.W - margeEspaceX || sy < 0 ||
-                 sy > etat.vue.H - margeHauteur) &&
+        return !(sx < 0 || sx > etat.vue.W - margeEspaceX || sy < 0 || sy > etat.vue.H - margeHauteur) &&
                std::isfinite(sx) && std::isfinite(sy);
     // A point is refused as soon as its foot on one axis lies beyond the end
     // of the drawn half-axis, i.e. one coordinate leaves its range.
@@ -27,8 +26,7 @@ bool pointAdmis(const Etat& etat, double sx, double sy, double x, double y, doub
     return x >= p.xmin && x <= p.xmax && y >= p.ymin && y <= p.ymax && z >= zBas && z <= zHaut;
 }
 
-void traceProjection(Etat& etat, Surface& surface, double sx, double sy, double X, double Y,
-                     double Z, Couleur couleur)
+void traceProjection(Etat& etat, Surface& surface, double sx, double sy, double X, double Y, double Z, Couleur couleur)
 {
     double px, py;
     if (!projette(etat.param, etat.vue, etat.fenetre.modeEspace, X, Y, Z, px, py))
@@ -52,8 +50,7 @@ void traceMarques(Etat& etat, Surface& surface)
     if (t.tangenteX1 != t.tangenteX2 || t.tangenteY1 != t.tangenteY2)
         surface.Line(t.tangenteX1, t.tangenteY1, t.tangenteX2, t.tangenteY2, c.couleurTangente);
     if (etat.moteur.genreCourbe == genreCourbeSpherique && p.avecRayon)
-        surface.Line(etat.vue.origineEcranX, etat.vue.origineEcranY, t.ecranX, t.ecranY,
-                     c.couleurRayon);
+        surface.Line(etat.vue.origineEcranX, etat.vue.origineEcranY, t.ecranX, t.ecranY, c.couleurRayon);
     const double x = etat.moteur.pointX, y = etat.moteur.pointY, z = etat.moteur.pointZ;
     if (p.projOx)
         traceProjection(etat, surface, t.ecranX, t.ecranY, x, 0, 0, c.couleurProjOx);
@@ -76,12 +73,10 @@ void traceMarques(Etat& etat, Surface& surface)
 bool dansAireDessin(const Vue& v, double sx, double sy)
 {
     return std::isfinite(sx) && std::isfinite(sy) &&
-           !(sx < aireGauche || sy < aireHaut || sx > v.largeurUtile ||
-             sy > v.hauteurUtile + aireBas);
+           !(sx < aireGauche || sy < aireHaut || sx > v.largeurUtile || sy > v.hauteurUtile + aireBas);
 }
 
-void tracePoint(Etat& etat, Surface& surface, int marque, Couleur couleur,
-                const CrochetsTrace& crochets)
+void tracePoint(Etat& etat, Surface& surface, int marque, Couleur couleur, const CrochetsTrace& crochets)
 {
     EtatTrace& t = etat.trace;
     const Vue& v = etat.vue;

@@ -1,8 +1,8 @@
 // The point step shared by every tracer: visibility, pen lifts, joining,
 // tangent, radius and projection marks, and the per-point pause.
 #pragma once
-#include "plot/etat.h"
 #include "plot/crochets.h"
+#include "plot/etat.h"
 #include "view/surface.h"
 
 namespace velorin {
@@ -17,8 +17,7 @@ inline constexpr double rayonPiedProjection = 20;
 // drawn only then. In continuous mode the point is joined to the previous
 // visible one unless the pen is up or the jump is too long; a point outside
 // the drawing area (or not finite) is not drawn and lifts the pen.
-void tracePoint(Etat& etat, Surface& surface, int marque, Couleur couleur,
-                const CrochetsTrace& crochets);
+void tracePoint(Etat& etat, Surface& surface, int marque, Couleur couleur, const CrochetsTrace& crochets);
 
 // Whether the surface point (sx, sy) lies in the drawing area, where the
 // point step draws (a point that is not finite does not).
@@ -38,7 +37,6 @@ bool pointAdmis(const Etat& etat, double sx, double sy, double x, double y, doub
 // Dotted line from (sx, sy) to the image of the foot (X, Y, Z), then a solid
 // circle around the foot, in `couleur`. Nothing when the foot cannot be
 // projected.
-void traceProjection(Etat& etat, Surface& surface, double sx, double sy, double X, double Y,
-                     double Z, Couleur couleur);
+void traceProjection(Etat& etat, Surface& surface, double sx, double sy, double X, double Y, double Z, Couleur couleur);
 
 }  // namespace velorin

@@ -9,8 +9,7 @@ namespace {
 
 // Calls f(column, member) for every drawing value of a row, in column order.
 // E is Etat or const Etat, so that one list serves both directions.
-template <typename E, typename F>
-void pourChaqueColonne(E& etat, F&& f)
+template <typename E, typename F> void pourChaqueColonne(E& etat, F&& f)
 {
     auto& p = etat.param;
     auto& c = etat.couleurs;
@@ -62,11 +61,26 @@ Couleur enCouleur(double v)
 
 namespace {
 
-void lis(double& cible, double v) { cible = v; }
-void lis(int& cible, double v) { cible = enEntier(v); }
-void lis(Couleur& cible, double v) { cible = enCouleur(v); }
-void lis(std::uint8_t& cible, double v) { cible = static_cast<std::uint8_t>(enEntier(v) & 3); }
-void lis(bool& cible, double v) { cible = v != 0; }
+void lis(double& cible, double v)
+{
+    cible = v;
+}
+void lis(int& cible, double v)
+{
+    cible = enEntier(v);
+}
+void lis(Couleur& cible, double v)
+{
+    cible = enCouleur(v);
+}
+void lis(std::uint8_t& cible, double v)
+{
+    cible = static_cast<std::uint8_t>(enEntier(v) & 3);
+}
+void lis(bool& cible, double v)
+{
+    cible = v != 0;
+}
 
 }  // namespace
 

@@ -61,8 +61,8 @@ static_assert(nbColonnesCourbe == 32, "a row of the drawn-curves table holds 32 
 using LigneCourbe = std::array<double, nbColonnesCourbe>;
 
 struct TableCourbes {
-    std::vector<LigneCourbe> lignes;   // row i of the user is lignes[i - 1]
-    std::int16_t nbCourbes = 0;        // rows in use (== lignes.size())
+    std::vector<LigneCourbe> lignes;  // row i of the user is lignes[i - 1]
+    std::int16_t nbCourbes = 0;       // rows in use (== lignes.size())
 };
 
 // The row of the drawing values in force for record `numero` of kind `type`.

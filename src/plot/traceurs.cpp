@@ -16,14 +16,12 @@ namespace {
 // the variable has not gone past `fin`. A step of the wrong sign walks no
 // value; a zero step, a bound or step that is not finite, or a step too small
 // to move the variable is refused, so that no walk can hang.
-template <typename T>
-struct Boucle {
+template <typename T> struct Boucle {
     T debut, fin, pas;
 
     bool valide() const
     {
-        return std::isfinite(debut) && std::isfinite(fin) && std::isfinite(pas) && pas != 0 &&
-               debut + pas != debut;
+        return std::isfinite(debut) && std::isfinite(fin) && std::isfinite(pas) && pas != 0 && debut + pas != debut;
     }
     // Number of values walked (an estimate, for the cap on points).
     double nombre() const
@@ -34,8 +32,7 @@ struct Boucle {
         return n > 0 ? n : 0;
     }
     // Calls f(v) for every value; stops and answers false when f does.
-    template <typename F>
-    bool parcourt(F&& f) const
+    template <typename F> bool parcourt(F&& f) const
     {
         for (T v = debut; pas > 0 ? v <= fin : v >= fin;) {
             if (!f(v))
@@ -65,8 +62,8 @@ std::string messageBoucle(const char* nom, const Boucle<T>& b, const char* compt
             return debut + bornes + ") ne donne aucun point car le nombre de calculs " + compte +
                    " n'est pas un nombre fini" + rien;
         if (std::fabs(valeurCompte) < 1)
-            return debut + bornes + ") ne donne aucun point car le nombre de calculs " + compte +
-                   " est inférieur à 1" + rien;
+            return debut + bornes + ") ne donne aucun point car le nombre de calculs " + compte + " est inférieur à 1" +
+                   rien;
     }
     if (!std::isfinite(b.pas))
         return debut + bornes + ") ne donne aucun point car le pas n'est pas un nombre fini" + rien;
@@ -81,20 +78,16 @@ std::string messageBoucle(const char* nom, const Boucle<T>& b, const char* compt
 // Why a walk cannot be traced (no point, or more than maxPointsTrace points
 // for the whole tracing); success when it can.
 template <typename T>
-Erreur refus(const char* nom, const Boucle<T>& b, double points, const char* compte = nullptr,
-             double valeurCompte = 0)
+Erreur refus(const char* nom, const Boucle<T>& b, double points, const char* compte = nullptr, double valeurCompte = 0)
 {
     if (b.nombre() == 0)
         return messageBoucle(nom, b, compte, valeurCompte);
-    if (points > maxPointsTrace)
-    {
+    if (points > maxPointsTrace) {
         // Whole numbers in full: no exponent, no "inf" for a count too large to say.
         const std::string maximum = std::to_string(static_cast<long long>(maxPointsTrace));
-        return points < 1e15 ? "Trop de points à calculer (" +
-                                   std::to_string(static_cast<long long>(points)) + ") : au plus " +
-                                   maximum + " par tracé. Augmentez le pas."
-                             : "Trop de points à calculer (plus de " + maximum +
-                                   " par tracé). Augmentez le pas.";
+        return points < 1e15 ? "Trop de points à calculer (" + std::to_string(static_cast<long long>(points)) +
+                                   ") : au plus " + maximum + " par tracé. Augmentez le pas."
+                             : "Trop de points à calculer (plus de " + maximum + " par tracé). Augmentez le pas.";
     }
     return {};
 }
@@ -120,8 +113,7 @@ public:
             fin.erreur = etat.moteur.erreurFormule;
             return false;
         }
-        if (++points % pointsEntreInterrogations == 0 && crochets.interrompu &&
-            crochets.interrompu()) {
+        if (++points % pointsEntreInterrogations == 0 && crochets.interrompu && crochets.interrompu()) {
             fin.interrompu = true;
             return false;
         }
@@ -157,8 +149,7 @@ public:
         ++compteur;
         const GlobalesMoteur& m = etat.moteur;
         double sx, sy;
-        if (!projette(etat.param, etat.vue, etat.fenetre.modeEspace, m.pointX, m.pointY, m.pointZ,
-                      sx, sy) ||
+        if (!projette(etat.param, etat.vue, etat.fenetre.modeEspace, m.pointX, m.pointY, m.pointZ, sx, sy) ||
             !pointAdmis(etat, sx, sy, m.pointX, m.pointY, m.pointZ)) {
             etat.trace.nbVisiblesSuite = 0;
             return;
@@ -197,8 +188,7 @@ void calculeTangente(Etat& etat, double x, double y)
     const double pente = (m.pointY - y) * 20 / t.pasX;
     const double phi = std::atan(pente);
     double x1, y1;
-    if (imageExplicite(etat, x + t.demiTangente * std::cos(phi), y + t.demiTangente * std::sin(phi),
-                       x1, y1)) {
+    if (imageExplicite(etat, x + t.demiTangente * std::cos(phi), y + t.demiTangente * std::sin(phi), x1, y1)) {
         t.tangenteX1 = x1;
         t.tangenteY1 = y1;
         t.tangenteX2 = 2 * t.ecranX - x1;
@@ -227,8 +217,14 @@ FinTrace traceCourbeT(Etat& etat, Surface& surface, const CrochetsTrace& crochet
     return tr.fin;
 }
 
-void evalueParametre(GlobalesMoteur& m, double t, bool espace) { pointparametre(m, t, 1, espace); }
-void evaluePolaire(GlobalesMoteur& m, double t, bool espace) { pointpolaire(m, t, espace); }
+void evalueParametre(GlobalesMoteur& m, double t, bool espace)
+{
+    pointparametre(m, t, 1, espace);
+}
+void evaluePolaire(GlobalesMoteur& m, double t, bool espace)
+{
+    pointpolaire(m, t, espace);
+}
 
 // A family of curves of (a, t) (kinds 2 and 4), in the loop order
 // ordreBoucles: 0 a outer, 1 t outer, 2 both (trellis) in the family colour,
@@ -288,14 +284,12 @@ FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochet
         return parcours() && (n == 0 || vide());
     };
     auto passeAExterieur = [&] {
-        return ba.parcourt([&](float a) {
-            return courbe([&] { return bt.parcourt([&](double t) { return point(a, t); }); });
-        });
+        return ba.parcourt(
+            [&](float a) { return courbe([&] { return bt.parcourt([&](double t) { return point(a, t); }); }); });
     };
     auto passeTExterieur = [&] {
-        return bt.parcourt([&](double t) {
-            return courbe([&] { return ba.parcourt([&](float a) { return point(a, t); }); });
-        });
+        return bt.parcourt(
+            [&](double t) { return courbe([&] { return ba.parcourt([&](float a) { return point(a, t); }); }); });
     };
 
     switch (ordre) {
@@ -328,8 +322,7 @@ FinTrace traceExplicite(Etat& etat, Surface& surface, const CrochetsTrace& croch
     const Parametres& p = etat.param;
     EtatTrace& t = etat.trace;
     GlobalesMoteur& m = etat.moteur;
-    t.demiTangente = std::sqrt((p.xmax - p.xmin) * (p.xmax - p.xmin) +
-                               (p.ymax - p.ymin) * (p.ymax - p.ymin)) / 8;
+    t.demiTangente = std::sqrt((p.xmax - p.xmin) * (p.xmax - p.xmin) + (p.ymax - p.ymin) * (p.ymax - p.ymin)) / 8;
     t.pasX = (p.xmax - p.xmin) / p.nbrCalX;
     const Boucle<double> bx{p.xmin, p.xmax, t.pasX};
     if (Erreur r = refus("x", bx, bx.nombre(), "nbrCalX", p.nbrCalX))

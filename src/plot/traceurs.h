@@ -6,8 +6,8 @@
 #include <string>
 
 #include "base/erreur.h"
-#include "plot/etat.h"
 #include "plot/crochets.h"
+#include "plot/etat.h"
 #include "view/surface.h"
 
 namespace velorin {

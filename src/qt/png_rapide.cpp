@@ -14,17 +14,18 @@ namespace {
 
 void ajoute32(std::vector<unsigned char>& s, std::uint32_t v)
 {
-    for (int decalage = 24; decalage >= 0; decalage -= 8) s.push_back(static_cast<unsigned char>(v >> decalage));
+    for (int decalage = 24; decalage >= 0; decalage -= 8)
+        s.push_back(static_cast<unsigned char>(v >> decalage));
 }
 
 // One chunk appended to `png`: length, type, data, CRC of type and data.
-void ajouteBloc(std::vector<unsigned char>& png, const char type[4], const unsigned char* donnees,
-                std::size_t taille)
+void ajouteBloc(std::vector<unsigned char>& png, const char type[4], const unsigned char* donnees, std::size_t taille)
 {
     ajoute32(png, static_cast<std::uint32_t>(taille));
     const std::size_t debutType = png.size();
     png.insert(png.end(), type, type + 4);
-    if (taille) png.insert(png.end(), donnees, donnees + taille);
+    if (taille)
+        png.insert(png.end(), donnees, donnees + taille);
     const uLong crc = crc32(0, png.data() + debutType, static_cast<uInt>(4 + taille));
     ajoute32(png, static_cast<std::uint32_t>(crc));
 }
@@ -37,7 +38,8 @@ Erreur ecrisPngRapide(const QImage& source, const std::string& chemin)
                              ? source
                              : source.convertToFormat(QImage::Format_RGB32);
     const int w = image.width(), h = image.height();
-    if (w <= 0 || h <= 0) return "Image vide : rien à écrire dans " + texteCite(chemin) + ".";
+    if (w <= 0 || h <= 0)
+        return "Image vide : rien à écrire dans " + texteCite(chemin) + ".";
 
     // Rows of filter byte 0 then R, G, B, converted and compressed a band of
     // rows at a time: small buffers, so that no large memory is touched
@@ -45,7 +47,8 @@ Erreur ecrisPngRapide(const QImage& source, const std::string& chemin)
     // its compression).
     z_stream z{};
     const Erreur compression = "Impossible d'écrire " + texteCite(chemin) + " : la compression de l'image a échoué.";
-    if (deflateInit2(&z, 1, Z_DEFLATED, 15, 8, Z_RLE) != Z_OK) return compression;
+    if (deflateInit2(&z, 1, Z_DEFLATED, 15, 8, Z_RLE) != Z_OK)
+        return compression;
     constexpr int lignesParBande = 32;
     const std::size_t octetsLigne = 1 + 3 * static_cast<std::size_t>(w);
     std::vector<unsigned char> bande(octetsLigne * lignesParBande);
@@ -75,14 +78,15 @@ Erreur ecrisPngRapide(const QImage& source, const std::string& chemin)
         } while (etat == Z_OK && (z.avail_in > 0 || (mode == Z_FINISH && z.avail_out == 0)));
     }
     deflateEnd(&z);
-    if (etat != Z_STREAM_END) return compression;
+    if (etat != Z_STREAM_END)
+        return compression;
 
     std::vector<unsigned char> entete;
     ajoute32(entete, static_cast<std::uint32_t>(w));
     ajoute32(entete, static_cast<std::uint32_t>(h));
-    entete.insert(entete.end(), {8, 2, 0, 0, 0});   // 8 bits, RGB, deflate, no filter, not interlaced
+    entete.insert(entete.end(), {8, 2, 0, 0, 0});  // 8 bits, RGB, deflate, no filter, not interlaced
     std::vector<unsigned char> physique;
-    ajoute32(physique, 3780);   // 96 dots per inch, in dots per metre
+    ajoute32(physique, 3780);  // 96 dots per inch, in dots per metre
     ajoute32(physique, 3780);
     physique.push_back(1);
 

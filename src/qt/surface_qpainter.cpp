@@ -9,8 +9,8 @@ namespace velorin {
 namespace {
 
 constexpr double twipsParPouce = 1440;
-constexpr int piecesLargesMax = 8;            // points of a wide polyline piece
-constexpr int piecesFinesMax = 4096;          // points of a 1-pixel polyline
+constexpr int piecesLargesMax = 8;    // points of a wide polyline piece
+constexpr int piecesFinesMax = 4096;  // points of a 1-pixel polyline
 
 }  // namespace
 
@@ -28,16 +28,13 @@ QImage imagePourSurface(int largeurPx, int hauteurPx, qreal ratio)
 }
 
 SurfaceQPainter::SurfaceQPainter(QPaintDevice& device)
-    : SurfaceQPainter(device, device.width() / device.devicePixelRatioF() * twipsParPouce /
-                                  device.logicalDpiX(),
-                      device.height() / device.devicePixelRatioF() * twipsParPouce /
-                          device.logicalDpiY())
-{
-}
+    : SurfaceQPainter(device, device.width() / device.devicePixelRatioF() * twipsParPouce / device.logicalDpiX(),
+                      device.height() / device.devicePixelRatioF() * twipsParPouce / device.logicalDpiY())
+{ }
 
 SurfaceQPainter::SurfaceQPainter(QPaintDevice& device, double largeurTwips, double hauteurTwips)
-    : propre_(std::make_unique<QPainter>(&device)), painter_(propre_.get()),
-      largeur_(largeurTwips), hauteur_(hauteurTwips)
+    : propre_(std::make_unique<QPainter>(&device)), painter_(propre_.get()), largeur_(largeurTwips),
+      hauteur_(hauteurTwips)
 {
     prepare(device);
 }
@@ -147,8 +144,7 @@ void SurfaceQPainter::Print(const std::string& texte)
     painter_->setFont(f);
     painter_->setPen(couleurQt(ForeColor));
     const QFontMetricsF m(f, painter_->device());
-    painter_->drawText(point(CurrentX, CurrentY) + QPointF(0, m.ascent()),
-                       QString::fromStdString(texte));
+    painter_->drawText(point(CurrentX, CurrentY) + QPointF(0, m.ascent()), QString::fromStdString(texte));
     CurrentX = 0;
     CurrentY += TextHeight();
 }

@@ -64,7 +64,7 @@ private:
     std::unique_ptr<QPainter> propre_;  // the painter this surface began, if any
     QPainter* painter_ = nullptr;
     double largeur_ = 0, hauteur_ = 0;
-    double kx_ = 1, ky_ = 1;            // logical pixels per twip
+    double kx_ = 1, ky_ = 1;  // logical pixels per twip
 
     // The polyline being gathered and the pen it was started with.
     QPolygonF trait_;

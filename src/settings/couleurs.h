@@ -25,18 +25,18 @@ struct CouleursDefaut {
 // The colour scheme: colours of the curves, tangents, radii, projection marks
 // and of the frame.
 struct SchemaCouleurs {
-    Couleur couleurTrace = 0xFFFF;     // a single curve
-    Couleur couleurFamille = 0xFFFF;   // the curves of a family
+    Couleur couleurTrace = 0xFFFF;    // a single curve
+    Couleur couleurFamille = 0xFFFF;  // the curves of a family
     Couleur couleurTangente = 0xFF;
     Couleur couleurRayon = 0xFF00FF;
     Couleur couleurProjOx = 0xFFFF00;
     Couleur couleurProjOy = 0xFFFF00;
     Couleur couleurProjOz = 0xFFFF00;
-    Couleur couleurProjXOy = 0xFF0000; // forced to blue by the point step
+    Couleur couleurProjXOy = 0xFF0000;  // forced to blue by the point step
     Couleur couleurProjXOz = 0xFF00;
     Couleur couleurProjYOz = 0x4080FF;
-    Couleur couleurAxes = 0xFFFFFF;    // frame: axes, letters, numbers
-    Couleur couleurFond = 0;           // reference colour for erasing
+    Couleur couleurAxes = 0xFFFFFF;  // frame: axes, letters, numbers
+    Couleur couleurFond = 0;         // reference colour for erasing
 };
 
 }  // namespace velorin

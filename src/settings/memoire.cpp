@@ -1,7 +1,7 @@
 #include "settings/memoire.h"
 
-#include <charconv>
 #include <cfloat>
+#include <charconv>
 #include <cmath>
 #include <fstream>
 #include <sstream>
@@ -26,19 +26,22 @@ struct Champ {
     Membre membre;
 };
 
-#define CHAMP(m) Champ{#m, &Parametres::m}
+#define CHAMP(m)                                                                                                       \
+    Champ                                                                                                              \
+    {                                                                                                                  \
+#m, &Parametres::m                                                                                             \
+    }
 // Lines 1 to 5 of the file, in order; line 6 is written apart.
 const std::vector<std::vector<Champ>>& lignesFichier()
 {
     static const std::vector<std::vector<Champ>> lignes = {
         {CHAMP(xmin), CHAMP(xmax), CHAMP(ymin), CHAMP(ymax), CHAMP(zmin), CHAMP(zmax)},
         {CHAMP(tmin), CHAMP(tmax), CHAMP(pasT), CHAMP(amin), CHAMP(amax), CHAMP(pasA)},
-        {CHAMP(nbrCalX), CHAMP(nbrCalY), CHAMP(nbrCalZ), CHAMP(Xviseur), CHAMP(Yviseur),
-         CHAMP(Zviseur)},
+        {CHAMP(nbrCalX), CHAMP(nbrCalY), CHAMP(nbrCalZ), CHAMP(Xviseur), CHAMP(Yviseur), CHAMP(Zviseur)},
         {CHAMP(pasRota), CHAMP(Xdirection), CHAMP(Ydirection), CHAMP(Zdirection), CHAMP(Rotadir),
          CHAMP(repereOrthonorme), CHAMP(traceContinu), CHAMP(avecSegmentTangent)},
-        {CHAMP(projXOy), CHAMP(projXOz), CHAMP(projYOz), CHAMP(projOx), CHAMP(projOy),
-         CHAMP(projOz), CHAMP(axesVisibles), CHAMP(avecRayon), CHAMP(fondBlanc)},
+        {CHAMP(projXOy), CHAMP(projXOz), CHAMP(projYOz), CHAMP(projOx), CHAMP(projOy), CHAMP(projOz),
+         CHAMP(axesVisibles), CHAMP(avecRayon), CHAMP(fondBlanc)},
     };
     return lignes;
 }
@@ -166,16 +169,16 @@ Erreur convertis(const std::string& texte, const Champ& champ, Parametres& p)
     if (auto f = std::get_if<float Parametres::*>(&champ.membre)) {
         if (std::fabs(v) > FLT_MAX)
             return hors + " (simple précision)";
-        p.**f = static_cast<float>(v);
+        p.** f = static_cast<float>(v);
     } else if (auto e = std::get_if<std::int16_t Parametres::*>(&champ.membre)) {
         const double arrondi = std::nearbyint(v);
         if (arrondi < -32768 || arrondi > 32767)
             return hors + " (-32768 à 32767)";
-        p.**e = static_cast<std::int16_t>(arrondi);
+        p.** e = static_cast<std::int16_t>(arrondi);
     } else if (auto c = std::get_if<int Parametres::*>(&champ.membre)) {
         if (v != 0 && v != 1)
             return texteSur(texte) + " pour " + champ.nom + " : 0 ou 1 attendu";
-        p.**c = static_cast<int>(v);
+        p.** c = static_cast<int>(v);
     } else {
         p.*std::get<double Parametres::*>(champ.membre) = v;
     }
@@ -207,8 +210,7 @@ std::string texteMemoire(const Parametres& p)
     return s;
 }
 
-Erreur analyseMemoire(const std::string& contenu, const std::string& chemin,
-                                          Parametres& p)
+Erreur analyseMemoire(const std::string& contenu, const std::string& chemin, Parametres& p)
 {
     if (contenu.rfind("\xFF\xFE", 0) == 0 || contenu.rfind("\xFE\xFF", 0) == 0)
         return "Fichier " + texteSur(chemin) +
@@ -219,12 +221,11 @@ Erreur analyseMemoire(const std::string& contenu, const std::string& chemin,
         if (n > static_cast<int>(lignes.size()))
             return enTete(chemin, n) + "ligne manquante";
         const std::vector<std::string> valeurs = valeursDeLigne(lignes[n - 1]);
-        const std::vector<Champ> champs =
-            n <= 5 ? lignesFichier()[n - 1] : std::vector<Champ>{champPause};
+        const std::vector<Champ> champs = n <= 5 ? lignesFichier()[n - 1] : std::vector<Champ>{champPause};
         const bool exact = n <= 5;
         if (exact ? valeurs.size() != champs.size() : valeurs.empty())
-            return enTete(chemin, n) + std::to_string(exact ? champs.size() : 3) +
-                   " valeurs attendues, " + valeursTrouvees(valeurs.size()) +
+            return enTete(chemin, n) + std::to_string(exact ? champs.size() : 3) + " valeurs attendues, " +
+                   valeursTrouvees(valeurs.size()) +
                    (valeurs.size() > champs.size()
                         ? " (le séparateur décimal doit être « . » : une virgule sépare deux valeurs)"
                         : "");

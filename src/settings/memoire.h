@@ -40,8 +40,7 @@ std::string texteMemoire(const Parametres& p);
 // (half to even) and must lie in -32768..32767; a check box takes 0 or 1,
 // and "#TRUE#"/"#FALSE#" are taken there as 1 and 0 (the other fields need a
 // number).
-Erreur analyseMemoire(const std::string& contenu, const std::string& chemin,
-                                          Parametres& p);
+Erreur analyseMemoire(const std::string& contenu, const std::string& chemin, Parametres& p);
 
 // Reads the file `chemin` (see analyseMemoire). The path is checked first
 // (verifieFichierLisible): a missing file, a folder, a FIFO, a device or a

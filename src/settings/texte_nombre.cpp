@@ -14,9 +14,9 @@ Decimal decimal(double valeur, int significatifs)
     d.negatif = valeur < 0;
     // "d.ddddde+XX": to_chars never looks at the locale.
     char tampon[64];
-    const auto fin =
-        std::to_chars(tampon, tampon + sizeof tampon, std::fabs(valeur),
-                      std::chars_format::scientific, significatifs - 1).ptr;
+    const auto fin = std::to_chars(tampon, tampon + sizeof tampon, std::fabs(valeur), std::chars_format::scientific,
+                                   significatifs - 1)
+                         .ptr;
     const std::string texte(tampon, fin);
     const std::size_t e = texte.find('e');
     for (std::size_t i = 0; i < e; ++i)

@@ -10,19 +10,22 @@ namespace velorin {
 namespace {
 
 struct Motif {
-    std::string avant, apres;     // literal text around the number
-    int entiersForces = 0;        // "0"s before the point
+    std::string avant, apres;  // literal text around the number
+    int entiersForces = 0;     // "0"s before the point
     bool point = false;
-    int decimalesForcees = 0;     // "0"s after the point
-    int decimalesOptionnelles = 0;// "#"s after them
-    int entiers = 0;              // all digit places before the point
+    int decimalesForcees = 0;       // "0"s after the point
+    int decimalesOptionnelles = 0;  // "#"s after them
+    int entiers = 0;                // all digit places before the point
     bool scientifique = false;
     char lettreE = 'E';
-    bool signeToujours = false;   // "E+"
+    bool signeToujours = false;  // "E+"
     int chiffresExposant = 0;
 };
 
-bool estChiffre(char c) { return c == '0' || c == '#'; }
+bool estChiffre(char c)
+{
+    return c == '0' || c == '#';
+}
 
 Motif analyse(const std::string& m)
 {

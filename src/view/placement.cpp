@@ -15,8 +15,7 @@ bool Cadre::dans(double W, double H) const
     return x >= 0 && y >= 0 && x + largeur <= W && y + hauteur <= H;
 }
 
-bool coupeSegment(double& x1, double& y1, double& x2, double& y2, double xmin, double ymin,
-                  double xmax, double ymax)
+bool coupeSegment(double& x1, double& y1, double& x2, double& y2, double xmin, double ymin, double xmax, double ymax)
 {
     // Liang-Barsky: the part t0..t1 of x1 + t dx that lies inside.
     const double dx = x2 - x1, dy = y2 - y1;
@@ -56,25 +55,25 @@ namespace {
 bool touche(const Cadre& c, const Segment& s, double marge)
 {
     double x1 = s.x1, y1 = s.y1, x2 = s.x2, y2 = s.y2;
-    return coupeSegment(x1, y1, x2, y2, c.x - marge, c.y - marge, c.x + c.largeur + marge,
-                        c.y + c.hauteur + marge);
+    return coupeSegment(x1, y1, x2, y2, c.x - marge, c.y - marge, c.x + c.largeur + marge, c.y + c.hauteur + marge);
 }
 
 }  // namespace
 
-std::optional<Cadre> placeCadre(double px, double py, double ux, double uy, double largeur,
-                                double hauteur, double ecart, const std::vector<Cadre>& occupes,
-                                const std::vector<Segment>& traits, double W, double H,
-                                int directions)
+std::optional<Cadre> placeCadre(double px, double py, double ux, double uy, double largeur, double hauteur,
+                                double ecart, const std::vector<Cadre>& occupes, const std::vector<Segment>& traits,
+                                double W, double H, int directions)
 {
     const double n = std::hypot(ux, uy);
     const double angle0 = n > 0 ? std::atan2(uy, ux) : 0;
     const double pas = std::atan(1.0) / 2;  // 22.5 degrees
     // Clear of the lines, a little further away if need be; then only clear
     // of the other boxes.
-    struct Essai { bool eviteTraits; double eloignement; };
-    for (const Essai essai : {Essai{true, 1}, Essai{true, 2}, Essai{true, 3}, Essai{false, 1},
-                              Essai{false, 2}}) {
+    struct Essai {
+        bool eviteTraits;
+        double eloignement;
+    };
+    for (const Essai essai : {Essai{true, 1}, Essai{true, 2}, Essai{true, 3}, Essai{false, 1}, Essai{false, 2}}) {
         const double e = ecart * essai.eloignement;
         // Keeping clear of the lines is not worth going round to the far
         // side of the point.
@@ -89,8 +88,7 @@ std::optional<Cadre> placeCadre(double px, double py, double ux, double uy, doub
             const double d = e + std::abs(cx) * largeur / 2 + std::abs(cy) * hauteur / 2;
             // A box that sticks out of the surface is pushed back inside.
             const Cadre c{std::max(0.0, std::min(px + d * cx - largeur / 2, W - largeur)),
-                          std::max(0.0, std::min(py + d * cy - hauteur / 2, H - hauteur)),
-                          largeur, hauteur};
+                          std::max(0.0, std::min(py + d * cy - hauteur / 2, H - hauteur)), largeur, hauteur};
             if (!c.dans(W, H))
                 continue;
             // Boxes keep a little apart so that two texts never read as one.

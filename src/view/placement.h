@@ -21,8 +21,7 @@ struct Segment {
 // Clips the segment to the rectangle [xmin, xmax] x [ymin, ymax] (xmin <=
 // xmax, ymin <= ymax); returns
 // false (and leaves the ends alone) when nothing of it is inside.
-bool coupeSegment(double& x1, double& y1, double& x2, double& y2, double xmin, double ymin,
-                  double xmax, double ymax);
+bool coupeSegment(double& x1, double& y1, double& x2, double& y2, double xmin, double ymin, double xmax, double ymax);
 
 // A box of size largeur x hauteur just beside the point (px, py), at the
 // distance `ecart` from it, in the direction (ux, uy) or failing that in the
@@ -32,9 +31,8 @@ bool coupeSegment(double& x1, double& y1, double& x2, double& y2, double xmin, d
 // the lines `traits` (by `ecart` / 2) is preferred, within 90 degrees of
 // (ux, uy) and up to three times further, over one that only avoids the
 // boxes (up to twice further). Nothing when no place is free.
-std::optional<Cadre> placeCadre(double px, double py, double ux, double uy, double largeur,
-                                double hauteur, double ecart, const std::vector<Cadre>& occupes,
-                                const std::vector<Segment>& traits, double W, double H,
-                                int directions = 16);
+std::optional<Cadre> placeCadre(double px, double py, double ux, double uy, double largeur, double hauteur,
+                                double ecart, const std::vector<Cadre>& occupes, const std::vector<Segment>& traits,
+                                double W, double H, int directions = 16);
 
 }  // namespace velorin

@@ -27,8 +27,7 @@ bool divise(double numerateur, double diviseur, double& resultat)
 }
 
 // Writes base + composante / diviseur into `cible` unless the statement fails.
-template <typename T>
-void affecte(T& cible, double base, double composante, double diviseur)
+template <typename T> void affecte(T& cible, double base, double composante, double diviseur)
 {
     double q;
     if (divise(composante, diviseur, q) && std::isfinite(base + q))
@@ -47,8 +46,8 @@ double normeCarree(double a, double b, double c)
     return a * a + b * b + c * c;
 }
 
-void produitVectoriel(double a1, double a2, double a3, double b1, double b2, double b3,
-                      double& c1, double& c2, double& c3)
+void produitVectoriel(double a1, double a2, double a3, double b1, double b2, double b3, double& c1, double& c2,
+                      double& c3)
 {
     c1 = a2 * b3 - a3 * b2;
     c2 = a3 * b1 - a1 * b3;
@@ -92,8 +91,7 @@ void prepareVue(const Parametres& p, bool modeEspace, Vue& v)
     affecte(v.repereVZ, v.centreVueZ, vz, nv);
 }
 
-bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, double y, double z,
-              double& sx, double& sy)
+bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, double y, double z, double& sx, double& sy)
 {
     double ex, ey;
     if (!modeEspace) {
@@ -108,8 +106,7 @@ bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, doub
         const double k = c != 0 ? 1 / c : std::pow(10.0, 6);
         // Behind the viewer (c < 0) the point goes through it to the other side.
         double qx, qy, qz;
-        if (!divise((x - ox) * k, d1, qx) || !divise((y - oy) * k, d1, qy) ||
-            !divise((z - oz) * k, d1, qz))
+        if (!divise((x - ox) * k, d1, qx) || !divise((y - oy) * k, d1, qy) || !divise((z - oz) * k, d1, qz))
             return false;  // the point is at the viewer
         qx += ox;
         qy += oy;

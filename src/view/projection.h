@@ -8,8 +8,8 @@
 namespace velorin {
 
 double normeCarree(double a, double b, double c);
-void produitVectoriel(double a1, double a2, double a3, double b1, double b2, double b3,
-                      double& c1, double& c2, double& c3);
+void produitVectoriel(double a1, double a2, double a3, double b1, double b2, double b3, double& c1, double& c2,
+                      double& c3);
 double cosinusAngle(double a, double b, double c);
 
 // Centre of the picture plane and the two reference points (space mode only).
@@ -17,8 +17,7 @@ void prepareVue(const Parametres& p, bool modeEspace, Vue& v);
 
 // Projects (x, y, z) onto the surface. Returns false when the point cannot be
 // projected (a point at the viewer): the caller does not draw it.
-bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, double y, double z,
-              double& sx, double& sy);
+bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, double y, double z, double& sx, double& sy);
 
 // The base frame: every axis over [-10, 10].
 void remetBase(Parametres& p);

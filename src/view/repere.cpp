@@ -15,8 +15,7 @@ Couleur inverseVideo(Couleur c)
     return (~c) & 0xFFFFFF;
 }
 
-CouleursRepere couleursRepere(const Parametres& p, const SchemaCouleurs& schema,
-                              bool inversionVideo)
+CouleursRepere couleursRepere(const Parametres& p, const SchemaCouleurs& schema, bool inversionVideo)
 {
     CouleursRepere c;
     const bool blanc = p.fondBlanc == 1;
@@ -31,8 +30,7 @@ CouleursRepere couleursRepere(const Parametres& p, const SchemaCouleurs& schema,
     return c;
 }
 
-void effaceEcran(const Parametres& p, SchemaCouleurs& schema, bool inversionVideo,
-                 Surface& surface)
+void effaceEcran(const Parametres& p, SchemaCouleurs& schema, bool inversionVideo, Surface& surface)
 {
     const CouleursRepere c = couleursRepere(p, schema, inversionVideo);
     schema.couleurFond = c.fond;
@@ -76,10 +74,11 @@ public:
 
     void trace()
     {
-        struct Bout { double x, y, z, valeur; };
-        const Bout bouts[6] = {{p_.xmin, 0, 0, p_.xmin}, {p_.xmax, 0, 0, p_.xmax},
-                               {0, p_.ymin, 0, p_.ymin}, {0, p_.ymax, 0, p_.ymax},
-                               {0, 0, p_.zmin, p_.zmin}, {0, 0, p_.zmax, p_.zmax}};
+        struct Bout {
+            double x, y, z, valeur;
+        };
+        const Bout bouts[6] = {{p_.xmin, 0, 0, p_.xmin}, {p_.xmax, 0, 0, p_.xmax}, {0, p_.ymin, 0, p_.ymin},
+                               {0, p_.ymax, 0, p_.ymax}, {0, 0, p_.zmin, p_.zmin}, {0, 0, p_.zmax, p_.zmax}};
         for (int i = 0; i < 6; ++i) {
             const Bout& b = bouts[i];
             double ax, ay, bx, by;
@@ -89,8 +88,8 @@ public:
             const double l = std::hypot(bx - ax, by - ay);
             double ex, ey;
             if (l >= 1)
-                vus_[i] = {true, entier(b.x, b.y, b.z, ex, ey) && t_.dedans(bx, by), bx, by,
-                           (bx - ax) / l, (by - ay) / l};
+                vus_[i] = {true,         entier(b.x, b.y, b.z, ex, ey) && t_.dedans(bx, by), bx, by, (bx - ax) / l,
+                           (by - ay) / l};
         }
         for (int i = 0; i < 6; ++i) {
             const DemiAxe& d = vus_[i];
@@ -103,8 +102,8 @@ public:
         for (int i = 0; i < 6; ++i)
             if (vus_[i].bout) {
                 const double v = bouts[i].valeur;
-                t_.texte(formatNombre(v, motifGraduation(v)), vus_[i].x, vus_[i].y, vus_[i].ux,
-                         vus_[i].uy, ecartNombre);
+                t_.texte(formatNombre(v, motifGraduation(v)), vus_[i].x, vus_[i].y, vus_[i].ux, vus_[i].uy,
+                         ecartNombre);
             }
     }
 
@@ -146,10 +145,13 @@ private:
     // tick; then "O" in the widest angle left between the half-axes.
     void lettres()
     {
-        struct Unite { const char* nom; double x, y, z, max; const DemiAxe& axe; };
-        const Unite unites[3] = {{"I", 1, 0, 0, p_.xmax, vus_[1]},
-                                 {"J", 0, 1, 0, p_.ymax, vus_[3]},
-                                 {"K", 0, 0, 1, p_.zmax, vus_[5]}};
+        struct Unite {
+            const char* nom;
+            double x, y, z, max;
+            const DemiAxe& axe;
+        };
+        const Unite unites[3] = {
+            {"I", 1, 0, 0, p_.xmax, vus_[1]}, {"J", 0, 1, 0, p_.ymax, vus_[3]}, {"K", 0, 0, 1, p_.zmax, vus_[5]}};
         for (const Unite& u : unites) {
             double sx, sy;
             if (!entier(u.x, u.y, u.z, sx, sy) || !t_.dedans(sx, sy))
@@ -210,8 +212,7 @@ private:
 
 }  // namespace
 
-void traceRepere(const Parametres& p, const Vue& v, bool modeEspace, Couleur couleurAxes,
-                 Surface& surface)
+void traceRepere(const Parametres& p, const Vue& v, bool modeEspace, Couleur couleurAxes, Surface& surface)
 {
     if (p.axesVisibles == 0)
         return;

@@ -25,13 +25,11 @@ Couleur inverseVideo(Couleur c);
 // then reverses both. This is also the erasing reference colour: clearing
 // uses `fond`. A frame colour equal to the background would hide the frame:
 // it is then replaced by the inverse of the background.
-CouleursRepere couleursRepere(const Parametres& p, const SchemaCouleurs& schema,
-                              bool inversionVideo);
+CouleursRepere couleursRepere(const Parametres& p, const SchemaCouleurs& schema, bool inversionVideo);
 
 // Clears the surface to the background in force and records that colour in
 // schema.couleurFond.
-void effaceEcran(const Parametres& p, SchemaCouleurs& schema, bool inversionVideo,
-                 Surface& surface);
+void effaceEcran(const Parametres& p, SchemaCouleurs& schema, bool inversionVideo, Surface& surface);
 
 // Draws the frame in `couleurAxes` for the viewing values `v` in space
 // (modeEspace) or in the plane (prepareVue and calibre must have run);
@@ -49,8 +47,7 @@ void effaceEcran(const Parametres& p, SchemaCouleurs& schema, bool inversionVide
 // numbers, "O" at the origin.
 // No text overlaps another: a number that finds no free place near its
 // point is left out.
-void traceRepere(const Parametres& p, const Vue& v, bool modeEspace, Couleur couleurAxes,
-                 Surface& surface);
+void traceRepere(const Parametres& p, const Vue& v, bool modeEspace, Couleur couleurAxes, Surface& surface);
 
 // The format of a number at the end of an axis, by magnitude: "0.000" for 0
 // and for 0.01 <= |v| < 10, "00.00" for 10 <= |v| < 100, "0.00E-00" below

@@ -12,10 +12,10 @@ namespace velorin {
 
 namespace {
 
-constexpr double demiGraduation = 50;   // half-length of a tick
-constexpr double ecartNombre = 50;      // between a tick and its number
-constexpr double espacementMin = 600;   // no two ticks closer (40 px at 96 dpi)
-constexpr double aere = 2.5;            // tick spacing / size of a number
+constexpr double demiGraduation = 50;  // half-length of a tick
+constexpr double ecartNombre = 50;     // between a tick and its number
+constexpr double espacementMin = 600;  // no two ticks closer (40 px at 96 dpi)
+constexpr double aere = 2.5;           // tick spacing / size of a number
 constexpr int graduationsMax = 200;
 // Least room between a number and the edge of the picture: xmin and ymax
 // lie only decalPlanGauche and decalPlanHaut from the edges, and a number
@@ -69,10 +69,7 @@ double choisisPas(double etendue, double unite, const std::function<double(doubl
 
 class ReperePlan {
 public:
-    ReperePlan(const Parametres& p, const Vue& v, TraceRepere& t)
-        : p_(p), v_(v), t_(t), s_(t.surface)
-    {
-    }
+    ReperePlan(const Parametres& p, const Vue& v, TraceRepere& t) : p_(p), v_(v), t_(t), s_(t.surface) { }
 
     void trace()
     {
@@ -100,10 +97,7 @@ public:
     }
 
 private:
-    void image(double x, double y, double& sx, double& sy) const
-    {
-        projette(p_, v_, false, x, y, 0, sx, sy);
-    }
+    void image(double x, double y, double& sx, double& sy) const { projette(p_, v_, false, x, y, 0, sx, sy); }
 
     double largeurMax(const std::vector<double>& valeurs, const std::string& motif) const
     {
@@ -132,8 +126,7 @@ private:
             if (v != x0 || x0 != 0) {
                 const std::string texte = formatNombre(v, motif);
                 // A tick out of sight keeps its number out of sight.
-                const double x =
-                    t_.dedans(sx, yAxe) ? centreDedans(sx, s_.TextWidth(texte), s_.Width()) : sx;
+                const double x = t_.dedans(sx, yAxe) ? centreDedans(sx, s_.TextWidth(texte), s_.Width()) : sx;
                 t_.texte(texte, x, yAxe, 0, dessous, ecartNombre, 1);
             }
         }
@@ -144,9 +137,8 @@ private:
         const double unite = std::fabs(v_.echelleY);
         if (!(unite > 0))
             return;
-        const double pas = choisisPas(p_.ymax - p_.ymin, unite, [&](double) {
-            return std::max(espacementMin, aere * s_.TextHeight());
-        });
+        const double pas = choisisPas(p_.ymax - p_.ymin, unite,
+                                      [&](double) { return std::max(espacementMin, aere * s_.TextHeight()); });
         const std::string motif = motifPas(pas);
         const auto valeurs = valeursGraduees(p_.ymin, p_.ymax, pas);
         // Numbers left of the axis, right of it when there is no room left.
@@ -156,8 +148,7 @@ private:
             image(0, v, sx, sy);
             t_.trait(xAxe, sy, 0, 1, demiGraduation);
             if (v != y0 || y0 != 0) {
-                const double y =
-                    t_.dedans(xAxe, sy) ? centreDedans(sy, s_.TextHeight(), s_.Height()) : sy;
+                const double y = t_.dedans(xAxe, sy) ? centreDedans(sy, s_.TextHeight(), s_.Height()) : sy;
                 t_.texte(formatNombre(v, motif), xAxe, y, gauche, 0, ecartNombre, 1);
             }
         }

@@ -5,8 +5,8 @@
 namespace velorin {
 
 TraceRepere::TraceRepere(Surface& s, Couleur couleur)
-    : surface(s), couleur_(couleur), x_(s.CurrentX), y_(s.CurrentY), encre_(s.ForeColor),
-      largeur_(s.DrawWidth), style_(s.DrawStyle), police_(s.FontName), taille_(s.FontSize)
+    : surface(s), couleur_(couleur), x_(s.CurrentX), y_(s.CurrentY), encre_(s.ForeColor), largeur_(s.DrawWidth),
+      style_(s.DrawStyle), police_(s.FontName), taille_(s.FontSize)
 {
     s.DrawWidth = 1;
     s.DrawStyle = 0;
@@ -52,14 +52,13 @@ void TraceRepere::trait(double x, double y, double ux, double uy, double demi)
     ligne(x - demi * uy, y + demi * ux, x + demi * uy, y - demi * ux);
 }
 
-bool TraceRepere::texte(const std::string& t, double px, double py, double ux, double uy,
-                        double ecart, int directions)
+bool TraceRepere::texte(const std::string& t, double px, double py, double ux, double uy, double ecart, int directions)
 {
     // Nothing is written about a point out of sight.
     if (!dedans(px, py))
         return false;
-    const auto cadre = placeCadre(px, py, ux, uy, surface.TextWidth(t), surface.TextHeight(), ecart,
-                                  occupes_, traits_, surface.Width(), surface.Height(), directions);
+    const auto cadre = placeCadre(px, py, ux, uy, surface.TextWidth(t), surface.TextHeight(), ecart, occupes_, traits_,
+                                  surface.Width(), surface.Height(), directions);
     if (!cadre)
         return false;
     occupes_.push_back(*cadre);

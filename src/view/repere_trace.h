@@ -31,8 +31,7 @@ public:
     // Text beside (px, py) towards (ux, uy) where it overlaps no other text
     // and if possible no line (see placeCadre); false when it found no place
     // and was left out.
-    bool texte(const std::string& t, double px, double py, double ux, double uy, double ecart,
-               int directions = 16);
+    bool texte(const std::string& t, double px, double py, double ux, double uy, double ecart, int directions = 16);
 
     Surface& surface;
 

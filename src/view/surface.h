@@ -39,15 +39,15 @@ public:
     // Puts on the device whatever the surface still holds back (a surface
     // may gather consecutive segments into one polyline). Call it before the
     // picture is shown, saved or printed; drawing may go on afterwards.
-    virtual void Acheve() {}
+    virtual void Acheve() { }
 
     // Pen and font state; stays in force until changed.
     double CurrentX = 0, CurrentY = 0;
     Couleur ForeColor = 0;
-    int DrawWidth = 1;   // pixels
-    int DrawStyle = 0;   // 0 solid, 2 dotted
+    int DrawWidth = 1;  // pixels
+    int DrawStyle = 0;  // 0 solid, 2 dotted
     std::string FontName = "Arial";
-    double FontSize = 8; // points
+    double FontSize = 8;  // points
 };
 
 // The 16-colour console palette (QBColor 0..15).

@@ -1,6 +1,5 @@
 #include "view/surface_enregistreuse.h"
 
-
 #include "settings/texte_nombre.h"
 
 namespace velorin {
@@ -14,10 +13,7 @@ std::size_t nombreCaracteres(const std::string& texte)
     return n;
 }
 
-SurfaceEnregistreuse::SurfaceEnregistreuse(double largeur, double hauteur)
-    : largeur_(largeur), hauteur_(hauteur)
-{
-}
+SurfaceEnregistreuse::SurfaceEnregistreuse(double largeur, double hauteur) : largeur_(largeur), hauteur_(hauteur) { }
 
 OperationDessin SurfaceEnregistreuse::nouvelle(OperationDessin::Genre genre, Couleur couleur) const
 {
@@ -147,7 +143,10 @@ std::string SurfaceEnregistreuse::journal() const
 void ajouteAuJournal(const OperationDessin& op, std::string& s)
 {
     using G = OperationDessin::Genre;
-    auto champ = [&s](const std::string& t) { s += ' '; s += t; };
+    auto champ = [&s](const std::string& t) {
+        s += ' ';
+        s += t;
+    };
     switch (op.genre) {
     case G::Ligne:
         s += "LINE";

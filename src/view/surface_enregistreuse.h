@@ -35,10 +35,10 @@ struct OperationDessin {
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0;  // Point, Cercle, Texte: (x1, y1)
     double rayon = 0;
     Couleur couleur = 0;
-    int largeur = 1;   // DrawWidth
-    int style = 0;     // DrawStyle
+    int largeur = 1;  // DrawWidth
+    int style = 0;    // DrawStyle
     std::string police;
-    double taille = 0; // FontSize
+    double taille = 0;  // FontSize
     std::string texte;
 };
 

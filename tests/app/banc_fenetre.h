@@ -22,8 +22,7 @@
 namespace velorin::essai {
 
 // A control of a window or dialog, by its object name ("Command3", "List1").
-template <class T = QWidget>
-T* controle(const QObject& parent, const QString& nom)
+template <class T = QWidget> T* controle(const QObject& parent, const QString& nom)
 {
     T* c = parent.findChild<T*>(nom);
     EXPECT_NE(c, nullptr) << nom.toStdString();
@@ -72,8 +71,8 @@ private:
 struct Banc {
     QTemporaryDir dossier;
     Etat etat;
-    QStringList messages;                  // what the message boxes said
-    int fins = 0;                          // times the program asked to end
+    QStringList messages;                          // what the message boxes said
+    int fins = 0;                                  // times the program asked to end
     std::vector<std::optional<QString>> reponses;  // answers of the input boxes, in turn
     std::unique_ptr<Mirado> fenetre;
 

@@ -18,9 +18,11 @@ Sortie lance(const std::string& arguments)
     const std::string commande = std::string(VELORIN_BIN_DIR) + "/velorin calcule " + arguments + " 2>&1";
     Sortie s;
     FILE* f = popen(commande.c_str(), "r");
-    if (!f) return s;
+    if (!f)
+        return s;
     char tampon[256];
-    while (std::fgets(tampon, sizeof tampon, f)) s.texte += tampon;
+    while (std::fgets(tampon, sizeof tampon, f))
+        s.texte += tampon;
     const int brut = pclose(f);
     s.statut = WIFEXITED(brut) ? WEXITSTATUS(brut) : -1;
     return s;
@@ -71,10 +73,12 @@ TEST(CommandeCalcule, SortiePleine)
         ASSERT_NE(f, nullptr);
         std::string erreurs;
         char tampon[256];
-        while (std::fgets(tampon, sizeof tampon, f)) erreurs += tampon;
+        while (std::fgets(tampon, sizeof tampon, f))
+            erreurs += tampon;
         const int brut = pclose(f);
         EXPECT_TRUE(WIFEXITED(brut) && WEXITSTATUS(brut) == 2) << arguments;
-        EXPECT_EQ(erreurs, "velorin calcule : la sortie standard n'a pas pu être écrite en entier : le disque est plein.\n")
+        EXPECT_EQ(erreurs,
+                  "velorin calcule : la sortie standard n'a pas pu être écrite en entier : le disque est plein.\n")
             << arguments;
     }
 }

@@ -26,7 +26,8 @@ Sortie lanceSansAffichage(const QStringList& arguments, const QStringList& ajout
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     for (const char* nom : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR", "VELORIN_DEBUG"})
         env.remove(nom);
-    for (const QString& a : ajouts) env.insert(a.section('=', 0, 0), a.section('=', 1));
+    for (const QString& a : ajouts)
+        env.insert(a.section('=', 0, 0), a.section('=', 1));
     QProcess p;
     p.setProcessEnvironment(env);
     p.start(QString(VELORIN_BIN_DIR) + "/velorin", arguments);
@@ -93,7 +94,8 @@ TEST(Demarrage, SansFenetreSignaleSesEchecs)
     QProcess p;
     p.start(QString::fromStdString((dossier / "velorin").string()), {"sansfenetre"});
     p.waitForFinished(120000);
-    const std::string sortie = p.readAllStandardOutput().toStdString(), erreurs = p.readAllStandardError().toStdString();
+    const std::string sortie = p.readAllStandardOutput().toStdString(),
+                      erreurs = p.readAllStandardError().toStdString();
     EXPECT_EQ(p.exitCode(), 1);
     EXPECT_EQ(sortie.find("une image par entrée"), std::string::npos) << sortie;
     EXPECT_NE(erreurs.find("Apercus/espace » n'a pas pu être créé : un élément du chemin n'est pas un dossier"),

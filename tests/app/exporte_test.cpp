@@ -52,15 +52,15 @@ protected:
     }
     void TearDown() override { fs::remove_all(dossier_); }
 
-    Sortie lance(const QStringList& arguments, const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
+    Sortie lance(const QStringList& arguments,
+                 const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
     {
         QProcess p;
         p.setProcessEnvironment(environnement);
         p.setWorkingDirectory(QString::fromStdString(dossier_.string()));
         p.start(QString(VELORIN_BIN_DIR) + "/velorin", QStringList{"exporte"} + arguments);
         p.waitForFinished(60000);
-        return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
-                p.readAllStandardError().toStdString()};
+        return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, p.readAllStandardError().toStdString()};
     }
     QString chemin(const char* nom) const { return QString::fromStdString((dossier_ / nom).string()); }
     std::string contenu(const char* nom) const
@@ -75,7 +75,8 @@ protected:
     int autresFichiers() const
     {
         int n = 0;
-        for (const auto& e : fs::directory_iterator(dossier_)) n += e.path().filename() != "essai.lsu";
+        for (const auto& e : fs::directory_iterator(dossier_))
+            n += e.path().filename() != "essai.lsu";
         return n;
     }
 
@@ -83,7 +84,8 @@ protected:
     std::set<std::string> noms() const
     {
         std::set<std::string> n;
-        for (const auto& e : fs::directory_iterator(dossier_)) n.insert(e.path().filename().string());
+        for (const auto& e : fs::directory_iterator(dossier_))
+            n.insert(e.path().filename().string());
         return n;
     }
     void ecris(const char* nom, const std::string& texte) const
@@ -104,11 +106,14 @@ void sansAnglais(const std::string& erreurs, const std::string& cas)
 
 TEST_F(Exporte, QuatreFormats)
 {
-    struct Cas { const char* nom; const char* debut; };
+    struct Cas {
+        const char* nom;
+        const char* debut;
+    };
     const Cas cas[] = {{"a.png", "\x89PNG"}, {"a.svg", "<?xml"}, {"a.pdf", "%PDF"}, {"a.txt", "CLEAR "}};
     for (const Cas& c : cas) {
-        const Sortie s = lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--entree",
-                                "2", "--taille", "640x400", "--sortie", chemin(c.nom)});
+        const Sortie s = lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--entree", "2",
+                                "--taille", "640x400", "--sortie", chemin(c.nom)});
         ASSERT_EQ(s.code, 0) << c.nom << " " << s.erreurs;
         EXPECT_EQ(contenu(c.nom).rfind(c.debut, 0), 0u) << c.nom;
     }
@@ -116,19 +121,24 @@ TEST_F(Exporte, QuatreFormats)
     ASSERT_EQ(image.size(), QSize(640, 400));
     int dessines = 0;
     for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) dessines += image.pixel(x, y) != image.pixel(0, 0);
+        for (int x = 0; x < image.width(); ++x)
+            dessines += image.pixel(x, y) != image.pixel(0, 0);
     EXPECT_GT(dessines, 1000);
     // The journal holds the frame and both entries: the torus alone makes
     // thousands of lines.
     const std::string journal = contenu("a.txt");
     std::size_t lignes = 0;
-    for (char ch : journal) lignes += ch == '\n';
+    for (char ch : journal)
+        lignes += ch == '\n';
     EXPECT_GT(lignes, 5000u);
 }
 
 TEST_F(Exporte, ErreursSansFichier)
 {
-    struct Cas { QStringList arguments; const char* message; };
+    struct Cas {
+        QStringList arguments;
+        const char* message;
+    };
     const Cas cas[] = {
         {{"--catalogue", "absent.lsu", "--entree", "1", "--sortie", "x.png"}, "absent.lsu » n'existe pas"},
         {{"--catalogue", "essai.lsu", "--entree", "5", "--sortie", "x.png"}, "pas d'entrée 5"},
@@ -138,10 +148,12 @@ TEST_F(Exporte, ErreursSansFichier)
         {{"--catalogue", "essai.lsu", "--entree", "1", "--vite", "--sortie", "x.png"}, "option inconnue"},
         {{"--catalogue", "essai.lsu", "--sortie", "x.png"}, "--entree"},
         {{"--figure", "a.fig", "--sortie", "x.png"}, "pas encore disponible"},
-        {{"--catalogue", "essai.lsu", "--entree", "1", "--parametres", "absent.log", "--sortie", "x.png"}, "absent.log"},
+        {{"--catalogue", "essai.lsu", "--entree", "1", "--parametres", "absent.log", "--sortie", "x.png"},
+         "absent.log"},
         {{"--catalogue", "essai.lsu", "--entree", "1", "--entree", "3", "--sortie", "x.png"}, "est incorrecte"},
         {{"--catalogue", "essai.lsu", "--entree", "4", "--sortie", "x.txt"}, "Point incorrect"},
-        {{"--catalogue", "essai.lsu", "--entree", "1", "--sortie", "absent/x.png"}, "Le dossier de sortie « absent » n'existe pas"},
+        {{"--catalogue", "essai.lsu", "--entree", "1", "--sortie", "absent/x.png"},
+         "Le dossier de sortie « absent » n'existe pas"},
     };
     for (const Cas& c : cas) {
         const Sortie s = lance(QStringList{"--dossier", chemin("")} + c.arguments);
@@ -166,12 +178,16 @@ TEST_F(Exporte, CheminsRefuses)
     fs::create_symlink("boucle.png", d / "boucle.png");
     fs::create_symlink("boucle.d", d / "boucle.d");
     fs::create_symlink("cat.txt", d / "lien.txt");
-    struct Cas { QStringList arguments; const char* message; };
+    struct Cas {
+        QStringList arguments;
+        const char* message;
+    };
     const QString ici = chemin("");
     const Cas cas[] = {
         {{"--catalogue", "dossier.lsu", "--sortie", "x.png"}, "dossier.lsu » est un dossier"},
         {{"--catalogue", "tube.lsu", "--sortie", "x.png"}, "tube.lsu » est un tube nommé"},
-        {{"--catalogue", "boucle.lsu", "--sortie", "x.png"}, "boucle.lsu » est un lien symbolique qui tourne en boucle"},
+        {{"--catalogue", "boucle.lsu", "--sortie", "x.png"},
+         "boucle.lsu » est un lien symbolique qui tourne en boucle"},
         {{"--catalogue", "essai.lsu", "--parametres", "tube.log", "--sortie", "x.png"}, "tube.log » est un tube nommé"},
         {{"--catalogue", "essai.lsu", "--parametres", "dossier.lsu", "--sortie", "x.png"}, "Le fichier de paramètres"},
         {{"--catalogue", "essai.lsu", "--parametres", "boucle.lsu", "--sortie", "x.png"}, "tourne en boucle"},
@@ -181,7 +197,8 @@ TEST_F(Exporte, CheminsRefuses)
         {{"--catalogue", "essai.lsu", "--sortie", "boucle.d/x.png"}, "tourne en boucle"},
         {{"--catalogue", "cat.txt", "--sortie", "cat.txt"}, "est aussi lu par cette commande"},
         {{"--catalogue", "cat.txt", "--sortie", "./lien.txt"}, "est aussi lu par cette commande"},
-        {{"--catalogue", "cat.txt", "--sortie", ici + "/../" + QString::fromStdString(d.filename().string()) + "/cat.txt"},
+        {{"--catalogue", "cat.txt", "--sortie",
+          ici + "/../" + QString::fromStdString(d.filename().string()) + "/cat.txt"},
          "est aussi lu par cette commande"},
         {{"--catalogue", "essai.lsu", "--parametres", "p.txt", "--sortie", "p.txt"}, "est aussi lu par cette commande"},
     };
@@ -198,14 +215,15 @@ TEST_F(Exporte, CheminsRefuses)
     EXPECT_EQ(contenu("cat.txt"), catalogue);
     EXPECT_EQ(contenu("p.txt"), parametres);
     for (const char* dossier : {"absent", "boucle.d"}) {
-        const Sortie s = lance({"--dossier", chemin(dossier), "--catalogue", "essai.lsu", "--entree", "1", "--sortie",
-                                chemin("x.png")});
+        const Sortie s = lance(
+            {"--dossier", chemin(dossier), "--catalogue", "essai.lsu", "--entree", "1", "--sortie", chemin("x.png")});
         EXPECT_EQ(s.code, 2) << dossier;
         EXPECT_NE(s.erreurs.find(std::string("Le dossier (--dossier) « ")), std::string::npos) << s.erreurs;
         sansAnglais(s.erreurs, dossier);
     }
     // Permissions do not hold for root.
-    if (geteuid() == 0) return;
+    if (geteuid() == 0)
+        return;
     fs::copy_file(d / "essai.lsu", d / "secret.lsu");
     fs::permissions(d / "secret.lsu", fs::perms::none);
     fs::create_directory(d / "fige");
@@ -237,8 +255,8 @@ TEST_F(Exporte, DisquePlein)
         const std::string ancien = std::string("ancien contenu de ") + nom + "\n";
         ecris(nom, ancien);
         const std::set<std::string> avant = noms();
-        const Sortie s = lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--entree",
-                                "2", "--sortie", chemin(nom)},
+        const Sortie s = lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--entree", "2",
+                                "--sortie", chemin(nom)},
                                plein);
         EXPECT_EQ(s.code, 2) << nom;
         EXPECT_NE(s.erreurs.find(std::string(nom) + " » : le disque est plein"), std::string::npos) << s.erreurs;

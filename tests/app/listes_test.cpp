@@ -101,7 +101,8 @@ TEST(Coli, CatalogueIllisibleNommeAvecSaRaison)
          "permission refusée"},
     };
     for (const Cas& c : cas) {
-        if (std::string(c.nom) == "illisible" && geteuid() == 0) continue;  // root reads everything
+        if (std::string(c.nom) == "illisible" && geteuid() == 0)
+            continue;  // root reads everything
         Banc banc;
         const std::string lisurf = banc.chemin(QStringLiteral("Espace_courbes/Lisurf.lsu")).toStdString();
         std::filesystem::create_directories(std::filesystem::path(lisurf).parent_path());

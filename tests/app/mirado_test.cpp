@@ -5,11 +5,11 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QListWidget>
+#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
-#include <QListWidget>
-#include <QMenu>
 #include <QTimer>
 
 #include "app/fenetre/zone_dessin.h"
@@ -19,8 +19,7 @@
 namespace velorin::essai {
 namespace {
 
-const ::testing::Environment* const environnement =
-    ::testing::AddGlobalTestEnvironment(new EnvironnementQt);
+const ::testing::Environment* const environnement = ::testing::AddGlobalTestEnvironment(new EnvironnementQt);
 
 QStringList legendes(const std::vector<QAction*>& articles)
 {
@@ -93,12 +92,13 @@ TEST(Mirado, MenusDesCataloguesEtCreation)
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/a.lsu"), 1);
     banc.ecrisFichier(QStringLiteral("Espace_courbes/notes.txt"), "x");
     Mirado& m = banc.demarre();
-    EXPECT_EQ(legendes(articles(m, "mnulifi")), (QStringList{"a.lsu", "b.lsu", "Lisurf.lsu", "&Créer nouveau fichier"}));
+    EXPECT_EQ(legendes(articles(m, "mnulifi")),
+              (QStringList{"a.lsu", "b.lsu", "Lisurf.lsu", "&Créer nouveau fichier"}));
     EXPECT_EQ(legendes(articles(m, "mnulico")).last(), QStringLiteral("&Créer nouveau fichier"));
 
     struct Cas {
         std::optional<QString> reponse;
-        const char* fichier;   // catalogue in force afterwards
+        const char* fichier;  // catalogue in force afterwards
         bool message;
     };
     const Cas cas[] = {
@@ -134,8 +134,10 @@ TEST(Mirado, MenuEnvoyerLimiteATrenteEntrees)
         ASSERT_EQ(int(articles(m, "mnufa").size()), c.articles) << c.entrees;
         EXPECT_EQ(article(m, "mnufa", 0)->text(), QStringLiteral("0)Au choix dans la liste complète"));
         EXPECT_TRUE(article(m, "mnufa", 1)->text().startsWith(QStringLiteral("001)x=f1(t)=")));
-        EXPECT_TRUE(articles(m, "mnufa").back()->text().startsWith(
-            QString::fromStdString(entierFormate(c.articles - 1, 3) + ")")));
+        EXPECT_TRUE(articles(m, "mnufa")
+                        .back()
+                        ->text()
+                        .startsWith(QString::fromStdString(entierFormate(c.articles - 1, 3) + ")")));
         const auto* reste = m.findChild<QAction*>(QStringLiteral("mnufaReste"));
         if (c.reste) {
             ASSERT_NE(reste, nullptr);
@@ -217,8 +219,8 @@ TEST(Mirado, BasculeEspacePlan)
     for (const Cas& c : {Cas{false, "Plan_courbes/", "Plan_fig/", "Lico.lsu"},
                          Cas{true, "Espace_courbes/", "Espace_fig/", "Lisurf.lsu"}}) {
         const auto liste = articles(m, c.espace ? "mnulifi" : "mnulico");
-        const auto fichier = std::find_if(liste.begin(), liste.end(),
-                                          [&](QAction* a) { return a->text() == c.fichier; });
+        const auto fichier =
+            std::find_if(liste.begin(), liste.end(), [&](QAction* a) { return a->text() == c.fichier; });
         ASSERT_NE(fichier, liste.end()) << c.fichier;
         (*fichier)->trigger();
         const EtatFenetre& f = m.etat.fenetre;
@@ -230,7 +232,8 @@ TEST(Mirado, BasculeEspacePlan)
         EXPECT_EQ(controle(m, "Frame1")->isHidden(), !c.espace);
         EXPECT_EQ(controle(m, "Frame2")->isHidden(), c.espace);
         // The whole caption (shortened on the bar when it lacks room).
-        EXPECT_EQ(controle<QMenu>(m, "mnutrace")->menuAction()->toolTip(), "Dans " + QString::fromStdString(f.dossierCourbes) + c.fichier);
+        EXPECT_EQ(controle<QMenu>(m, "mnutrace")->menuAction()->toolTip(),
+                  "Dans " + QString::fromStdString(f.dossierCourbes) + c.fichier);
         EXPECT_EQ(m.etat.courbes.nbCourbes, 0);  // the other catalogue's drawing is forgotten
         EXPECT_EQ(int(articles(m, "mnufa").size()), 1 + (c.espace ? 2 : 1));
     }

@@ -1,13 +1,13 @@
 // The main window on a small screen: every menu of the bar stays reachable
 // (the long "Dans <folder><catalogue>" caption gives way) and the side column
 // scrolls when the window is too low for it.
+#include <QHelpEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QToolButton>
 #include <QToolTip>
-#include <QHelpEvent>
 
 #include "app/fenetre/zone_dessin.h"
 #include "banc_fenetre.h"
@@ -15,8 +15,7 @@
 namespace velorin::essai {
 namespace {
 
-const ::testing::Environment* const environnement =
-    ::testing::AddGlobalTestEnvironment(new EnvironnementQt);
+const ::testing::Environment* const environnement = ::testing::AddGlobalTestEnvironment(new EnvironnementQt);
 
 TEST(PetitEcran, LaBarreDeMenusMontreChaqueMenu)
 {
@@ -25,12 +24,10 @@ TEST(PetitEcran, LaBarreDeMenusMontreChaqueMenu)
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/") + nom, 1);
     Mirado& m = banc.demarre();
     const auto liste = articles(m, "mnulifi");
-    const auto fichier = std::find_if(liste.begin(), liste.end(),
-                                      [&](QAction* a) { return a->text() == nom; });
+    const auto fichier = std::find_if(liste.begin(), liste.end(), [&](QAction* a) { return a->text() == nom; });
     ASSERT_NE(fichier, liste.end());
     (*fichier)->trigger();
-    const QString complet = QStringLiteral("Dans ") +
-                            QString::fromStdString(m.etat.fenetre.dossierCourbes) + nom;
+    const QString complet = QStringLiteral("Dans ") + QString::fromStdString(m.etat.fenetre.dossierCourbes) + nom;
     QMenuBar* barre = m.menuBar();
     QAction* titre = controle<QMenu>(m, "mnutrace")->menuAction();
 
@@ -38,8 +35,7 @@ TEST(PetitEcran, LaBarreDeMenusMontreChaqueMenu)
         QSize taille;
         bool abrege;  // the caption is shortened
     };
-    for (const Cas& c : {Cas{QSize(1024, 768), true}, Cas{QSize(4000, 1000), false},
-                         Cas{QSize(1024, 768), true}}) {
+    for (const Cas& c : {Cas{QSize(1024, 768), true}, Cas{QSize(4000, 1000), false}, Cas{QSize(1024, 768), true}}) {
         m.resize(c.taille);
         QApplication::processEvents();
         ASSERT_EQ(barre->width(), m.width());

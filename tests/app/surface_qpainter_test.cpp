@@ -5,8 +5,8 @@
 #include <QSvgGenerator>
 #include <QTemporaryDir>
 
-#include "qt/surface_qpainter.h"
 #include "qt/png_rapide.h"
+#include "qt/surface_qpainter.h"
 
 namespace velorin {
 namespace {
@@ -30,7 +30,9 @@ bool estCouleur(QRgb p, int r, int g, int b, int tolerance = 40)
 
 TEST(SurfaceQPainter, TwipsLandOnTheirPixelsWithTheRightColours)
 {
-    struct Cas { qreal ratio; };
+    struct Cas {
+        qreal ratio;
+    };
     for (Cas c : {Cas{1}, Cas{2}}) {
         QImage image = blanche(200, 100, c.ratio);
         {
@@ -40,8 +42,8 @@ TEST(SurfaceQPainter, TwipsLandOnTheirPixelsWithTheRightColours)
             EXPECT_DOUBLE_EQ(s.twipsParPixel(), 15);
             // Red line along the middle of pixel row 50, from x 10 to 190 px.
             s.Line(150, 757.5, 2850, 757.5, 0x0000FF);
-            s.PSet(20 * 15, 30 * 15, 0xFF0000);   // blue
-            s.PSet(60 * 15, 80 * 15, 0x00FF00);   // green
+            s.PSet(20 * 15, 30 * 15, 0xFF0000);  // blue
+            s.PSet(60 * 15, 80 * 15, 0x00FF00);  // green
             EXPECT_EQ(s.CurrentX, 900);
         }
         const int k = static_cast<int>(c.ratio);
@@ -73,7 +75,7 @@ TEST(SurfaceQPainter, GatheredSegmentsStylesAndClearing)
         pointilles += estCouleur(image.pixel(x, 50), 0, 0, 0, 100);
     }
     EXPECT_EQ(pleins, 260);
-    EXPECT_GT(pointilles, 40);   // dots one pixel long, two apart
+    EXPECT_GT(pointilles, 40);  // dots one pixel long, two apart
     EXPECT_LT(pointilles, 140);
     for (int dy : {-2, 0, 1})
         EXPECT_TRUE(estCouleur(image.pixel(150, 80 + dy), 0, 0, 255)) << dy;
@@ -157,7 +159,10 @@ TEST(SurfaceQPainter, ImageSvgAndPdfFilesAreWritten)
         EXPECT_NEAR(s.Width() / 1440, pdf.width() / double(pdf.logicalDpiX()), 1e-6);
         dessine(s);
     }
-    struct Fichier { const char* nom; const char* debut; };
+    struct Fichier {
+        const char* nom;
+        const char* debut;
+    };
     for (Fichier f : {Fichier{"repere.svg", "<?xml"}, Fichier{"repere.pdf", "%PDF"}}) {
         QFile fichier(dossier.filePath(f.nom));
         ASSERT_TRUE(fichier.open(QIODevice::ReadOnly)) << f.nom;

@@ -38,7 +38,10 @@ protected:
 
 TEST_F(Chemins, EachUnreadablePathHasItsOwnSentence)
 {
-    struct Cas { std::string nom; std::string fin; };  // fin empty: readable
+    struct Cas {
+        std::string nom;
+        std::string fin;
+    };  // fin empty: readable
     std::vector<Cas> cas = {
         {"entree.lsu", ""},
         {"lien.lsu", ""},
@@ -76,7 +79,10 @@ TEST_F(Chemins, AnOutputIsNeverOneOfTheInputs)
     const std::string relatif = fs::relative(entree, fs::current_path()).string();
     ASSERT_NE(relatif[0], '/');
     const std::vector<std::string> entrees = {chemin("autre.log"), relatif};
-    struct Cas { std::string sortie; std::string message; };  // message empty: accepted
+    struct Cas {
+        std::string sortie;
+        std::string message;
+    };  // message empty: accepted
     const Cas cas[] = {
         {chemin("nouveau.png"), ""},
         {chemin("un_dossier/x.png"), ""},

@@ -34,7 +34,8 @@ protected:
     std::set<std::string> noms() const
     {
         std::set<std::string> n;
-        for (const auto& e : fs::directory_iterator(dossier)) n.insert(e.path().filename().string());
+        for (const auto& e : fs::directory_iterator(dossier))
+            n.insert(e.path().filename().string());
         return n;
     }
     fs::path dossier = fs::temp_directory_path() / ("velorin_ecr_" + std::to_string(std::random_device{}()));
@@ -54,15 +55,16 @@ TEST_F(Ecriture, ReplacesTheFileWholeOrKeepsTheOldOne)
         simuleDisquePlein(octets);
         const auto erreur = ecrisFichierEntier(cible, long_);
         ASSERT_TRUE(erreur) << octets;
-        EXPECT_NE(erreur.message().find("le disque est plein ; le fichier précédent est conservé"),
-                  std::string::npos) << erreur.message();
+        EXPECT_NE(erreur.message().find("le disque est plein ; le fichier précédent est conservé"), std::string::npos)
+            << erreur.message();
         EXPECT_NE(erreur.message().find(texteCite(cible)), std::string::npos);
         EXPECT_EQ(contenu(cible), "nouveau") << octets;
         EXPECT_EQ(noms(), std::set<std::string>{"f.txt"}) << "a temporary is left, " << octets;
 
         EcritureEntiere e(cible);
         ASSERT_FALSE(e.ouverture());
-        for (int i = 0; i < 1000; ++i) e.flux() << long_.substr(0, 200) << '\n';
+        for (int i = 0; i < 1000; ++i)
+            e.flux() << long_.substr(0, 200) << '\n';
         EXPECT_TRUE(e.termine());
         EXPECT_EQ(contenu(cible), "nouveau");
     }
@@ -77,7 +79,10 @@ TEST_F(Ecriture, PathsThatCannotBeWrittenAreToldInFrench)
     fs::create_directory(chemin("un_dossier"));
     fs::create_symlink("boucle_b", chemin("boucle_a"));
     fs::create_symlink("boucle_a", chemin("boucle_b"));
-    struct Cas { std::string cible; const char* message; };
+    struct Cas {
+        std::string cible;
+        const char* message;
+    };
     const Cas cas[] = {
         {chemin("absent/f.txt"), "le dossier n'existe pas."},
         {chemin("un_dossier"), "c'est un dossier."},
@@ -112,20 +117,25 @@ TEST_F(Ecriture, WritesThroughALinkAndTakesLongNames)
 
 TEST(TexteSur, ControlBytesBecomeVisibleAndTextStays)
 {
-    struct Cas { std::string brut, sur; };
+    struct Cas {
+        std::string brut, sur;
+    };
     const Cas cas[] = {
         {std::string("a\0b", 3), "a\\0b"},
         {"\x1B[2J efface", "\\e[2J efface"},
         {"ligne\r\nsuite\ttab", "ligne\\r\\nsuite\\ttab"},
         {"cloche\x07\x7F", "cloche\\x07\\x7F"},
         {"Égalité à ‰ 😀", "Égalité à ‰ 😀"},
-        {"\xE9t\xE9", "\\xE9t\\xE9"},                 // Windows-1252, not UTF-8
-        {"\xC2\x9B" "31m", "\\xC2\\x9B31m"},          // C1 control (CSI)
-        {"\xE2\x82", "\\xE2\\x82"},                   // cut sequence
+        {"\xE9t\xE9", "\\xE9t\\xE9"},  // Windows-1252, not UTF-8
+        {"\xC2\x9B"
+         "31m",
+         "\\xC2\\x9B31m"},                                        // C1 control (CSI)
+        {"\xE2\x82", "\\xE2\\x82"},                               // cut sequence
         {"\xC0\xAF \xED\xA0\x80", "\\xC0\\xAF \\xED\\xA0\\x80"},  // overlong, surrogate
         {"c:\\chemin", "c:\\chemin"},
     };
-    for (const Cas& c : cas) EXPECT_EQ(texteSur(c.brut), c.sur) << c.sur;
+    for (const Cas& c : cas)
+        EXPECT_EQ(texteSur(c.brut), c.sur) << c.sur;
     EXPECT_EQ(texteCite(std::string("x\0", 2)), "« x\\0 »");
 }
 

@@ -33,14 +33,18 @@ protected:
 
 TEST(Cp1252, ConvertsBothWaysAndMarksWhatItCannotHold)
 {
-    struct Cas { std::string utf8; std::string octets; bool allerRetour; };
+    struct Cas {
+        std::string utf8;
+        std::string octets;
+        bool allerRetour;
+    };
     const Cas cas[] = {
         {"é è à ç ù ô", "\xE9 \xE8 \xE0 \xE7 \xF9 \xF4", true},
         {"€ œ Ÿ … ’\u00a0\u00ff", "\x80 \x9C \x9F \x85 \x92\xA0\xFF", true},
-        {"\u0081\u009d", "\x81\x9D", true},         // unassigned bytes survive
-        {"α日😀", "???", false},                    // no Windows-1252 byte
-        {"a\xC3", "a?", false},                     // sequence cut at the end
-        {"\x80z\xE2\x82z", "?z??z", false},          // stray and broken sequences
+        {"\u0081\u009d", "\x81\x9D", true},  // unassigned bytes survive
+        {"α日😀", "???", false},              // no Windows-1252 byte
+        {"a\xC3", "a?", false},              // sequence cut at the end
+        {"\x80z\xE2\x82z", "?z??z", false},  // stray and broken sequences
     };
     for (const Cas& c : cas) {
         EXPECT_EQ(versCp1252(c.utf8), c.octets) << c.utf8;
@@ -55,8 +59,14 @@ TEST_F(Catalogues, RecordsRoundTripWithTheirLayout)
     ASSERT_FALSE(ouvrirCatalogue(cat, chemin("essai.lsu")));  // created empty
     EXPECT_EQ(listerCatalogue(cat), std::vector<std::string>{" Listes des courbes ou surfaces"});
     std::string accents;
-    for (int i = 0; i < 305; ++i) accents += "é";
-    struct Cas { std::int16_t type; std::string texte; std::string relu; std::string octets; };
+    for (int i = 0; i < 305; ++i)
+        accents += "é";
+    struct Cas {
+        std::int16_t type;
+        std::string texte;
+        std::string relu;
+        std::string octets;
+    };
     const Cas cas[] = {
         {14, "Égalité ‰", "Égalité ‰" + std::string(291, ' '), std::string("\x0E\x00", 2) + "\xC9galit\xE9 \x89 "},
         {258, std::string(305, 'x'), std::string(300, 'x'), "\x02\x01xx"},
@@ -92,10 +102,10 @@ TEST_F(Catalogues, ListFollowsTheFileOnDiskAndIgnoresAPartialRecord)
     EXPECT_EQ(fs::file_size(c), 604u);
     // Another program appends a record: the list follows the file.
     std::ofstream(c, std::ios::binary | std::ios::app) << std::string("\xFF\xFF", 2) + std::string(300, 'g');
-    EXPECT_EQ(listerCatalogue(cat), (std::vector<std::string>{" Listes des courbes ou surfaces",
-                                                              "0001]R=f1(t)=2" + std::string(291, ' ') + "[03",
-                                                              "0002]" + std::string(300, ' ') + "[00",
-                                                              "0003]" + std::string(300, 'g') + "[-01"}));
+    EXPECT_EQ(
+        listerCatalogue(cat),
+        (std::vector<std::string>{" Listes des courbes ou surfaces", "0001]R=f1(t)=2" + std::string(291, ' ') + "[03",
+                                  "0002]" + std::string(300, ' ') + "[00", "0003]" + std::string(300, 'g') + "[-01"}));
 }
 
 TEST_F(Catalogues, FailuresAreReportedInFrenchAndChangeNothing)
@@ -105,7 +115,10 @@ TEST_F(Catalogues, FailuresAreReportedInFrenchAndChangeNothing)
     ASSERT_FALSE(ecrisLigne(cat, 1, LigneCatalogue{1, "x=t"}));
     const std::string avant = contenu(bon);
     fs::create_directory(chemin("dossier.lsu"));
-    struct Cas { std::string chemin; const char* attendu; };
+    struct Cas {
+        std::string chemin;
+        const char* attendu;
+    };
     fs::create_symlink("boucle2.lsu", chemin("boucle1.lsu"));
     fs::create_symlink("boucle1.lsu", chemin("boucle2.lsu"));
     ASSERT_EQ(mkfifo(chemin("tube.lsu").c_str(), 0600), 0);
@@ -164,7 +177,12 @@ TEST_F(Catalogues, AFullDiskLeavesNoPartialRecord)
 TEST_F(Catalogues, SizeIsCountedIn64BitsAndLimited)
 {
     // Sparse files: records of zeros, no disk space taken.
-    struct Cas { const char* nom; std::uintmax_t octets; bool accepte; const char* compte; };
+    struct Cas {
+        const char* nom;
+        std::uintmax_t octets;
+        bool accepte;
+        const char* compte;
+    };
     const Cas cas[] = {
         {"cent_mille.lsu", 100000u * 302, true, ""},
         {"limite.lsu", std::uintmax_t(limiteLignesCatalogue) * 302 + 301, true, ""},
@@ -175,13 +193,13 @@ TEST_F(Catalogues, SizeIsCountedIn64BitsAndLimited)
         std::ofstream(chemin(c.nom));
         std::error_code ec;
         fs::resize_file(chemin(c.nom), c.octets, ec);
-        if (ec) GTEST_SKIP() << "no sparse file of " << c.octets << " bytes here: " << ec.message();
+        if (ec)
+            GTEST_SKIP() << "no sparse file of " << c.octets << " bytes here: " << ec.message();
         Catalogue essai;
         const auto erreur = ouvrirCatalogue(essai, chemin(c.nom));
         EXPECT_EQ(bool(erreur), !c.accepte) << c.nom << ": " << erreur.message();
         if (!c.accepte) {
-            EXPECT_EQ(erreur.message(), "Le catalogue " + texteCite(chemin(c.nom)) + " est trop grand : " +
-                                            c.compte +
+            EXPECT_EQ(erreur.message(), "Le catalogue " + texteCite(chemin(c.nom)) + " est trop grand : " + c.compte +
                                             " entrées, au-delà de la limite de 250 000 entrées (75,5 Mo).");
             EXPECT_TRUE(essai.chemin.empty());
             continue;
@@ -194,8 +212,8 @@ TEST_F(Catalogues, SizeIsCountedIn64BitsAndLimited)
         if (essai.nbLignesCatalogue == limiteLignesCatalogue) {
             const auto plein = ecrisLigne(essai, limiteLignesCatalogue + 1, ligne);
             ASSERT_TRUE(plein);
-            EXPECT_NE(plein.message().find("est plein : il ne peut pas dépasser 250 000 entrées"),
-                      std::string::npos) << plein.message();
+            EXPECT_NE(plein.message().find("est plein : il ne peut pas dépasser 250 000 entrées"), std::string::npos)
+                << plein.message();
         } else {
             Erreur erreurListe;
             const auto liste = listerCatalogue(essai, &erreurListe);

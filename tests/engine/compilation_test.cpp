@@ -25,7 +25,7 @@ std::uint64_t bits(double x)
 
 class Generateur {
 public:
-    explicit Generateur(unsigned graine) : alea_(graine) {}
+    explicit Generateur(unsigned graine) : alea_(graine) { }
 
     int tire(int n) { return std::uniform_int_distribution<int>(0, n - 1)(alea_); }
     template <class T, std::size_t n> const T& parmi(const T (&t)[n]) { return t[tire(int(n))]; }
@@ -33,28 +33,30 @@ public:
     // A term: constant, or coefficient, operator, letter, exponent.
     std::string terme()
     {
-        static const char* constantes[] = {"2", "1.5", "P", "2P", "P/2", "-3P/4", "1E2", "2E", "1E400",
-                                           "1/4", "1/0", "0", "PE2", "XE1", "3E-1", "7", "E", "0.5P"};
+        static const char* constantes[] = {"2",   "1.5", "P", "2P",  "P/2", "-3P/4", "1E2", "2E", "1E400",
+                                           "1/4", "1/0", "0", "PE2", "XE1", "3E-1",  "7",   "E",  "0.5P"};
         static const char* coefficients[] = {"", "", "2*", "3/", "-1*", "2\\", "1E2*", "P*", "2", "0.5/", "1E999*"};
         static const char* exposants[] = {"", "", "", "^2", "^3", "^0.5", "^-1", "^P", "^X", "^1E3", "^2.5", "^0"};
         static const char lettres[] = "XYZTAXX";
-        if (tire(4) == 0) return parmi(constantes);
+        if (tire(4) == 0)
+            return parmi(constantes);
         return std::string(parmi(coefficients)) + lettres[tire(7)] + parmi(exposants);
     }
 
     std::string somme()
     {
         std::string s = tire(5) == 0 ? "-" : "";
-        for (int k = 1 + tire(3); k > 0; --k) s += terme() + (k > 1 ? std::string(1, "+-"[tire(2)]) : "");
+        for (int k = 1 + tire(3); k > 0; --k)
+            s += terme() + (k > 1 ? std::string(1, "+-"[tire(2)]) : "");
         return s;
     }
 
     std::string prefixe()
     {
-        static const char* noms[] = {"SIN", "COS", "TAN", "TG", "COTAN", "LN", "LOG", "EXP", "EXPONENTIEL",
-                                     "RAC", "SQR", "RAC3", "3SQR", "ATN", "ARCSIN", "ARCCOS", "ARCCOTAN",
-                                     "SINH", "HCOS", "TANH", "COTH", "ARCSINH", "ARCCOSH", "ARCTANH",
-                                     "HARCCOTANH", "ENT", "E", "INT", "ABS", "CUBR", "FOO", ""};
+        static const char* noms[] = {"SIN",         "COS",  "TAN",  "TG",   "COTAN", "LN",      "LOG",     "EXP",
+                                     "EXPONENTIEL", "RAC",  "SQR",  "RAC3", "3SQR",  "ATN",     "ARCSIN",  "ARCCOS",
+                                     "ARCCOTAN",    "SINH", "HCOS", "TANH", "COTH",  "ARCSINH", "ARCCOSH", "ARCTANH",
+                                     "HARCCOTANH",  "ENT",  "E",    "INT",  "ABS",   "CUBR",    "FOO",     ""};
         static const char* tetes[] = {"", "", "", "-", "2*", "3+", "1-", "5", "X*", "2^", "4\\", "1E999*", "2#"};
         switch (tire(4)) {
         case 0: return "";
@@ -66,8 +68,10 @@ public:
     // A text with `paires` bracket pairs, nested or side by side.
     std::string formule(int paires)
     {
-        if (paires <= 0) return somme();
-        if (paires == 1 || tire(2) == 0) return prefixe() + "(" + formule(paires - 1) + ")";
+        if (paires <= 0)
+            return somme();
+        if (paires == 1 || tire(2) == 0)
+            return prefixe() + "(" + formule(paires - 1) + ")";
         const int gauche = 1 + tire(paires - 1);
         const char op = "+-*/\\^*+"[tire(8)];
         return formule(gauche) + op + formule(paires - gauche);
@@ -81,23 +85,28 @@ public:
         if (tire(4) == 0) {
             static const char morceaux[] = "()+-*/^\\ xEP.0)(";
             const std::size_t p = s.empty() ? 0 : std::size_t(tire(int(s.size())));
-            if (tire(2) == 0 || s.empty()) s.insert(p, 1, morceaux[tire(sizeof morceaux - 1)]);
-            else s.erase(p, 1);
+            if (tire(2) == 0 || s.empty())
+                s.insert(p, 1, morceaux[tire(sizeof morceaux - 1)]);
+            else
+                s.erase(p, 1);
         }
-        if (tire(8) == 0) s = " " + s + " ";
         if (tire(8) == 0)
-            for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+            s = " " + s + " ";
+        if (tire(8) == 0)
+            for (char& c : s)
+                c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
         return s;
     }
 
-    static constexpr double speciales[] = {0,    -0.0,  1,     -1,    0.5,    1.5,     2.5,   -2.5,   2,
-                                           3,    0.4,   1e-300, 1e300, -1e308, 1e155,   1e-170, 1e-9,
-                                           700,  -745,  2147483647.5, 2147483648.0, 3.141592, 1.570796,
-                                           4.9e-324, -2.5e-310};
+    static constexpr double speciales[] = {0,        -0.0,     1,        -1,       0.5,    1.5,          2.5,
+                                           -2.5,     2,        3,        0.4,      1e-300, 1e300,        -1e308,
+                                           1e155,    1e-170,   1e-9,     700,      -745,   2147483647.5, 2147483648.0,
+                                           3.141592, 1.570796, 4.9e-324, -2.5e-310};
 
     double valeur()
     {
-        if (tire(3) == 0) return parmi(speciales);
+        if (tire(3) == 0)
+            return parmi(speciales);
         return std::uniform_real_distribution<double>(-12, 12)(alea_);
     }
 
@@ -124,8 +133,8 @@ TEST(Compilation, MemesResultatsQueLaLectureDuTexte)
             for (int k = 0; k < 12; ++k) {
                 const double a = g.valeur(), b = g.valeur(), d = g.valeur();
                 compare(evalue(f, texte, a, b, d), c.evalue(a, b, d),
-                        "'" + texte + "' famille " + std::to_string(int(f)) + " en (" + std::to_string(a) + ", "
-                            + std::to_string(b) + ", " + std::to_string(d) + ")");
+                        "'" + texte + "' famille " + std::to_string(int(f)) + " en (" + std::to_string(a) + ", " +
+                            std::to_string(b) + ", " + std::to_string(d) + ")");
             }
         }
     }
@@ -134,11 +143,36 @@ TEST(Compilation, MemesResultatsQueLaLectureDuTexte)
 // Texts the evaluator reads in a particular way, each in every family.
 TEST(Compilation, CasParticuliers)
 {
-    const char* textes[] = {"(X)-(1)-(1)", "(2)*SIN(X)+(3)*COS(X)", "SIN(X)+1", ")X(", "SIN(X", "(X)(X)",
-                            "P", "1P", "RAC3(8)", "3SQR(8)", "5SIN(X)", "-SIN(X)", "2\\X", "1\\X", "X-1-1",
-                            "((((X))))", "(X)+(Y)*(Z)-(T)", "2X", "1E308+1E308", "(1E308+1E308)*(2)",
-                            "EXPONENTIELLE(X)", "12.5SIN(X)", "X^1000", "(X)^(Y)^(2)", "E(X)", "  x^2 ", "X-0",
-                            "-X-0", "(X)*(2)/(3)", "(X)/(Y)*(3)^(Z)"};
+    const char* textes[] = {"(X)-(1)-(1)",
+                            "(2)*SIN(X)+(3)*COS(X)",
+                            "SIN(X)+1",
+                            ")X(",
+                            "SIN(X",
+                            "(X)(X)",
+                            "P",
+                            "1P",
+                            "RAC3(8)",
+                            "3SQR(8)",
+                            "5SIN(X)",
+                            "-SIN(X)",
+                            "2\\X",
+                            "1\\X",
+                            "X-1-1",
+                            "((((X))))",
+                            "(X)+(Y)*(Z)-(T)",
+                            "2X",
+                            "1E308+1E308",
+                            "(1E308+1E308)*(2)",
+                            "EXPONENTIELLE(X)",
+                            "12.5SIN(X)",
+                            "X^1000",
+                            "(X)^(Y)^(2)",
+                            "E(X)",
+                            "  x^2 ",
+                            "X-0",
+                            "-X-0",
+                            "(X)*(2)/(3)",
+                            "(X)/(Y)*(3)^(Z)"};
     Generateur g(7);
     for (const char* texte : textes)
         for (Famille f : familles) {
@@ -156,11 +190,13 @@ TEST(Compilation, TextesTresLongs)
 {
     for (const char* terme : {"+X^2", "-1.5*X^3", "+2"}) {
         std::string texte = "X";
-        for (int k = 0; k < 25000; ++k) texte += terme;
+        for (int k = 0; k < 25000; ++k)
+            texte += terme;
         const FormuleCompilee c(Famille::Espace, texte);
         double x[5] = {0.5, -3, 1e100, 0, 7}, sortie[5];
         evalueBloc(c, x, nullptr, nullptr, sortie, 5);
-        for (int i = 0; i < 5; ++i) ASSERT_EQ(bits(evalespace(texte, x[i], 0)), bits(sortie[i])) << terme;
+        for (int i = 0; i < 5; ++i)
+            ASSERT_EQ(bits(evalespace(texte, x[i], 0)), bits(sortie[i])) << terme;
     }
 }
 
@@ -184,7 +220,8 @@ TEST(Compilation, BlocsCommePointParPoint)
         for (std::size_t i = 0; i < n; ++i) {
             Issue issue;
             const double attendu = c.valeur(u[i], v[i], w[i], &issue);
-            if (issue == Issue::Incorrecte) attenduLisible = false;
+            if (issue == Issue::Incorrecte)
+                attenduLisible = false;
             ASSERT_EQ(bits(attendu), bits(sortie[i])) << texte << " point " << i << " : " << u[i];
         }
         EXPECT_EQ(attenduLisible, lisible) << texte;
@@ -206,7 +243,8 @@ TEST(Compilation, GroupesCommeFormulesSeules)
         const std::string c = essai % 2 ? a + "+(1)" : g.texte();
         const FormulesCompilees groupe(f, {a, b, c});
         const std::size_t n = 1 + std::size_t(g.tire(300));
-        for (std::size_t i = 0; i < n; ++i) u[i] = g.valeur(), v[i] = g.valeur(), w[i] = g.valeur();
+        for (std::size_t i = 0; i < n; ++i)
+            u[i] = g.valeur(), v[i] = g.valeur(), w[i] = g.valeur();
         evalueBloc(groupe, u.data(), v.data(), w.data(), sorties, n);
         for (std::size_t k = 0; k < 3; ++k)
             for (std::size_t i = 0; i < n; ++i)
@@ -224,12 +262,16 @@ TEST(Compilation, PuissancesRapidesCommePow)
     for (std::size_t i = 0; i < x.size(); ++i) {
         std::uint64_t b = alea();
         const int sorte = int(i % 4);
-        if (sorte == 0) b = (b & 0x800FFFFFFFFFFFFFull) | (std::uint64_t(1023 + int(b % 60) - 30) << 52);
+        if (sorte == 0)
+            b = (b & 0x800FFFFFFFFFFFFFull) | (std::uint64_t(1023 + int(b % 60) - 30) << 52);
         double d;
         std::memcpy(&d, &b, sizeof d);
-        if (sorte == 1) d = std::ldexp(1.0, int(b % 2000) - 1000);
-        if (sorte == 2) d = double(std::int64_t(b % 200001) - 100000) / 64;
-        if (!std::isfinite(d)) d = 1e200;
+        if (sorte == 1)
+            d = std::ldexp(1.0, int(b % 2000) - 1000);
+        if (sorte == 2)
+            d = double(std::int64_t(b % 200001) - 100000) / 64;
+        if (!std::isfinite(d))
+            d = 1e200;
         x[i] = d;
     }
     for (const char* texte : {"X^2", "X^3", "-X^2+2*X^3", "(X^2)^(2)", "(X)^(3)"}) {
@@ -251,13 +293,16 @@ TEST(Compilation, BouclesPortablesCommeAvx2)
     bool douteuxAuto[64], douteuxSse[64];
     for (int essai = 0; essai < 1500; ++essai) {
         const FormuleCompilee c(familles[essai % 3], g.texte());
-        if (compil::tailleBloc(c.programme()) < 64) continue;
-        for (int i = 0; i < 64; ++i) u[i] = g.valeur(), v[i] = g.valeur(), w[i] = g.valeur();
+        if (compil::tailleBloc(c.programme()) < 64)
+            continue;
+        for (int i = 0; i < 64; ++i)
+            u[i] = g.valeur(), v[i] = g.valeur(), w[i] = g.valeur();
         const compil::Arbre* arbres[] = {&c.arbre()};
         double* sortiesAuto[] = {auto_};
         double* sortiesSse[] = {sse};
         const bool a = compil::executeBloc(c.programme(), arbres, u, v, w, sortiesAuto, douteuxAuto, 64);
-        const bool b = compil::executeBloc(c.programme(), arbres, u, v, w, sortiesSse, douteuxSse, 64, compil::Jeu::Portable);
+        const bool b =
+            compil::executeBloc(c.programme(), arbres, u, v, w, sortiesSse, douteuxSse, 64, compil::Jeu::Portable);
         ASSERT_EQ(a, b) << c.texte();
         for (int i = 0; i < 64; ++i) {
             if (a) {

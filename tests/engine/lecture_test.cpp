@@ -12,15 +12,34 @@ constexpr double kSans = -54321;   // no value expected
 
 TEST(MoteurLecture, LecteurDeNombres)
 {
-    struct Cas { const char* texte; double defaut, attendu; };
+    struct Cas {
+        const char* texte;
+        double defaut, attendu;
+    };
     for (const Cas& c : std::initializer_list<Cas>{
-             {"-2P/3", 0, -2 * 3.141592 / 3}, {"P/2", 0, 1.570796}, {"-P", 0, -3.141592},
-             {"1/4", 0, 0.25}, {"2E3", 0, 2000}, {"1.5", 0, 1.5}, {"1P", 0, 3.141592},
-             {"P", 7, 7}, {"x", 7, 7}, {"5", 7, 5}, {"", 7, 0}, {"  -3  ", 0, -3},
-             {"E-3", 0, 0}, {"2E-3", 0, 0.002}, {"1E1E1", 0, 100},
+             {"-2P/3", 0, -2 * 3.141592 / 3},
+             {"P/2", 0, 1.570796},
+             {"-P", 0, -3.141592},
+             {"1/4", 0, 0.25},
+             {"2E3", 0, 2000},
+             {"1.5", 0, 1.5},
+             {"1P", 0, 3.141592},
+             {"P", 7, 7},
+             {"x", 7, 7},
+             {"5", 7, 5},
+             {"", 7, 0},
+             {"  -3  ", 0, -3},
+             {"E-3", 0, 0},
+             {"2E-3", 0, 0.002},
+             {"1E1E1", 0, 100},
              {"2-1/4", 0, 0.25},  // a "-" not in front gives no sign
-             {"1/-2", 0, -1}, {"1.5-2", 0, 2}, {"3/", 0, 3}, {"AB", 0, 0}, {"1E-999", 0, 0},
-             {"1/0", 0, kEchec}, {"1E999", 0, kEchec},
+             {"1/-2", 0, -1},
+             {"1.5-2", 0, 2},
+             {"3/", 0, 3},
+             {"AB", 0, 0},
+             {"1E-999", 0, 0},
+             {"1/0", 0, kEchec},
+             {"1E999", 0, kEchec},
              {"0E999", 0, kEchec},  // 10^999 overflows before the product
              {"P-3", 0, kEchec},    // no coefficient text in front of "P"
          }) {
@@ -28,23 +47,42 @@ TEST(MoteurLecture, LecteurDeNombres)
         const double v = lisnombre(c.texte, c.defaut, echec);
         EXPECT_EQ(echec, c.attendu == kEchec) << c.texte;
         EXPECT_DOUBLE_EQ(lisnombre(c.texte, c.defaut), c.attendu == kEchec ? horsCalcul : v) << c.texte;
-        if (c.attendu != kEchec) { EXPECT_DOUBLE_EQ(v, c.attendu) << c.texte; }
+        if (c.attendu != kEchec) {
+            EXPECT_DOUBLE_EQ(v, c.attendu) << c.texte;
+        }
     }
 }
 
 TEST(MoteurLecture, OperationsEtGroupement)
 {
-    struct Cas { char op; double a, b, attendu; };
+    struct Cas {
+        char op;
+        double a, b, attendu;
+    };
     for (const Cas& c : std::initializer_list<Cas>{
-             {'*', 3, 4, 12}, {'-', 3, 4, -1}, {'/', 3, 0, horsCalcul}, {'/', 1, 4, 0.25},
-             {'\\', 7, 2, 3}, {'\\', -7, 2, -3}, {'\\', 2.5, 1, 2}, {'\\', 3.5, 1, 4},
-             {'\\', 7, 0.4, 0}, {'\\', 3e9, 2, 0}, {'\\', -2147483648.0, -1, 0},
-             {'^', 2, 10, 1024}, {'^', 0, -1, 0}, {'^', -8, 0.5, 0}, {'^', -2, 3, -8},
-             {'*', 1e200, 1e200, 0}, {'%', 1, 2, kSans},
+             {'*', 3, 4, 12},
+             {'-', 3, 4, -1},
+             {'/', 3, 0, horsCalcul},
+             {'/', 1, 4, 0.25},
+             {'\\', 7, 2, 3},
+             {'\\', -7, 2, -3},
+             {'\\', 2.5, 1, 2},
+             {'\\', 3.5, 1, 4},
+             {'\\', 7, 0.4, 0},
+             {'\\', 3e9, 2, 0},
+             {'\\', -2147483648.0, -1, 0},
+             {'^', 2, 10, 1024},
+             {'^', 0, -1, 0},
+             {'^', -8, 0.5, 0},
+             {'^', -2, 3, -8},
+             {'*', 1e200, 1e200, 0},
+             {'%', 1, 2, kSans},
          }) {
         const Resultat r = operons(c.op, c.a, c.b);
         EXPECT_EQ(r.issue, c.attendu == kSans ? Issue::SansValeur : Issue::Valeur) << c.op << c.a;
-        if (c.attendu != kSans) { EXPECT_EQ(r.valeur, c.attendu) << c.op << c.a << c.b; }
+        if (c.attendu != kSans) {
+            EXPECT_EQ(r.valeur, c.attendu) << c.op << c.a << c.b;
+        }
     }
     EXPECT_EQ(combine3('-', '-', 5, 1, 1).valeur, 5);   // 5 - (1 - 1)
     EXPECT_EQ(combine3('*', '+', 2, 3, 4).valeur, 10);  // (2 * 3) + 4
@@ -57,22 +95,41 @@ TEST(MoteurLecture, OperationsEtGroupement)
 
 TEST(MoteurLecture, PrefixesEtFonctions)
 {
-    struct Cas { const char* prefixe; double w, attendu; };
+    struct Cas {
+        const char* prefixe;
+        double w, attendu;
+    };
     for (const Cas& c : std::initializer_list<Cas>{
-             {"", 2.5, 2.5}, {"7", 2.5, 7}, {"-", 2, -2}, {"2*COS", 0, 2}, {"3-LN", 1, 3},
-             {"X*", 2, 0},             // a letter in a head reads as 0
+             {"", 2.5, 2.5},
+             {"7", 2.5, 7},
+             {"-", 2, -2},
+             {"2*COS", 0, 2},
+             {"3-LN", 1, 3},
+             {"X*", 2, 0},  // a letter in a head reads as 0
              {"CUBR", 8, kSans},
-             {"12.5SIN", 0, kSans},    // head not ending with an operator
-             {"INT", 2.7, 2}, {"EXPONENTIELLE", 1, std::exp(1.0)}, {"ARCSINH", 0, 0},
-             {"ARCCOS", 0, 2 * std::atan(1.0)}, {"TANGEANTE", 1, std::tan(1.0)},
-             {"LN", 0, horsCalcul}, {"LN", -1, horsCalcul}, {"ARCSIN", 1, horsCalcul},
-             {"ARCSIN", 2, horsCalcul}, {"COTAN", 0, horsCalcul}, {"EXP", 1000, horsCalcul},
-             {"SINH", 800, horsCalcul}, {"COTH", 0, horsCalcul}, {"ARCTANH", 1, horsCalcul},
-             {"ARCCOSH", 0.5, horsCalcul}, {"1/0*", 1, horsCalcul},
+             {"12.5SIN", 0, kSans},  // head not ending with an operator
+             {"INT", 2.7, 2},
+             {"EXPONENTIELLE", 1, std::exp(1.0)},
+             {"ARCSINH", 0, 0},
+             {"ARCCOS", 0, 2 * std::atan(1.0)},
+             {"TANGEANTE", 1, std::tan(1.0)},
+             {"LN", 0, horsCalcul},
+             {"LN", -1, horsCalcul},
+             {"ARCSIN", 1, horsCalcul},
+             {"ARCSIN", 2, horsCalcul},
+             {"COTAN", 0, horsCalcul},
+             {"EXP", 1000, horsCalcul},
+             {"SINH", 800, horsCalcul},
+             {"COTH", 0, horsCalcul},
+             {"ARCTANH", 1, horsCalcul},
+             {"ARCCOSH", 0.5, horsCalcul},
+             {"1/0*", 1, horsCalcul},
          }) {
         const Resultat r = appliquefonction(c.prefixe, c.w);
         EXPECT_EQ(r.issue, c.attendu == kSans ? Issue::SansValeur : Issue::Valeur) << c.prefixe;
-        if (c.attendu != kSans) { EXPECT_DOUBLE_EQ(r.valeur, c.attendu) << c.prefixe; }
+        if (c.attendu != kSans) {
+            EXPECT_DOUBLE_EQ(r.valeur, c.attendu) << c.prefixe;
+        }
     }
     // Rows no prefix can reach stay in the table.
     bool aValeur = false, echec = false;

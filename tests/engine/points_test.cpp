@@ -20,11 +20,11 @@ GlobalesMoteur formules(const char* f1, const char* f2, const char* f3)
     return g;
 }
 
-#define ATTEND_POINT(g, x, y, z)            \
-    do {                                    \
-        EXPECT_NEAR((g).pointX, x, 1e-12);  \
-        EXPECT_NEAR((g).pointY, y, 1e-12);  \
-        EXPECT_NEAR((g).pointZ, z, 1e-12);  \
+#define ATTEND_POINT(g, x, y, z)                                                                                       \
+    do {                                                                                                               \
+        EXPECT_NEAR((g).pointX, x, 1e-12);                                                                             \
+        EXPECT_NEAR((g).pointY, y, 1e-12);                                                                             \
+        EXPECT_NEAR((g).pointZ, z, 1e-12);                                                                             \
     } while (0)
 
 TEST(MoteurPoints, CoordonneesParGenre)

@@ -15,8 +15,14 @@ namespace velorin {
 namespace {
 
 std::mt19937 alea(20240607);
-int entier(int n) { return std::uniform_int_distribution<int>(0, n - 1)(alea); }
-template <class T, std::size_t n> const T& unDe(const T (&t)[n]) { return t[entier(int(n))]; }
+int entier(int n)
+{
+    return std::uniform_int_distribution<int>(0, n - 1)(alea);
+}
+template <class T, std::size_t n> const T& unDe(const T (&t)[n])
+{
+    return t[entier(int(n))];
+}
 
 // Every name of the normalisation table and those only the evaluator knows.
 std::string nom()
@@ -30,8 +36,9 @@ std::string nom()
 
 std::string formule(int profondeur)
 {
-    static const char* atomes[] = {"X", "T", "A", "Y", "Z", "P", "2P/3", "-P", "1.5", "0", "1E308", "9E999",
-                                   "1E-999", "2X", "X^0.5", "2\\X", "1/X", "3*X^2", "X^1000", "E-3", "", " "};
+    static const char* atomes[] = {"X",   "T",     "A",      "Y",     "Z",      "P",  "2P/3",  "-P",
+                                   "1.5", "0",     "1E308",  "9E999", "1E-999", "2X", "X^0.5", "2\\X",
+                                   "1/X", "3*X^2", "X^1000", "E-3",   "",       " "};
     const std::string op(1, "+-*/\\^"[entier(6)]);
     switch (profondeur <= 0 ? 0 : entier(5)) {
     case 0: return unDe(atomes);
@@ -58,9 +65,12 @@ std::string mute(std::string s)
     for (int i = 1 + entier(4); i > 0; --i) {
         const std::size_t p = s.empty() ? 0 : std::size_t(entier(int(s.size())));
         const char c = morceaux[entier(sizeof morceaux - 1)];
-        if (s.empty() || entier(3) == 0) s.insert(p, 1, c);
-        else if (entier(2) == 0) s.erase(p, 1);
-        else s[p] = c;
+        if (s.empty() || entier(3) == 0)
+            s.insert(p, 1, c);
+        else if (entier(2) == 0)
+            s.erase(p, 1);
+        else
+            s[p] = c;
     }
     return s;
 }
@@ -98,15 +108,17 @@ TEST(MoteurRobustesse, TextesAleatoiresMutesEtExtremes)
         verifie(f);
         verifie(mute(f));
         std::string octets;
-        for (int n = entier(40); n > 0; --n) octets += char(entier(256));
+        for (int n = entier(40); n > 0; --n)
+            octets += char(entier(256));
         verifie(octets);
     }
     std::string sinus, melange;
-    for (int i = 0; i < 5000; ++i) sinus += "SIN(X)+", melange += "2SIN(X)ARCSINH(E";
-    for (const std::string& s : {std::string(20000, '(') + "X" + std::string(20000, ')'),
-                                 std::string(20000, ')') + std::string(20000, '('), std::string(50000, 'E'),
-                                 "1" + std::string(400, '0'), std::string(30000, '-') + "X", sinus, melange,
-                                 std::string("(((1E308)*(1E308))^(1E308))-(1E308)")})
+    for (int i = 0; i < 5000; ++i)
+        sinus += "SIN(X)+", melange += "2SIN(X)ARCSINH(E";
+    for (const std::string& s :
+         {std::string(20000, '(') + "X" + std::string(20000, ')'), std::string(20000, ')') + std::string(20000, '('),
+          std::string(50000, 'E'), "1" + std::string(400, '0'), std::string(30000, '-') + "X", sinus, melange,
+          std::string("(((1E308)*(1E308))^(1E308))-(1E308)")})
         verifie(s);
 }
 

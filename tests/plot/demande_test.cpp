@@ -20,10 +20,10 @@ protected:
     {
         fs::create_directories(dossier);
         ASSERT_FALSE(ouvrirCatalogue(etat.catalogue, (dossier / "essai.lsu").string()));
-        for (const LigneCatalogue& e : {LigneCatalogue{1, "x=f1(t)=cos(t)][y=f2(t)=sin(t)][z=f3(t)=t/4"},
-                                        LigneCatalogue{1, "x=f1(t)=sin(t][y=f2(t)=t][z=f3(t)=0"},
-                                        LigneCatalogue{3, "R=f1(t)=2][Agh=f2(t)=t][Agv=f3(t)=0"},
-                                        LigneCatalogue{0, std::string(300, ' ')}})
+        for (const LigneCatalogue& e :
+             {LigneCatalogue{1, "x=f1(t)=cos(t)][y=f2(t)=sin(t)][z=f3(t)=t/4"},
+              LigneCatalogue{1, "x=f1(t)=sin(t][y=f2(t)=t][z=f3(t)=0"},
+              LigneCatalogue{3, "R=f1(t)=2][Agh=f2(t)=t][Agv=f3(t)=0"}, LigneCatalogue{0, std::string(300, ' ')}})
             ASSERT_FALSE(ecrisLigne(etat.catalogue, etat.catalogue.nbLignesCatalogue + 1, e));
         etat.param.tmin = 0, etat.param.tmax = 6.28, etat.param.pasT = 0.5;
     }
@@ -36,7 +36,11 @@ protected:
 
 TEST_F(Demande, RefusedRequestsDrawNothingAndAddNoRow)
 {
-    struct Cas { int numero; int ligne; const char* message; };
+    struct Cas {
+        int numero;
+        int ligne;
+        const char* message;
+    };
     const Cas cas[] = {
         {0, 0, "L'entrée n° 0 n'existe pas dans le catalogue (4 entrées) : rien n'est tracé."},
         {5, 0, "L'entrée n° 5 n'existe pas dans le catalogue (4 entrées) : rien n'est tracé."},
@@ -94,26 +98,32 @@ TEST_F(Demande, CycleSendingGivesEachEntryItsColour)
     std::vector<std::string> lignes;
     for (int i = 1; i <= etat.courbes.nbCourbes; ++i)
         lignes.push_back(ligneCourbeTracee(etat.courbes, i));
-    EXPECT_EQ(lignes, (std::vector<std::string>{"01/001 En jaune:", "03/002 En rouge:",
-                                                "01/003 En vert:", "01/004 En jaune:"}));
+    EXPECT_EQ(lignes, (std::vector<std::string>{
+                          "01/001 En jaune:", "03/002 En rouge:", "01/003 En vert:", "01/004 En jaune:"}));
 }
 
 TEST(DemandeTextes, FieldsColourNamesAndCaptions)
 {
     using C = std::array<std::string, 3>;
-    struct Champs { int type; const char* texte; C champs; };
+    struct Champs {
+        int type;
+        const char* texte;
+        C champs;
+    };
     for (const Champs& c : {Champs{0, "y = f(x)=x^2      ", C{"y = f(x)=x^2", "", ""}},
                             Champs{2, "x=a][ y=t ][z=a+t][w=1", C{"x=a", "y=t", "z=a+t"}},
                             Champs{5, "D(M,u):[(1,2,3)][(0,1,0)]  ", C{"(1,2,3)", "(0,1,0)", ""}},
                             Champs{7, "Plan:[2x + 3y - z = 1]", C{"2x + 3y - z = 1", "", ""}},
-                            Champs{14, "x^2 < y < 4 ", C{"x^2", "y", "4"}},
-                            Champs{11, "a<b", C{"a", "b", ""}}})
+                            Champs{14, "x^2 < y < 4 ", C{"x^2", "y", "4"}}, Champs{11, "a<b", C{"a", "b", ""}}})
         EXPECT_EQ(champsEntree(c.type, c.texte), c.champs) << c.texte;
 
-    struct Nom { Couleur c; const char* nom; };
-    for (Nom n : {Nom{0, "En noir:"}, Nom{0xFF, "En rouge:"}, Nom{0xFF00, "En vert:"},
-                  Nom{0xFF0000, "En bleu:"}, Nom{0xFFFF, "En jaune:"}, Nom{0xFFFFFF, "En blanc:"},
-                  Nom{0xFF00FF, "En panaché"}, Nom{0xFE, "En panaché"}})
+    struct Nom {
+        Couleur c;
+        const char* nom;
+    };
+    for (Nom n :
+         {Nom{0, "En noir:"}, Nom{0xFF, "En rouge:"}, Nom{0xFF00, "En vert:"}, Nom{0xFF0000, "En bleu:"},
+          Nom{0xFFFF, "En jaune:"}, Nom{0xFFFFFF, "En blanc:"}, Nom{0xFF00FF, "En panaché"}, Nom{0xFE, "En panaché"}})
         EXPECT_EQ(nomCouleur(n.c), n.nom);
 
     for (auto [dixiemes, attendu] : {std::pair{0, "L__00.00"}, {7, "L__07.00"}, {1234, "L__1234.00"}})
@@ -130,9 +140,8 @@ TEST(TableCourbes, RowCarriesEveryDrawingValue)
     p.nbrCalX = 11, p.nbrCalY = 12, p.nbrCalZ = 13, p.ordreBoucles = 3, p.avecMoirure = true;
     SchemaCouleurs& c = source.couleurs;
     Couleur v = 1;
-    for (Couleur* k : {&c.couleurTrace, &c.couleurFamille, &c.couleurTangente, &c.couleurRayon,
-                       &c.couleurProjOx, &c.couleurProjOy, &c.couleurProjOz, &c.couleurProjXOy,
-                       &c.couleurProjXOz, &c.couleurProjYOz})
+    for (Couleur* k : {&c.couleurTrace, &c.couleurFamille, &c.couleurTangente, &c.couleurRayon, &c.couleurProjOx,
+                       &c.couleurProjOy, &c.couleurProjOz, &c.couleurProjXOy, &c.couleurProjXOz, &c.couleurProjYOz})
         *k = (v += 0x010203);
     const LigneCourbe ligne = ligneDepuisParametres(source, 42, 4);
     EXPECT_EQ(std::count(ligne.begin(), ligne.end(), 0.0), 0);  // every value has its column

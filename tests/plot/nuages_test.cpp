@@ -15,8 +15,8 @@ namespace {
 // Points set by a cloud drawn in the plane on [-10,10] x [-10,10] (z too).
 // The frame is calibrated a little wider so that every grid point, x = 10
 // included, lies inside the drawing area.
-std::size_t pointsNuage(int genre, const char* g, const char* f, const char* h, double nx, double ny,
-                        double nz, const CrochetsTrace& crochets = {})
+std::size_t pointsNuage(int genre, const char* g, const char* f, const char* h, double nx, double ny, double nz,
+                        const CrochetsTrace& crochets = {})
 {
     Etat etat;
     etat.fenetre.metsModeEspace(false);
@@ -46,7 +46,14 @@ std::size_t pointsNuage(int genre, const char* g, const char* f, const char* h, 
 TEST(Nuages, PointsDuQuadrillage)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    struct Cas { int genre; const char* g; const char* f; const char* h; double nx, ny, nz; std::size_t n; };
+    struct Cas {
+        int genre;
+        const char* g;
+        const char* f;
+        const char* h;
+        double nx, ny, nz;
+        std::size_t n;
+    };
     const Cas cas[] = {
         // x = 0 only (grid step 1), for each of the 5 values of y.
         {14, "-1", "X", "1", 20, 4, 20, 5},

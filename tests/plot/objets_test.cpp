@@ -15,7 +15,7 @@ struct Scene {
     Etat etat;
     SurfaceEnregistreuse surface{etat.vue.W, etat.vue.H};
 
-    explicit Scene(bool espace) : etat(etatCalibre(espace)) {}
+    explicit Scene(bool espace) : etat(etatCalibre(espace)) { }
     std::string trace(int genre, std::string f1, std::string f2 = {}, std::string f3 = {})
     {
         etat.trace.typeTrace = genre;
@@ -34,7 +34,12 @@ struct Scene {
 TEST(ObjetsLecture, Coordonnees)
 {
     const double pi = 3.141592;
-    struct Cas { const char* texte; bool espace; bool lu; Vecteur3 attendu; };
+    struct Cas {
+        const char* texte;
+        bool espace;
+        bool lu;
+        Vecteur3 attendu;
+    };
     const Cas cas[] = {
         {"(1,-2P,3)", true, true, {1, -2 * pi, 3}},
         {"(P/2,1E-3,-3P/4)", true, true, {pi / 2, 0.001, -3 * pi / 4}},
@@ -57,14 +62,21 @@ TEST(ObjetsLecture, Coordonnees)
     for (const Cas& c : cas) {
         const auto v = lisCoordonnees(c.texte, c.espace);
         ASSERT_EQ(v.has_value(), c.lu) << c.texte;
-        if (!v) continue;
-        for (int i = 0; i < 3; ++i) EXPECT_NEAR((*v)[i], c.attendu[i], 1e-9) << c.texte << " " << i;
+        if (!v)
+            continue;
+        for (int i = 0; i < 3; ++i)
+            EXPECT_NEAR((*v)[i], c.attendu[i], 1e-9) << c.texte << " " << i;
     }
 }
 
 TEST(ObjetsLecture, Equations)
 {
-    struct Cas { const char* texte; bool lu; Vecteur3 n; double e; };
+    struct Cas {
+        const char* texte;
+        bool lu;
+        Vecteur3 n;
+        double e;
+    };
     const Cas cas[] = {
         {"2x+3y-z+1=0", true, {2, 3, -1}, 1},
         {"-x+0.5y=2", true, {-1, 0.5, 0}, -2},
@@ -86,8 +98,10 @@ TEST(ObjetsLecture, Equations)
     for (const Cas& c : cas) {
         const auto eq = lisEquation(c.texte);
         ASSERT_EQ(eq.has_value(), c.lu) << c.texte;
-        if (!eq) continue;
-        for (int i = 0; i < 3; ++i) EXPECT_NEAR(eq->normale[i], c.n[i], 1e-9) << c.texte << " " << i;
+        if (!eq)
+            continue;
+        for (int i = 0; i < 3; ++i)
+            EXPECT_NEAR(eq->normale[i], c.n[i], 1e-9) << c.texte << " " << i;
         EXPECT_NEAR(eq->constante, c.e, 1e-9) << c.texte;
     }
 }
@@ -96,10 +110,17 @@ TEST(ObjetsTrace, MessagesEtRienDessine)
 {
     const std::string nul = "PAS POCHIBLE AVEC UNE NULLITE DE VECTEUR NUL";
     const std::string colin = "pas pochible,vecteurs colinéaires";
-    struct Cas { bool espace; int genre; const char* f1; const char* f2; const char* f3; std::string debut; };
+    struct Cas {
+        bool espace;
+        int genre;
+        const char* f1;
+        const char* f2;
+        const char* f3;
+        std::string debut;
+    };
     const Cas cas[] = {
         {true, 5, "(1,2,3)", "(0,0,0)", "", nul},
-        {false, 5, "(1,2)", "(0,0,5)", "", nul},   // z does not count in the plane
+        {false, 5, "(1,2)", "(0,0,5)", "", nul},  // z does not count in the plane
         {true, 6, "(0,0,0)", "(1,2,3)", "(0,0,0)", nul},
         {true, 6, "(0,0,0)", "(1,2,3)", "(-2,-4,-6)", colin},
         {false, 6, "(0,0)", "(1,1)", "(2,2,9)", colin},
@@ -123,17 +144,20 @@ TEST(ObjetsTrace, MessagesEtRienDessine)
 // A line D(M,u) runs across the whole frame: its ends are on the frame's box.
 TEST(ObjetsTrace, DroiteCoupeeAuCadre)
 {
-    struct Cas { int genre; const char* f1; const char* f2; double x0, y0, x1, y1; };
+    struct Cas {
+        int genre;
+        const char* f1;
+        const char* f2;
+        double x0, y0, x1, y1;
+    };
     const Cas cas[] = {
-        {5, "(0,0)", "(1,0)", -10, 0, 10, 0},
-        {5, "(2,3)", "(0,-4)", 2, -10, 2, 10},
-        {5, "(0,0)", "(1,2)", -5, -10, 5, 10},
-        {7, "y=0.5x+2", "", -10, -3, 10, 7},
+        {5, "(0,0)", "(1,0)", -10, 0, 10, 0},  {5, "(2,3)", "(0,-4)", 2, -10, 2, 10},
+        {5, "(0,0)", "(1,2)", -5, -10, 5, 10}, {7, "y=0.5x+2", "", -10, -3, 10, 7},
         {7, "x=-4", "", -4, -10, -4, 10},
     };
     for (const Cas& c : cas) {
         Scene s(false);
-        s.etat.param.traceContinu = 0;   // objects are solid lines all the same
+        s.etat.param.traceContinu = 0;  // objects are solid lines all the same
         ASSERT_EQ(s.trace(c.genre, c.f1, c.f2), "") << c.f1;
         EXPECT_EQ(s.etat.param.traceContinu, 0);
         const auto l = s.lignes();
@@ -158,7 +182,11 @@ TEST(ObjetsTrace, DroiteCoupeeAuCadre)
 // although the picture would have room for more.
 TEST(ObjetsTrace, DroiteCoupeeALaBoiteEnEspace)
 {
-    struct Cas { const char* f1; const char* f2; Vecteur3 a, b; };
+    struct Cas {
+        const char* f1;
+        const char* f2;
+        Vecteur3 a, b;
+    };
     const Cas cas[] = {
         {"(0,0,0)", "(0,0,1)", {0, 0, -10}, {0, 0, 10}},
         {"(1,2,3)", "(2,0,0)", {-10, 2, 3}, {10, 2, 3}},
@@ -190,7 +218,12 @@ TEST(ObjetsTrace, DroiteHorsDuCadreNeDessineRien)
 // The lattice of a plane stays inside the frame and has two directions.
 TEST(ObjetsTrace, TreillisDuPlanDansLeCadre)
 {
-    struct Cas { int genre; const char* f1; const char* f2; const char* f3; };
+    struct Cas {
+        int genre;
+        const char* f1;
+        const char* f2;
+        const char* f3;
+    };
     const Cas cas[] = {
         {6, "(1,1)", "(1,0)", "(1,1)"},
         {6, "(0,0)", "(2,1)", "(-1,3)"},
@@ -200,13 +233,17 @@ TEST(ObjetsTrace, TreillisDuPlanDansLeCadre)
         ASSERT_EQ(s.trace(c.genre, c.f1, c.f2, c.f3), "");
         std::vector<double> pentes;
         for (const auto& o : s.lignes()) {
-            for (double x : {s.versX(o.x1), s.versX(o.x2)}) EXPECT_LE(std::abs(x), 10 + 1e-6);
-            for (double y : {s.versY(o.y1), s.versY(o.y2)}) EXPECT_LE(std::abs(y), 10 + 1e-6);
+            for (double x : {s.versX(o.x1), s.versX(o.x2)})
+                EXPECT_LE(std::abs(x), 10 + 1e-6);
+            for (double y : {s.versY(o.y1), s.versY(o.y2)})
+                EXPECT_LE(std::abs(y), 10 + 1e-6);
             const double pente = std::atan2(o.y2 - o.y1, o.x2 - o.x1);
             const double p = pente < 0 ? pente + M_PI : pente;
             bool connue = false;
-            for (double q : pentes) connue |= std::abs(q - p) < 1e-6 || std::abs(std::abs(q - p) - M_PI) < 1e-6;
-            if (!connue && std::hypot(o.x2 - o.x1, o.y2 - o.y1) > 1) pentes.push_back(p);
+            for (double q : pentes)
+                connue |= std::abs(q - p) < 1e-6 || std::abs(std::abs(q - p) - M_PI) < 1e-6;
+            if (!connue && std::hypot(o.x2 - o.x1, o.y2 - o.y1) > 1)
+                pentes.push_back(p);
         }
         EXPECT_EQ(pentes.size(), 2u) << c.f2 << c.f3;
         // 21 lines each way at most, each cut in short steps: far more than 2 lines.
@@ -235,12 +272,14 @@ TEST(ObjetsTrace, SegmentEtPoint)
     int branches = 0;
     for (const auto& o : croix) {
         const double mx = p.versX((o.x1 + o.x2) / 2), my = p.versY((o.y1 + o.y2) / 2);
-        if (std::abs(o.x2 - o.x1) > 50 && std::abs(mx - 3.141592) < 1e-6 && std::abs(my - 2) < 1e-6) ++branches;
+        if (std::abs(o.x2 - o.x1) > 50 && std::abs(mx - 3.141592) < 1e-6 && std::abs(my - 2) < 1e-6)
+            ++branches;
     }
     EXPECT_EQ(branches, 2);
     int cercles = 0;
-    for (const auto& o : p.surface.operations()) cercles += o.genre == Genre::Cercle;
-    EXPECT_EQ(cercles, 1);   // the foot of the projection onto Ox
+    for (const auto& o : p.surface.operations())
+        cercles += o.genre == Genre::Cercle;
+    EXPECT_EQ(cercles, 1);  // the foot of the projection onto Ox
 }
 
 }  // namespace
@@ -251,10 +290,14 @@ TEST(ObjetsTrace, TextesAuHasard)
 {
     const std::string alphabet = "0123456789.,()+-*/=PEXYZxyz] ";
     unsigned graine = 12345;
-    auto hasard = [&](unsigned n) { graine = graine * 1103515245u + 12345u; return (graine >> 16) % n; };
+    auto hasard = [&](unsigned n) {
+        graine = graine * 1103515245u + 12345u;
+        return (graine >> 16) % n;
+    };
     auto texte = [&] {
         std::string t = hasard(2) ? "(" : "";
-        for (unsigned i = 0, n = hasard(14); i < n; ++i) t += alphabet[hasard(alphabet.size())];
+        for (unsigned i = 0, n = hasard(14); i < n; ++i)
+            t += alphabet[hasard(alphabet.size())];
         return t;
     };
     for (int essai = 0; essai < 1500; ++essai) {

@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "plot/etat.h"
 #include "plot/ecran.h"
+#include "plot/etat.h"
 #include "view/surface_enregistreuse.h"
 
 namespace velorin::essai {
@@ -24,8 +24,7 @@ inline Etat etatCalibre(bool espace)
 }
 
 // The recorded operations of one kind, of one colour if given.
-inline std::vector<OperationDessin> duGenre(const SurfaceEnregistreuse& s, Genre g,
-                                            std::optional<Couleur> couleur = {})
+inline std::vector<OperationDessin> duGenre(const SurfaceEnregistreuse& s, Genre g, std::optional<Couleur> couleur = {})
 {
     std::vector<OperationDessin> r;
     for (const auto& op : s.operations())

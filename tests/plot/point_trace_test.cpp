@@ -11,8 +11,7 @@ namespace {
 using namespace essai;
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
-void pose(Etat& etat, SurfaceEnregistreuse& s, double x, double y, int marque = 0,
-          const CrochetsTrace& crochets = {})
+void pose(Etat& etat, SurfaceEnregistreuse& s, double x, double y, int marque = 0, const CrochetsTrace& crochets = {})
 {
     etat.trace.ecranX = x;
     etat.trace.ecranY = y;
@@ -26,7 +25,12 @@ TEST(PointTrace, JoinsOnlyConsecutiveVisiblePointsWithinHalfTheArea)
     };
     // Drawing area: x in [1, 13760], y in [16, 10735]; half of it 6880 by 5360.
     using P = std::pair<double, double>;
-    struct Cas { const char* nom; int continu; std::vector<P> pts; std::vector<Genre> attendu; };
+    struct Cas {
+        const char* nom;
+        int continu;
+        std::vector<P> pts;
+        std::vector<Genre> attendu;
+    };
     const Genre o = Genre::Point, l = Genre::Ligne;
     const Cas cas[] = {
         {"leaves and comes back", 1, {{100, 100}, {200, 300}, {0, 200}, {300, 300}, {400, 300}}, {o, l, o, l}},
@@ -58,8 +62,14 @@ TEST(PointTrace, JoinsOnlyConsecutiveVisiblePointsWithinHalfTheArea)
 
 TEST(PointTrace, MarksOfATenthPoint)
 {
-    struct Cas { const char* nom; bool espace; int marque; double x; int genre, rayon;
-                 std::size_t rayons, projections, tangentes; };
+    struct Cas {
+        const char* nom;
+        bool espace;
+        int marque;
+        double x;
+        int genre, rayon;
+        std::size_t rayons, projections, tangentes;
+    };
     const Cas cas[] = {
         {"space, every mark", true, 1, 5000, 3, 1, 1, 3, 1},
         {"not a tenth point", true, 0, 5000, 3, 1, 0, 0, 0},
@@ -101,7 +111,11 @@ TEST(PointTrace, MarksOfATenthPoint)
 
 TEST(PointTrace, PausesOnlyWhenActiveAndAtLeastOneMillisecond)
 {
-    struct Cas { bool active; std::int16_t ms; int appels; };
+    struct Cas {
+        bool active;
+        std::int16_t ms;
+        int appels;
+    };
     for (Cas c : {Cas{true, 30, 2}, Cas{true, 1, 2}, Cas{true, 0, 0}, Cas{false, 30, 0}}) {
         Etat etat = etatCalibre(false);
         etat.fenetre.pauseActive = c.active;
@@ -118,7 +132,13 @@ TEST(PointTrace, PausesOnlyWhenActiveAndAtLeastOneMillisecond)
 
 TEST(PointTrace, AdmittedPoints)
 {
-    struct Cas { bool espace; float zmin; double zmax; double sx, sy, x, y, z; bool admis; };
+    struct Cas {
+        bool espace;
+        float zmin;
+        double zmax;
+        double sx, sy, x, y, z;
+        bool admis;
+    };
     const Cas cas[] = {
         // Plane: the surface position within 0..W-1400 by 0..H-800.
         {false, -10, 10, 13960, 10720, 99, 99, 99, true},

@@ -21,8 +21,14 @@ namespace {
 namespace fs = std::filesystem;
 
 std::mt19937 alea(20261124);
-int entier(int n) { return std::uniform_int_distribution<int>(0, n - 1)(alea); }
-template <class T, std::size_t n> const T& unDe(const T (&t)[n]) { return t[entier(int(n))]; }
+int entier(int n)
+{
+    return std::uniform_int_distribution<int>(0, n - 1)(alea);
+}
+template <class T, std::size_t n> const T& unDe(const T (&t)[n])
+{
+    return t[entier(int(n))];
+}
 
 // A message fit to show: not empty, no control byte (C0, DEL or the UTF-8
 // C1 range), no number that is not finite.
@@ -31,8 +37,7 @@ void verifieMessage(const std::string& message, const std::string& quoi)
     ASSERT_FALSE(message.empty()) << quoi;
     for (std::size_t i = 0; i < message.size(); ++i) {
         const auto c = static_cast<unsigned char>(message[i]);
-        const bool c1 = c == 0xC2 && i + 1 < message.size() &&
-                        static_cast<unsigned char>(message[i + 1]) >= 0x80 &&
+        const bool c1 = c == 0xC2 && i + 1 < message.size() && static_cast<unsigned char>(message[i + 1]) >= 0x80 &&
                         static_cast<unsigned char>(message[i + 1]) <= 0x9F;
         ASSERT_FALSE(c < 32 || c == 127 || c1) << quoi << ": byte " << int(c) << " in " << message;
     }
@@ -62,14 +67,15 @@ protected:
 
 std::string mutationCatalogue(std::string octets)
 {
-    static const char* textes[] = {"\0", "\x1B[2J", "\r", "\x07", "\x9B", "\xFF\xFE", "][", ":[", "<", "(1,2",
-                                   "X^1000", "1E999", "\n"};
+    static const char* textes[] = {"\0", "\x1B[2J", "\r",   "\x07",   "\x9B",  "\xFF\xFE", "][",
+                                   ":[", "<",       "(1,2", "X^1000", "1E999", "\n"};
     static const std::int16_t genres[] = {-32768, -1, 0, 1, 4, 9, 10, 13, 14, 15, 16, 300, 32767};
     for (int i = 1 + entier(4); i > 0; --i) {
         const std::size_t p = octets.empty() ? 0 : std::size_t(entier(int(octets.size())));
         switch (entier(6)) {
         case 0:  // random bytes
-            for (int k = entier(20); k >= 0 && p + k < octets.size(); --k) octets[p + k] = char(entier(256));
+            for (int k = entier(20); k >= 0 && p + k < octets.size(); --k)
+                octets[p + k] = char(entier(256));
             break;
         case 1:  // cut, often inside a record
             octets.resize(p);
@@ -86,7 +92,8 @@ std::string mutationCatalogue(std::string octets)
         case 3: {  // control bytes or syntax inside a text, in place
             const char* choisi = unDe(textes);
             const std::string t = choisi[0] ? std::string(choisi) : std::string(1, '\0');
-            for (std::size_t k = 0; k < t.size() && p + k < octets.size(); ++k) octets[p + k] = t[k];
+            for (std::size_t k = 0; k < t.size() && p + k < octets.size(); ++k)
+                octets[p + k] = t[k];
             break;
         }
         case 4:  // a few extra bytes: a partial record
@@ -117,7 +124,8 @@ TEST_F(RobustesseFichiers, MutatedCataloguesAreReadAndTracedOrRefusedInFrench)
         {-1, "effacée"},
     };
     std::string valide;
-    for (const LigneCatalogue& e : entrees) valide += octetsEnregistrement(e);
+    for (const LigneCatalogue& e : entrees)
+        valide += octetsEnregistrement(e);
     const std::string chemin = (dossier / "essai.lsu").string();
     int traces = 0;
     for (int essai = 0; essai < 80; ++essai) {
@@ -137,7 +145,8 @@ TEST_F(RobustesseFichiers, MutatedCataloguesAreReadAndTracedOrRefusedInFrench)
             SurfaceEnregistreuse surface;
             const ResultatTrace r = demandeTrace(etat, surface, int(n), {}, {});
             traces += r.trace;
-            if (r.erreur) verifieMessage(r.erreur.message(), liste[std::size_t(n)]);
+            if (r.erreur)
+                verifieMessage(r.erreur.message(), liste[std::size_t(n)]);
             etat.courbes = {};  // never the cap on drawn curves
         }
     }
@@ -151,14 +160,18 @@ TEST_F(RobustesseFichiers, MutatedCataloguesAreReadAndTracedOrRefusedInFrench)
 
 std::string mutationMemoire(std::string texte)
 {
-    static const char* valeurs[] = {"1e999", "-1e999", "nan", "-nan", "inf", "1e-400", "4e38", "1e308", "32768",
-                                    "-32769", "0x10", "1,5", "", "#TRUE#", "2", "1e38", " ", "\x1B", "+-1", "."};
+    static const char* valeurs[] = {"1e999", "-1e999", "nan",    "-nan", "inf", "1e-400", "4e38",
+                                    "1e308", "32768",  "-32769", "0x10", "1,5", "",       "#TRUE#",
+                                    "2",     "1e38",   " ",      "\x1B", "+-1", "."};
     static const char octets[] = ",.\r\n e9-+\t\x1B\x07#";
     for (int i = 1 + entier(3); i > 0; --i) {
         const std::size_t p = texte.empty() ? 0 : std::size_t(entier(int(texte.size())));
         switch (entier(8)) {
         case 0: texte.erase(p, 1); break;
-        case 1: if (p < texte.size()) texte.insert(p, 1, texte[p]); break;
+        case 1:
+            if (p < texte.size())
+                texte.insert(p, 1, texte[p]);
+            break;
         case 2: texte.insert(p, 1, octets[entier(sizeof octets - 1)]); break;
         case 3: texte.insert(0, "\xEF\xBB\xBF"); break;
         case 4:  // another line end everywhere
@@ -169,7 +182,9 @@ std::string mutationMemoire(std::string texte)
             break;
         }
         case 5:  // decimal commas
-            for (char& c : texte) if (c == '.') c = ',';
+            for (char& c : texte)
+                if (c == '.')
+                    c = ',';
             break;
         case 6: {  // one value replaced
             const std::size_t a = texte.find_last_of(",\n", p);
@@ -201,18 +216,37 @@ TEST_F(RobustesseFichiers, MutatedParameterFilesGiveFiniteValuesOrAFrenchRefusal
             continue;
         }
         ++lus;
-        for (double v : {p.xmin, p.xmax, p.ymin, p.ymax, double(p.zmin), p.zmax, p.tmin, p.tmax, p.pasT,
-                         p.amin, p.amax, p.pasA, p.nbrCalX, p.nbrCalY, p.nbrCalZ, p.Xviseur, p.Yviseur,
-                         double(p.Zviseur), double(p.pasRota), p.Xdirection, p.Ydirection, p.Zdirection,
+        for (double v : {p.xmin,
+                         p.xmax,
+                         p.ymin,
+                         p.ymax,
+                         double(p.zmin),
+                         p.zmax,
+                         p.tmin,
+                         p.tmax,
+                         p.pasT,
+                         p.amin,
+                         p.amax,
+                         p.pasA,
+                         p.nbrCalX,
+                         p.nbrCalY,
+                         p.nbrCalZ,
+                         p.Xviseur,
+                         p.Yviseur,
+                         double(p.Zviseur),
+                         double(p.pasRota),
+                         p.Xdirection,
+                         p.Ydirection,
+                         p.Zdirection,
                          p.Rotadir})
             ASSERT_TRUE(std::isfinite(v));
-        for (int c : {p.repereOrthonorme, p.traceContinu, p.projXOy, p.projXOz, p.projYOz, p.projOx, p.projOy,
-                      p.projOz, p.axesVisibles, p.avecRayon, p.fondBlanc, p.avecSegmentTangent})
+        for (int c : {p.repereOrthonorme, p.traceContinu, p.projXOy, p.projXOz, p.projYOz, p.projOx, p.projOy, p.projOz,
+                      p.axesVisibles, p.avecRayon, p.fondBlanc, p.avecSegmentTangent})
             ASSERT_TRUE(c == 0 || c == 1);
         ASSERT_EQ(texteMemoire(p).find("nan"), std::string::npos);
     }
-    EXPECT_GT(lus, 200);      // BOM, line ends and harmless changes are read
-    EXPECT_LT(lus, 1900);     // and the damaging ones refused
+    EXPECT_GT(lus, 200);   // BOM, line ends and harmless changes are read
+    EXPECT_LT(lus, 1900);  // and the damaging ones refused
 }
 
 }  // namespace

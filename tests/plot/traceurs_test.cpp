@@ -43,7 +43,11 @@ TEST(Traceurs, TangentOfThePlaneCurveBranchesAreNeverJoined)
 
 TEST(Traceurs, PlaneCurveMarksEveryTenthPointWithItsTangent)
 {
-    struct Cas { double nbrCalX; int tangentes; std::size_t marques; };
+    struct Cas {
+        double nbrCalX;
+        int tangentes;
+        std::size_t marques;
+    };
     for (Cas c : {Cas{37, 1, 3}, Cas{100, 1, 10}, Cas{8, 1, 0}, Cas{100, 0, 0}}) {
         Etat etat = etatAvec(false, "0.5*X");
         etat.param.nbrCalX = c.nbrCalX;
@@ -100,13 +104,15 @@ TEST(Traceurs, RadiusOfTheSphericalCurveAndGapsOfACurveLeavingTheBox)
 TEST(Traceurs, FamilyLoopOrdersCurvesPointsAndColours)
 {
     // a over [0, amax] by 0.1 in single precision; t over [0, 1] by 0.25 (5 values).
-    struct Cas { int ordre; double amax; std::size_t courbes, points, rouges, verts; };
+    struct Cas {
+        int ordre;
+        double amax;
+        std::size_t courbes, points, rouges, verts;
+    };
     const Cas cas[] = {
-        {0, 1, 10, 50, 0, 0},     // a reaches 10 values (11 in double precision)
-        {0, 3, 31, 155, 0, 0},    // ... and 31 here (30 in double precision)
-        {1, 1, 5, 50, 0, 0},
-        {2, 1, 15, 100, 0, 0},
-        {3, 1, 15, 100, 50, 50},  // t-outer pass red, a-outer pass green
+        {0, 1, 10, 50, 0, 0},   // a reaches 10 values (11 in double precision)
+        {0, 3, 31, 155, 0, 0},  // ... and 31 here (30 in double precision)
+        {1, 1, 5, 50, 0, 0},   {2, 1, 15, 100, 0, 0}, {3, 1, 15, 100, 50, 50},  // t-outer pass red, a-outer pass green
     };
     for (const Cas& c : cas) {
         Etat etat = etatAvec(true, "A", "T", "0");
@@ -147,7 +153,13 @@ TEST(Traceurs, RefusedRangesDrawNothingAndSayWhyInWords)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double inf = std::numeric_limits<double>::infinity();
-    struct Cas { const char* nom; int genre; double debut, fin, pas; std::size_t points; const char* message; };
+    struct Cas {
+        const char* nom;
+        int genre;
+        double debut, fin, pas;
+        std::size_t points;
+        const char* message;
+    };
     const Cas cas[] = {
         {"zero step", 1, 0, 1, 0, 0, "(de 0 à 1) ne donne aucun point car le pas est nul"},
         {"step of the wrong sign", 1, 0, 1, -0.1, 0, "(de 0 à 1 par pas de -0.1) ne donne aucun point"},
@@ -174,8 +186,9 @@ TEST(Traceurs, RefusedRangesDrawNothingAndSayWhyInWords)
             etat.param.xmin = c.debut, etat.param.xmax = c.fin;
         etat.param.nbrCalX = c.pas;
         SurfaceEnregistreuse s;
-        const FinTrace fin = c.genre == 0 ? traceExplicite(etat, s, {})
-                             : c.genre == 1 ? parcours1(etat, s, {}) : parcours2(etat, s, {});
+        const FinTrace fin = c.genre == 0   ? traceExplicite(etat, s, {})
+                             : c.genre == 1 ? parcours1(etat, s, {})
+                                            : parcours2(etat, s, {});
         EXPECT_EQ(s.operations().size(), c.points) << c.nom;
         const std::string& message = fin.erreur.message();
         EXPECT_EQ(!fin.erreur, c.points > 0) << c.nom << ": " << message;
@@ -187,13 +200,22 @@ TEST(Traceurs, RefusedRangesDrawNothingAndSayWhyInWords)
 
 TEST(Traceurs, InterruptionAndFormulaErrorsStopTheTracing)
 {
-    struct Cas { const char* f1; bool interrompre; bool interrompu; bool message; std::size_t auPlus; };
+    struct Cas {
+        const char* f1;
+        bool interrompre;
+        bool interrompu;
+        bool message;
+        std::size_t auPlus;
+    };
     for (Cas c : {Cas{"T/100000", true, true, false, 256}, Cas{"SIN(T", false, false, true, 1}}) {
         Etat etat = etatAvec(true, c.f1, "0", "0");
         bornesT(etat, 0, 1, 1e-5);
         int questions = 0;
         CrochetsTrace crochets;
-        crochets.interrompu = [&] { ++questions; return c.interrompre; };
+        crochets.interrompu = [&] {
+            ++questions;
+            return c.interrompre;
+        };
         SurfaceEnregistreuse s;
         const FinTrace fin = parcours1(etat, s, crochets);
         EXPECT_EQ(fin.interrompu, c.interrompu) << c.f1;

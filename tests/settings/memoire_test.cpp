@@ -18,13 +18,12 @@ namespace {
 namespace fs = std::filesystem;
 
 // The example set: six lines, values as a user would type them.
-const char* const exemple =
-    "-10,10,-10,10,-10,10\r\n"
-    "0,6.28,0.05,0,6.28,0.1\r\n"
-    "20,20,20,30,20,15\r\n"
-    "5,0,0,1,0,1,1,0\r\n"
-    "0,0,0,0,0,0,1,0,0\r\n"
-    "50,0,#FALSE#\r\n";
+const char* const exemple = "-10,10,-10,10,-10,10\r\n"
+                            "0,6.28,0.05,0,6.28,0.1\r\n"
+                            "20,20,20,30,20,15\r\n"
+                            "5,0,0,1,0,1,1,0\r\n"
+                            "0,0,0,0,0,0,1,0,0\r\n"
+                            "50,0,#FALSE#\r\n";
 
 std::string lisTout(const fs::path& chemin)
 {
@@ -36,16 +35,31 @@ std::string lisTout(const fs::path& chemin)
 
 TEST(TexteNombre, PlainDecimalWithAtMostTheSignificantDigits)
 {
-    struct Cas { double v; int chiffres; const char* attendu; };
-    for (Cas c : {Cas{6.28, 15, "6.28"}, Cas{0.05, 15, "0.05"}, Cas{-10, 15, "-10"},
-                  Cas{0, 15, "0"}, Cas{-0.0, 15, "0"}, Cas{0.1 + 0.2, 15, "0.3"},
-                  Cas{1.0 / 3, 15, "0.333333333333333"}, Cas{2.0 / 3, 7, "0.6666667"},
-                  Cas{0.0001, 15, "0.0001"}, Cas{0.00001, 15, "1E-05"},
-                  Cas{-1.5e-7, 15, "-1.5E-07"}, Cas{123456789012345, 15, "123456789012345"},
-                  Cas{1e15, 15, "1E+15"}, Cas{1234567, 7, "1234567"},
-                  Cas{12345678, 7, "1.234568E+07"}, Cas{double(15.3f), 7, "15.3"},
-                  Cas{double(15.3f), 15, "15.3000001907349"}, Cas{1e300, 15, "1E+300"},
-                  Cas{9999999.7, 7, "1E+07"}, Cas{0.000999, 15, "0.000999"}})
+    struct Cas {
+        double v;
+        int chiffres;
+        const char* attendu;
+    };
+    for (Cas c : {Cas{6.28, 15, "6.28"},
+                  Cas{0.05, 15, "0.05"},
+                  Cas{-10, 15, "-10"},
+                  Cas{0, 15, "0"},
+                  Cas{-0.0, 15, "0"},
+                  Cas{0.1 + 0.2, 15, "0.3"},
+                  Cas{1.0 / 3, 15, "0.333333333333333"},
+                  Cas{2.0 / 3, 7, "0.6666667"},
+                  Cas{0.0001, 15, "0.0001"},
+                  Cas{0.00001, 15, "1E-05"},
+                  Cas{-1.5e-7, 15, "-1.5E-07"},
+                  Cas{123456789012345, 15, "123456789012345"},
+                  Cas{1e15, 15, "1E+15"},
+                  Cas{1234567, 7, "1234567"},
+                  Cas{12345678, 7, "1.234568E+07"},
+                  Cas{double(15.3f), 7, "15.3"},
+                  Cas{double(15.3f), 15, "15.3000001907349"},
+                  Cas{1e300, 15, "1E+300"},
+                  Cas{9999999.7, 7, "1E+07"},
+                  Cas{0.000999, 15, "0.000999"}})
         EXPECT_EQ(texteNombre(c.v, c.chiffres), c.attendu) << c.v;
 }
 
@@ -59,21 +73,35 @@ TEST(Memoire, FieldsInFileOrder)
     p.ordreBoucles = 2;
     p.avecMoirure = true;
     ASSERT_FALSE(analyseMemoire(texte, "m", p));
-    EXPECT_EQ(p.zmin, 5.5f); EXPECT_EQ(p.pasT, 9); EXPECT_EQ(p.amin, 10); EXPECT_EQ(p.pasA, 12);
-    EXPECT_EQ(p.Zviseur, 18); EXPECT_EQ(p.pasRota, 19); EXPECT_EQ(p.Rotadir, 23);
-    EXPECT_EQ(p.avecSegmentTangent, 1); EXPECT_EQ(p.traceContinu, 0); EXPECT_EQ(p.projXOy, 1);
-    EXPECT_EQ(p.projOz, 1); EXPECT_EQ(p.fondBlanc, 1); EXPECT_EQ(p.pauseMs, -3);
+    EXPECT_EQ(p.zmin, 5.5f);
+    EXPECT_EQ(p.pasT, 9);
+    EXPECT_EQ(p.amin, 10);
+    EXPECT_EQ(p.pasA, 12);
+    EXPECT_EQ(p.Zviseur, 18);
+    EXPECT_EQ(p.pasRota, 19);
+    EXPECT_EQ(p.Rotadir, 23);
+    EXPECT_EQ(p.avecSegmentTangent, 1);
+    EXPECT_EQ(p.traceContinu, 0);
+    EXPECT_EQ(p.projXOy, 1);
+    EXPECT_EQ(p.projOz, 1);
+    EXPECT_EQ(p.fondBlanc, 1);
+    EXPECT_EQ(p.pauseMs, -3);
     EXPECT_EQ(texteMemoire(p), texte);
 }
 
 TEST(Memoire, RoundTripKeepsDoublesAndRoundsSinglesLikeFloats)
 {
-    struct Cas { double d; double s; };
-    for (Cas c : {Cas{6.28, 15.3}, Cas{-1e-9, 1.0 / 3}, Cas{123456.789012345, 16777217},
-                  Cas{1e20, -2.5e-12}, Cas{0.1 + 0.2, 3.14159265}}) {
+    struct Cas {
+        double d;
+        double s;
+    };
+    for (Cas c : {Cas{6.28, 15.3}, Cas{-1e-9, 1.0 / 3}, Cas{123456.789012345, 16777217}, Cas{1e20, -2.5e-12},
+                  Cas{0.1 + 0.2, 3.14159265}}) {
         Parametres p;
-        p.xmin = c.d; p.Rotadir = c.d;
-        p.zmin = static_cast<float>(c.s); p.Zviseur = static_cast<float>(c.s);
+        p.xmin = c.d;
+        p.Rotadir = c.d;
+        p.zmin = static_cast<float>(c.s);
+        p.Zviseur = static_cast<float>(c.s);
         p.pasRota = static_cast<float>(c.s);
         Parametres lu;
         ASSERT_FALSE(analyseMemoire(texteMemoire(p), "m", lu));
@@ -87,7 +115,8 @@ TEST(Memoire, RoundTripKeepsDoublesAndRoundsSinglesLikeFloats)
         EXPECT_EQ(lu.pasRota, attendu);
     }
     Parametres p;
-    p.xmin = 6.28; p.Zviseur = 15.3f;
+    p.xmin = 6.28;
+    p.Zviseur = 15.3f;
     Parametres lu;
     ASSERT_FALSE(analyseMemoire(texteMemoire(p), "m", lu));
     EXPECT_EQ(lu.xmin, 6.28);
@@ -113,16 +142,21 @@ TEST(Memoire, LineSixRestoresOnlyThePause)
 
 TEST(Memoire, ToleratedForms)
 {
-    struct Cas { std::string remplace, par; double xmin; int repere; std::int16_t pause; };
+    struct Cas {
+        std::string remplace, par;
+        double xmin;
+        int repere;
+        std::int16_t pause;
+    };
     const Cas cas[] = {
-        {"\r\n", "\n", -10, 1, 50},                         // LF alone
-        {"\r\n", "\r", -10, 1, 50},                         // CR alone
-        {"-10,10,-10", "\xEF\xBB\xBF-10,10,-10", -10, 1, 50},   // UTF-8 byte-order mark
-        {"-10,10,-10", " -10 ,\t10,-10", -10, 1, 50},       // blanks around values
+        {"\r\n", "\n", -10, 1, 50},                            // LF alone
+        {"\r\n", "\r", -10, 1, 50},                            // CR alone
+        {"-10,10,-10", "\xEF\xBB\xBF-10,10,-10", -10, 1, 50},  // UTF-8 byte-order mark
+        {"-10,10,-10", " -10 ,\t10,-10", -10, 1, 50},          // blanks around values
         {"-10,10,-10", "+.5,10,-10", 0.5, 1, 50},
         {"-10,10,-10", "-1.5E+01,10,-10", -15, 1, 50},
         {"5,0,0,1,0,1,1,0", "5,0,0,1,0,#FALSE#,1,0", -10, 0, 50},
-        {"50,0,#FALSE#", "50.5", -10, 1, 50},               // rounded half to even
+        {"50,0,#FALSE#", "50.5", -10, 1, 50},  // rounded half to even
         {"50,0,#FALSE#", "-32768,9", -10, 1, -32768},
     };
     for (const Cas& c : cas) {
@@ -140,7 +174,9 @@ TEST(Memoire, ToleratedForms)
 
 TEST(Memoire, DamagedFileNamesFileAndLineAndChangesNothing)
 {
-    struct Cas { std::string remplace, par, message; };
+    struct Cas {
+        std::string remplace, par, message;
+    };
     const Cas cas[] = {
         {"20,20,20,30,20,15", "20,20,20,30", "ligne 3 : 6 valeurs attendues, 4 trouvées"},
         {"0,6.28,0.05,0,6.28,0.1", "", "ligne 2 : 6 valeurs attendues, aucune trouvée"},
@@ -158,7 +194,8 @@ TEST(Memoire, DamagedFileNamesFileAndLineAndChangesNothing)
         {"-10,10,-10", "nan,10,-10", "ligne 1 : valeur 1, « nan » n'est pas un nombre (xmin)"},
         {"-10,10,-10", "-inf,10,-10", "ligne 1 : valeur 1, « -inf » n'est pas un nombre"},
         {"-10,10,-10", "\x1B[2J\x07,10,-10", "ligne 1 : valeur 1, « \\e[2J\\x07 » n'est pas un nombre"},
-        {"0,6.28,0.05", "0,6,28,0.05", "ligne 2 : 6 valeurs attendues, 7 trouvées (le séparateur décimal doit être « . »"},
+        {"0,6.28,0.05", "0,6,28,0.05",
+         "ligne 2 : 6 valeurs attendues, 7 trouvées (le séparateur décimal doit être « . »"},
         {"-10,10,-10", "\xEF\xBB\xBF\xEF\xBB\xBF-10,10,-10", "ligne 1 : valeur 1, « \uFEFF-10 » n'est pas un nombre"},
         {"-10,10,-10,10,-10,10", "-10,10,-10,10,-1e39,10", "ligne 1 : valeur 5, -1e39 est hors des limites de zmin"},
         {"20,20,20,30,20,15", "20,20,20,30,20,4e38", "ligne 3 : valeur 6, 4e38 est hors"},
@@ -173,13 +210,17 @@ TEST(Memoire, DamagedFileNamesFileAndLineAndChangesNothing)
         ASSERT_NE(i, std::string::npos) << c.remplace;
         texte.replace(i, c.remplace.size(), c.par);
         Parametres p;
-        p.xmin = 1.25; p.pauseMs = 7; p.zmax = 99;  // values in force
+        p.xmin = 1.25;
+        p.pauseMs = 7;
+        p.zmax = 99;  // values in force
         const auto erreur = analyseMemoire(texte, "/d/mem.log", p);
         ASSERT_TRUE(erreur) << c.par;
         SCOPED_TRACE(c.par);
         EXPECT_EQ(erreur.message().rfind("Fichier /d/mem.log, ", 0), 0u) << erreur.message();
         EXPECT_NE(erreur.message().find(c.message), std::string::npos) << erreur.message();
-        EXPECT_EQ(p.xmin, 1.25); EXPECT_EQ(p.pauseMs, 7); EXPECT_EQ(p.zmax, 99);
+        EXPECT_EQ(p.xmin, 1.25);
+        EXPECT_EQ(p.pauseMs, 7);
+        EXPECT_EQ(p.zmax, 99);
     }
 }
 
@@ -187,7 +228,9 @@ TEST(Memoire, PointDecimalsUnderACommaLocale)
 {
     LocaleVirgule virgule;
     Parametres p;
-    p.pasT = 0.05; p.tmax = 1234.5; p.zmin = -2.5f;
+    p.pasT = 0.05;
+    p.tmax = 1234.5;
+    p.zmin = -2.5f;
     const std::string texte = texteMemoire(p);
     EXPECT_NE(texte.find("0,1234.5,0.05,"), std::string::npos) << texte;
     EXPECT_NE(texte.find(",-2.5,"), std::string::npos) << texte;
@@ -236,11 +279,13 @@ TEST(Memoire, PathsThatAreNotAFileAreRefusedWithoutBlocking)
     fs::create_symlink("a", dossier / "b");
     ASSERT_EQ(mkfifo((dossier / "tube").c_str(), 0600), 0);
     std::ofstream(dossier / "grand") << std::string(100000, '1');
-    struct Cas { const char* nom; const char* fin; };
+    struct Cas {
+        const char* nom;
+        const char* fin;
+    };
     for (Cas c : {Cas{"tube", " est un tube nommé (FIFO), pas un fichier : il ne peut pas être lu."},
                   Cas{"un_dossier", " est un dossier, pas un fichier."},
-                  Cas{"a", " est un lien symbolique qui tourne en boucle."},
-                  Cas{"absent", " n'existe pas."}}) {
+                  Cas{"a", " est un lien symbolique qui tourne en boucle."}, Cas{"absent", " n'existe pas."}}) {
         const std::string chemin = (dossier / c.nom).string();
         Parametres p;
         const auto erreur = lisMemoire(chemin, p);
@@ -251,7 +296,9 @@ TEST(Memoire, PathsThatAreNotAFileAreRefusedWithoutBlocking)
     const auto erreur = lisMemoire((dossier / "grand").string(), p);
     ASSERT_TRUE(erreur);
     EXPECT_NE(erreur.message().find("trop volumineux"), std::string::npos);
-    const auto utf16 = analyseMemoire("\xFF\xFE-\0" "1\0", "m", p);
+    const auto utf16 = analyseMemoire("\xFF\xFE-\0"
+                                      "1\0",
+                                      "m", p);
     ASSERT_TRUE(utf16);
     EXPECT_NE(utf16.message().find("UTF-16"), std::string::npos);
     fs::remove_all(dossier);
@@ -271,8 +318,10 @@ TEST(Memoire, ShippedFilesAreWhatTheWriterWrites)
         EXPECT_EQ(p.axesVisibles, 1);
         EXPECT_EQ(p.traceContinu, 1);
         EXPECT_EQ(p.pauseMs, 0);
-        EXPECT_EQ(p.xmin, -10); EXPECT_EQ(p.xmax, 10);
-        EXPECT_EQ(p.tmax, 6.28); EXPECT_EQ(p.amax, 6.28);
+        EXPECT_EQ(p.xmin, -10);
+        EXPECT_EQ(p.xmax, 10);
+        EXPECT_EQ(p.tmax, 6.28);
+        EXPECT_EQ(p.amax, 6.28);
     }
 }
 

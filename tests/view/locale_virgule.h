@@ -16,8 +16,7 @@ struct VirguleDecimale : std::numpunct<char> {
 
 class LocaleVirgule {
 public:
-    LocaleVirgule()
-        : avant_(std::locale::global(std::locale(std::locale::classic(), new VirguleDecimale)))
+    LocaleVirgule() : avant_(std::locale::global(std::locale(std::locale::classic(), new VirguleDecimale)))
     {
         for (const char* nom : {"fr_FR.UTF-8", "fr_FR.utf8", "fr_FR", "de_DE.UTF-8"})
             if (std::setlocale(LC_ALL, nom)) {

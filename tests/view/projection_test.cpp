@@ -10,13 +10,18 @@ namespace {
 struct Espace {
     Parametres p;
     Vue v;
-    explicit Espace(double vx = 10, double vy = 0, float vz = 0, double dx = -1, double dy = 0,
-                    double dz = 0, double rota = 0)
+    explicit Espace(double vx = 10, double vy = 0, float vz = 0, double dx = -1, double dy = 0, double dz = 0,
+                    double rota = 0)
     {
-        p.Xviseur = vx; p.Yviseur = vy; p.Zviseur = vz;
-        p.Xdirection = dx; p.Ydirection = dy; p.Zdirection = dz;
+        p.Xviseur = vx;
+        p.Yviseur = vy;
+        p.Zviseur = vz;
+        p.Xdirection = dx;
+        p.Ydirection = dy;
+        p.Zdirection = dz;
         p.Rotadir = rota;
-        v.W = 11600; v.H = 8800;
+        v.W = 11600;
+        v.H = 8800;
         prepareVue(p, true, v);
     }
     bool image(double x, double y, double z, double& sx, double& sy) const
@@ -30,41 +35,60 @@ TEST(Projection, VectorHelpers)
     EXPECT_EQ(normeCarree(1, -2, 3), 14);
     double c1, c2, c3;
     produitVectoriel(-1, 0, 0, 0, 0, 1, c1, c2, c3);
-    EXPECT_EQ(c1, 0); EXPECT_EQ(c2, 1); EXPECT_EQ(c3, 0);
-    EXPECT_DOUBLE_EQ(cosinusAngle(5, 3, 4), 0);   // right angle
-    EXPECT_DOUBLE_EQ(cosinusAngle(1, 1, 1), 0.5); // equilateral
-    EXPECT_EQ(cosinusAngle(1, 0, 1), 0);          // zero side: empty result
+    EXPECT_EQ(c1, 0);
+    EXPECT_EQ(c2, 1);
+    EXPECT_EQ(c3, 0);
+    EXPECT_DOUBLE_EQ(cosinusAngle(5, 3, 4), 0);    // right angle
+    EXPECT_DOUBLE_EQ(cosinusAngle(1, 1, 1), 0.5);  // equilateral
+    EXPECT_EQ(cosinusAngle(1, 0, 1), 0);           // zero side: empty result
 }
 
 TEST(Projection, PlaneCalibration)
 {
-    struct Cas { int ortho; double ex, ey; };
+    struct Cas {
+        int ortho;
+        double ex, ey;
+    };
     for (Cas c : {Cas{0, 500, 400}, Cas{1, 400, 400}}) {
         Parametres p;
         p.repereOrthonorme = c.ortho;
         Vue v;
-        v.W = 11600; v.H = 8800;
+        v.W = 11600;
+        v.H = 8800;
         ASSERT_TRUE(calibre(p, v, false));
         EXPECT_EQ(v.echelleX, c.ex);
         EXPECT_EQ(v.echelleY, c.ey);
         double sx, sy;
         ASSERT_TRUE(projette(p, v, false, 0, 0, 123, sx, sy));
-        EXPECT_EQ(sx, 5100); EXPECT_EQ(sy, 4050);
-        EXPECT_EQ(v.origineEcranX, 5100); EXPECT_EQ(v.origineEcranY, 4050);
+        EXPECT_EQ(sx, 5100);
+        EXPECT_EQ(sy, 4050);
+        EXPECT_EQ(v.origineEcranX, 5100);
+        EXPECT_EQ(v.origineEcranY, 4050);
         ASSERT_TRUE(projette(p, v, false, 2, 1, 0, sx, sy));
-        EXPECT_EQ(sx, 5100 + 2 * c.ex); EXPECT_EQ(sy, 4050 - c.ey);
+        EXPECT_EQ(sx, 5100 + 2 * c.ex);
+        EXPECT_EQ(sy, 4050 - c.ey);
     }
 }
 
 TEST(Projection, RefusedRangesGoBackToTheBase)
 {
-    struct Cas { bool espace; double xmin, xmax, ymin, ymax; float zmin; double zmax; bool admis; };
+    struct Cas {
+        bool espace;
+        double xmin, xmax, ymin, ymax;
+        float zmin;
+        double zmax;
+        bool admis;
+    };
     for (Cas c : {Cas{true, 5, 5, -1, 1, -1, 1, false}, Cas{true, -1, 1, 3, 2, -1, 1, false},
                   Cas{false, 4, -4, -1, 1, -1, 1, false}, Cas{false, -1, 1, 0, 0, 0, 0, false},
                   Cas{true, -1, 1, -2, 2, 3, -3, true}, Cas{false, -1, 1, -2, 2, 3, -3, true}}) {
         Parametres p;
-        p.xmin = c.xmin; p.xmax = c.xmax; p.ymin = c.ymin; p.ymax = c.ymax;
-        p.zmin = c.zmin; p.zmax = c.zmax;
+        p.xmin = c.xmin;
+        p.xmax = c.xmax;
+        p.ymin = c.ymin;
+        p.ymax = c.ymax;
+        p.zmin = c.zmin;
+        p.zmax = c.zmax;
         Vue v;
         prepareVue(p, c.espace, v);
         EXPECT_EQ(calibre(p, v, c.espace), c.admis) << c.xmin << " " << c.ymin;
@@ -72,8 +96,10 @@ TEST(Projection, RefusedRangesGoBackToTheBase)
             EXPECT_EQ(p.zmin, c.zmin);  // reversed z kept as it is
             EXPECT_EQ(p.xmax, c.xmax);
         } else {
-            for (double borne : {p.xmin, p.ymin, double(p.zmin)}) EXPECT_EQ(borne, -10);
-            for (double borne : {p.xmax, p.ymax, p.zmax}) EXPECT_EQ(borne, 10);
+            for (double borne : {p.xmin, p.ymin, double(p.zmin)})
+                EXPECT_EQ(borne, -10);
+            for (double borne : {p.xmax, p.ymax, p.zmax})
+                EXPECT_EQ(borne, 10);
             EXPECT_EQ(v.etendueX, 20);  // calibrated on the base
         }
     }
@@ -89,9 +115,12 @@ TEST(Projection, SpaceViewFromPlusX)
     EXPECT_NEAR(e.v.origineEcranY, cy, 1e-6);
     // (0,1,0) to the right, (0,0,1) above, (1,0,0) on the line of sight.
     // (The vertical reference point is single precision: 1e-3 twips.)
-    EXPECT_GT(e.v.imageUyX, cx + 100); EXPECT_NEAR(e.v.imageUyY, cy, 1e-3);
-    EXPECT_NEAR(e.v.imageUzX, cx, 1e-3); EXPECT_LT(e.v.imageUzY, cy - 100);
-    EXPECT_NEAR(e.v.imageUxX, cx, 1e-3); EXPECT_NEAR(e.v.imageUxY, cy, 1e-3);
+    EXPECT_GT(e.v.imageUyX, cx + 100);
+    EXPECT_NEAR(e.v.imageUyY, cy, 1e-3);
+    EXPECT_NEAR(e.v.imageUzX, cx, 1e-3);
+    EXPECT_LT(e.v.imageUzY, cy - 100);
+    EXPECT_NEAR(e.v.imageUxX, cx, 1e-3);
+    EXPECT_NEAR(e.v.imageUxY, cy, 1e-3);
     // Central projection: the unit point at distance 10 is seen 1/10 away.
     EXPECT_NEAR(e.v.imageUyX - cx, 0.1 * cx, 1e-3);
 }
@@ -104,9 +133,11 @@ TEST(Projection, HeadAngleTurnsTheUpVector)
     double sx, sy, ox, oy;
     ASSERT_TRUE(e.image(0, 0, 0, ox, oy));
     ASSERT_TRUE(e.image(0, 1, 0, sx, sy));
-    EXPECT_NEAR(sx, ox, 1e-6); EXPECT_LT(sy, oy - 100);
+    EXPECT_NEAR(sx, ox, 1e-6);
+    EXPECT_LT(sy, oy - 100);
     ASSERT_TRUE(e.image(0, 0, 1, sx, sy));
-    EXPECT_LT(sx, ox - 100); EXPECT_NEAR(sy, oy, 1e-6);
+    EXPECT_LT(sx, ox - 100);
+    EXPECT_NEAR(sy, oy, 1e-6);
 }
 
 TEST(Projection, PointsAbreastBehindAndAtTheViewer)
@@ -125,14 +156,17 @@ TEST(Projection, PointsAbreastBehindAndAtTheViewer)
     // At the viewer: refused, nothing written.
     sx = sy = 7;
     EXPECT_FALSE(e.image(10, 0, 0, sx, sy));
-    EXPECT_EQ(sx, 7); EXPECT_EQ(sy, 7);
+    EXPECT_EQ(sx, 7);
+    EXPECT_EQ(sy, 7);
 }
 
 TEST(Projection, NoNanComesOutOfAnAcceptedProjection)
 {
     // Degenerate set-ups: zero direction (the set-up keeps its previous
     // values), direction along the up vector, huge and failed points.
-    struct Cas { double dx, dy, dz; };
+    struct Cas {
+        double dx, dy, dz;
+    };
     for (Cas c : {Cas{0, 0, 0}, Cas{0, 0, -1}, Cas{0, 0, 1}, Cas{-1, 0, 0}}) {
         Espace e(10, 0, 0, c.dx, c.dy, c.dz);
         for (double x : {0.0, 1.0, -1e9, 1e9, 1e300, 10.0, HUGE_VAL}) {

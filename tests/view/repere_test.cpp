@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "view/format_nombre.h"
 #include "plot/ecran.h"
+#include "view/format_nombre.h"
 #include "view/surface_enregistreuse.h"
 
 namespace velorin {
@@ -18,20 +18,39 @@ using G = OperationDessin::Genre;
 
 TEST(FormatNombre, PatternsOfDigits)
 {
-    struct Cas { double v; const char* motif; const char* attendu; };
-    for (Cas c : {Cas{3.14159, "00.00", "03.14"}, Cas{-1.5, "00.00", "-01.50"},
-                  Cas{99.999, "00.00", "100.00"}, Cas{123, "0.00E+00", "1.23E+02"},
-                  Cas{0.0123, "0.00E+00", "1.23E-02"}, Cas{123, "0.00E-00", "1.23E02"},
-                  Cas{0.0123, "0.00E-00", "1.23E-02"}, Cas{-123456, "0.00E+00", "-1.23E+05"},
-                  Cas{9.996, "0.00E+00", "1.00E+01"}, Cas{0, "0.00E+00", "0.00E+00"},
-                  Cas{1e-300, "0.00E-00", "1.00E-300"}, Cas{1234.5, "0.000", "1234.500"},
-                  Cas{0.0005, "0.000", "0.001"}, Cas{-0.0004, "0.000", "0.000"},
-                  Cas{1.005, "0.00", "1.01"}, Cas{2.675, "0.00", "2.68"},
-                  Cas{-2.5, "0", "-3"}, Cas{2.5, "000", "003"}, Cas{5, "0000", "0005"},
-                  Cas{12345, "000", "12345"}, Cas{7, "00000", "00007"},
-                  Cas{10, "00.000", "10.000"}, Cas{-3.14159, "00.000", "-03.142"},
-                  Cas{0.5, "#.00", ".50"}, Cas{1.5, "0.0#", "1.5"}, Cas{1.25, "0.0#", "1.25"},
-                  Cas{7, "[0]", "[7]"}, Cas{6.28, "", "6.28"}})
+    struct Cas {
+        double v;
+        const char* motif;
+        const char* attendu;
+    };
+    for (Cas c : {Cas{3.14159, "00.00", "03.14"},
+                  Cas{-1.5, "00.00", "-01.50"},
+                  Cas{99.999, "00.00", "100.00"},
+                  Cas{123, "0.00E+00", "1.23E+02"},
+                  Cas{0.0123, "0.00E+00", "1.23E-02"},
+                  Cas{123, "0.00E-00", "1.23E02"},
+                  Cas{0.0123, "0.00E-00", "1.23E-02"},
+                  Cas{-123456, "0.00E+00", "-1.23E+05"},
+                  Cas{9.996, "0.00E+00", "1.00E+01"},
+                  Cas{0, "0.00E+00", "0.00E+00"},
+                  Cas{1e-300, "0.00E-00", "1.00E-300"},
+                  Cas{1234.5, "0.000", "1234.500"},
+                  Cas{0.0005, "0.000", "0.001"},
+                  Cas{-0.0004, "0.000", "0.000"},
+                  Cas{1.005, "0.00", "1.01"},
+                  Cas{2.675, "0.00", "2.68"},
+                  Cas{-2.5, "0", "-3"},
+                  Cas{2.5, "000", "003"},
+                  Cas{5, "0000", "0005"},
+                  Cas{12345, "000", "12345"},
+                  Cas{7, "00000", "00007"},
+                  Cas{10, "00.000", "10.000"},
+                  Cas{-3.14159, "00.000", "-03.142"},
+                  Cas{0.5, "#.00", ".50"},
+                  Cas{1.5, "0.0#", "1.5"},
+                  Cas{1.25, "0.0#", "1.25"},
+                  Cas{7, "[0]", "[7]"},
+                  Cas{6.28, "", "6.28"}})
         EXPECT_EQ(formatNombre(c.v, c.motif), c.attendu) << c.v << " " << c.motif;
     EXPECT_EQ(formatNombre(NAN, "0.00"), "non défini");
     EXPECT_EQ(formatNombre(-INFINITY, "0.00"), "-infini");
@@ -39,16 +58,23 @@ TEST(FormatNombre, PatternsOfDigits)
 
 TEST(FormatNombre, EndOfAxisFormatByMagnitude)
 {
-    struct Cas { double v; const char* texte; };
-    for (Cas c : {Cas{0, "0.000"}, Cas{0.005, "5.00E-03"}, Cas{-0.01, "-0.010"},
-                  Cas{6.28, "6.280"}, Cas{-10, "-10.00"}, Cas{99.5, "99.50"},
-                  Cas{100, "1.00E+02"}, Cas{-2500, "-2.50E+03"}})
+    struct Cas {
+        double v;
+        const char* texte;
+    };
+    for (Cas c : {Cas{0, "0.000"}, Cas{0.005, "5.00E-03"}, Cas{-0.01, "-0.010"}, Cas{6.28, "6.280"}, Cas{-10, "-10.00"},
+                  Cas{99.5, "99.50"}, Cas{100, "1.00E+02"}, Cas{-2500, "-2.50E+03"}})
         EXPECT_EQ(formatNombre(c.v, motifGraduation(c.v)), c.texte) << c.v;
 }
 
 TEST(Repere, ColoursInForce)
 {
-    struct Cas { int fondBlanc; bool inversion; Couleur axes; Couleur fondAttendu, axesAttendu; };
+    struct Cas {
+        int fondBlanc;
+        bool inversion;
+        Couleur axes;
+        Couleur fondAttendu, axesAttendu;
+    };
     for (Cas c : {Cas{0, false, 0xFFFFFF, 0x000000, 0xFFFFFF}, Cas{0, false, 0x00FFFF, 0, 0x00FFFF},
                   Cas{1, false, 0x00FFFF, 0xFFFFFF, 0x000000}, Cas{0, true, 0x00FFFF, 0xFFFFFF, 0xFF0000},
                   Cas{1, true, 0x00FFFF, 0x000000, 0xFFFFFF},
@@ -79,12 +105,15 @@ TEST(Repere, ColoursInForce)
 struct Dessin {
     Etat etat;
     SurfaceEnregistreuse surface;
-    Dessin(bool espace, double largeurPx, double hauteurPx)
-        : surface(largeurPx * 15, hauteurPx * 15)
+    Dessin(bool espace, double largeurPx, double hauteurPx) : surface(largeurPx * 15, hauteurPx * 15)
     {
         etat.fenetre.metsModeEspace(espace);
-        etat.param.Xviseur = 15; etat.param.Yviseur = 10; etat.param.Zviseur = 7.5f;
-        etat.param.Xdirection = -15; etat.param.Ydirection = -10; etat.param.Zdirection = -7.5;
+        etat.param.Xviseur = 15;
+        etat.param.Yviseur = 10;
+        etat.param.Zviseur = 7.5f;
+        etat.param.Xdirection = -15;
+        etat.param.Ydirection = -10;
+        etat.param.Zdirection = -7.5;
         etat.vue.W = surface.Width();
         etat.vue.H = surface.Height();
     }
@@ -95,7 +124,10 @@ struct Dessin {
         return surface.operations();
     }
     // The text boxes as the recording surface measures them.
-    struct Texte { std::string t; double x, y, l, h; };
+    struct Texte {
+        std::string t;
+        double x, y, l, h;
+    };
     std::vector<Texte> textes() const
     {
         std::vector<Texte> r;
@@ -114,8 +146,8 @@ void verifieTextes(const Dessin& d, const std::string& cas)
     const auto textes = d.textes();
     for (std::size_t i = 0; i < textes.size(); ++i) {
         const auto& a = textes[i];
-        EXPECT_TRUE(a.x >= 0 && a.y >= 0 && a.x + a.l <= d.surface.Width() &&
-                    a.y + a.h <= d.surface.Height()) << cas << " hors surface : " << a.t;
+        EXPECT_TRUE(a.x >= 0 && a.y >= 0 && a.x + a.l <= d.surface.Width() && a.y + a.h <= d.surface.Height())
+            << cas << " hors surface : " << a.t;
         for (std::size_t j = i + 1; j < textes.size(); ++j) {
             const auto& b = textes[j];
             const bool chevauche = a.x < b.x + b.l && b.x < a.x + a.l && a.y < b.y + b.h && b.y < a.y + a.h;
@@ -126,7 +158,9 @@ void verifieTextes(const Dessin& d, const std::string& cas)
 
 TEST(Repere, SpaceFrameAtSeveralSizes)
 {
-    struct Taille { double l, h; };
+    struct Taille {
+        double l, h;
+    };
     for (Taille t : {Taille{400, 300}, Taille{1024, 768}, Taille{1920, 1080}, Taille{2560, 1440}}) {
         const std::string cas = std::to_string(int(t.l)) + "x" + std::to_string(int(t.h));
         Dessin d(true, t.l, t.h);
@@ -139,14 +173,16 @@ TEST(Repere, SpaceFrameAtSeveralSizes)
             ASSERT_TRUE(projette(d.etat.param, v, true, b[0], b[1], b[2], ex, ey));
             bool trouve = false;
             for (const OperationDessin& op : ops)
-                trouve = trouve || (op.genre == G::Ligne && std::hypot(op.x1 - v.origineEcranX, op.y1 - v.origineEcranY) < 1 &&
-                                    std::hypot(op.x2 - ex, op.y2 - ey) < 1);
+                trouve = trouve ||
+                         (op.genre == G::Ligne && std::hypot(op.x1 - v.origineEcranX, op.y1 - v.origineEcranY) < 1 &&
+                          std::hypot(op.x2 - ex, op.y2 - ey) < 1);
             EXPECT_TRUE(trouve) << cas << " demi-axe vers " << b[0] << "," << b[1] << "," << b[2];
         }
         // Letters beside their points, numbers at the ends, no overlap.
-        const std::map<std::string, std::pair<double, double>> points = {
-            {"O", {v.origineEcranX, v.origineEcranY}}, {"I", {v.imageUxX, v.imageUxY}},
-            {"J", {v.imageUyX, v.imageUyY}}, {"K", {v.imageUzX, v.imageUzY}}};
+        const std::map<std::string, std::pair<double, double>> points = {{"O", {v.origineEcranX, v.origineEcranY}},
+                                                                         {"I", {v.imageUxX, v.imageUxY}},
+                                                                         {"J", {v.imageUyX, v.imageUyY}},
+                                                                         {"K", {v.imageUzX, v.imageUzY}}};
         int nombres = 0;
         for (const auto& tx : d.textes()) {
             if (auto p = points.find(tx.t); p != points.end()) {
@@ -165,16 +201,22 @@ TEST(Repere, SpaceFrameAtSeveralSizes)
 
 TEST(Repere, PlaneFrameGraduationsAreNiceAndApart)
 {
-    struct Cas { double xmin, xmax, ymin, ymax; int ortho; double l, h; };
-    for (Cas c : {Cas{-10, 10, -10, 10, 0, 400, 300}, Cas{-10, 10, -10, 10, 1, 1024, 768},
-                  Cas{-10, 10, -10, 10, 0, 2560, 1440}, Cas{0, 0.003, -1000, 5000, 0, 1024, 768},
-                  Cas{2, 3, 1e6, 3e6, 0, 800, 600}, Cas{-7.3, -2.1, 0.5, 40, 0, 1920, 1080},
-                  Cas{-3, 12, -1, 4, 1, 1280, 1024}}) {
-        const std::string cas = std::to_string(c.xmin) + ".." + std::to_string(c.xmax) + " " +
-                                std::to_string(int(c.l));
+    struct Cas {
+        double xmin, xmax, ymin, ymax;
+        int ortho;
+        double l, h;
+    };
+    for (Cas c :
+         {Cas{-10, 10, -10, 10, 0, 400, 300}, Cas{-10, 10, -10, 10, 1, 1024, 768}, Cas{-10, 10, -10, 10, 0, 2560, 1440},
+          Cas{0, 0.003, -1000, 5000, 0, 1024, 768}, Cas{2, 3, 1e6, 3e6, 0, 800, 600},
+          Cas{-7.3, -2.1, 0.5, 40, 0, 1920, 1080}, Cas{-3, 12, -1, 4, 1, 1280, 1024}}) {
+        const std::string cas = std::to_string(c.xmin) + ".." + std::to_string(c.xmax) + " " + std::to_string(int(c.l));
         Dessin d(false, c.l, c.h);
         Parametres& p = d.etat.param;
-        p.xmin = c.xmin; p.xmax = c.xmax; p.ymin = c.ymin; p.ymax = c.ymax;
+        p.xmin = c.xmin;
+        p.xmax = c.xmax;
+        p.ymin = c.ymin;
+        p.ymax = c.ymax;
         p.repereOrthonorme = c.ortho;
         d.trace();
         const Vue& v = d.etat.vue;
@@ -202,7 +244,8 @@ TEST(Repere, PlaneFrameGraduationsAreNiceAndApart)
             const double pas = std::fabs((*valeurs)[1] - (*valeurs)[0]);
             const double mantisse = pas / std::pow(10, std::floor(std::log10(pas) + 1e-9));
             EXPECT_TRUE(std::fabs(mantisse - 1) < 1e-6 || std::fabs(mantisse - 2) < 1e-6 ||
-                        std::fabs(mantisse - 5) < 1e-6) << cas << " pas " << pas;
+                        std::fabs(mantisse - 5) < 1e-6)
+                << cas << " pas " << pas;
         }
     }
 }
@@ -212,11 +255,13 @@ TEST(Repere, PlaneFrameGraduationsAreNiceAndApart)
 // pixel from each edge of the picture, so that no glyph is cut.
 TEST(Repere, PlaneFrameNumbersKeepClearOfTheEdges)
 {
-    struct Cas { int ortho; double l, h; };
-    for (Cas c : {Cas{0, 640, 480}, Cas{0, 1024, 768}, Cas{1, 1024, 768}, Cas{0, 1920, 1080},
-                  Cas{0, 300, 200}}) {
-        const std::string cas = std::to_string(int(c.l)) + "x" + std::to_string(int(c.h)) +
-                                (c.ortho ? " orthonormé" : "");
+    struct Cas {
+        int ortho;
+        double l, h;
+    };
+    for (Cas c : {Cas{0, 640, 480}, Cas{0, 1024, 768}, Cas{1, 1024, 768}, Cas{0, 1920, 1080}, Cas{0, 300, 200}}) {
+        const std::string cas =
+            std::to_string(int(c.l)) + "x" + std::to_string(int(c.h)) + (c.ortho ? " orthonormé" : "");
         Dessin d(false, c.l, c.h);
         d.etat.param.repereOrthonorme = c.ortho;
         d.trace();
@@ -241,15 +286,22 @@ TEST(Repere, NothingWithoutAxesAndThePenIsPutBack)
         d.etat.param.axesVisibles = 0;
         EXPECT_TRUE(d.trace().empty());
         d.etat.param.axesVisibles = 1;
-        d.surface.DrawWidth = 3; d.surface.DrawStyle = 2; d.surface.ForeColor = 255;
-        d.surface.FontName = "Courier"; d.surface.FontSize = 14;
-        d.surface.CurrentX = 7; d.surface.CurrentY = 9;
+        d.surface.DrawWidth = 3;
+        d.surface.DrawStyle = 2;
+        d.surface.ForeColor = 255;
+        d.surface.FontName = "Courier";
+        d.surface.FontSize = 14;
+        d.surface.CurrentX = 7;
+        d.surface.CurrentY = 9;
         EXPECT_FALSE(d.trace().empty());
         for (const OperationDessin& op : d.surface.operations())
             EXPECT_TRUE(op.largeur == 1 && op.style == 0);
-        EXPECT_EQ(d.surface.DrawWidth, 3); EXPECT_EQ(d.surface.DrawStyle, 2);
-        EXPECT_EQ(d.surface.ForeColor, 255u); EXPECT_EQ(d.surface.FontName, "Courier");
-        EXPECT_EQ(d.surface.FontSize, 14); EXPECT_EQ(d.surface.CurrentX, 7);
+        EXPECT_EQ(d.surface.DrawWidth, 3);
+        EXPECT_EQ(d.surface.DrawStyle, 2);
+        EXPECT_EQ(d.surface.ForeColor, 255u);
+        EXPECT_EQ(d.surface.FontName, "Courier");
+        EXPECT_EQ(d.surface.FontSize, 14);
+        EXPECT_EQ(d.surface.CurrentX, 7);
         EXPECT_EQ(d.surface.CurrentY, 9);
     }
 }
@@ -259,12 +311,19 @@ TEST(Repere, ViewerInsideTheFrameDrawsOnlyWhatIsInFront)
     // Viewer on the x axis inside the ranges, looking at the origin: the
     // +x half-axis passes through the viewer and behind it; everything drawn
     // stays finite and on the surface.
-    struct Cas { double vx, vy; float vz; };
+    struct Cas {
+        double vx, vy;
+        float vz;
+    };
     for (Cas c : {Cas{5, 0, 0}, Cas{5, 0.001f, 0}, Cas{0.5, 0.2, 0.1f}, Cas{0, 0, 0.0f}}) {
         Dessin d(true, 1024, 768);
         Parametres& p = d.etat.param;
-        p.Xviseur = c.vx; p.Yviseur = c.vy; p.Zviseur = c.vz;
-        p.Xdirection = -1; p.Ydirection = 0; p.Zdirection = 0;
+        p.Xviseur = c.vx;
+        p.Yviseur = c.vy;
+        p.Zviseur = c.vz;
+        p.Xdirection = -1;
+        p.Ydirection = 0;
+        p.Zdirection = 0;
         d.trace();
         for (const OperationDessin& op : d.surface.operations()) {
             for (double v : {op.x1, op.y1, op.x2, op.y2})

@@ -31,12 +31,11 @@ TEST(SurfaceEnregistreuse, JournalKeepsEveryOperationWithItsPen)
 {
     SurfaceEnregistreuse s(6000, 4500);
     dessineUnPeuDeTout(s);
-    EXPECT_EQ(s.journal(),
-              "CLEAR 16777215\n"
-              "LINE 0.5 1 1500.25 -3 255 2 2\n"
-              "PSET 10 20 16711680 1\n"
-              "CIRCLE 100 200 20 65280 1 0\n"
-              "PRINT 300 400 8421376 \"Arial\" 9.5 \"x \"\"y\"\" z\"\n");
+    EXPECT_EQ(s.journal(), "CLEAR 16777215\n"
+                           "LINE 0.5 1 1500.25 -3 255 2 2\n"
+                           "PSET 10 20 16711680 1\n"
+                           "CIRCLE 100 200 20 65280 1 0\n"
+                           "PRINT 300 400 8421376 \"Arial\" 9.5 \"x \"\"y\"\" z\"\n");
     EXPECT_EQ(s.operations().size(), 5u);
 }
 
@@ -72,24 +71,32 @@ TEST(SurfaceEnregistreuse, PenPositionAndTextMetrics)
 {
     SurfaceEnregistreuse s;
     s.FontSize = 10;
-    struct Cas { const char* texte; double largeur; };
+    struct Cas {
+        const char* texte;
+        double largeur;
+    };
     for (Cas c : {Cas{"", 0}, Cas{"O", 120}, Cas{"1.23E+02", 960}, Cas{"Repère", 720}})
         EXPECT_DOUBLE_EQ(s.TextWidth(c.texte), c.largeur) << c.texte;
     EXPECT_DOUBLE_EQ(s.TextHeight(), 240);
 
     s.Line(1, 2, 3, 4, 0);
-    EXPECT_EQ(s.CurrentX, 3); EXPECT_EQ(s.CurrentY, 4);
+    EXPECT_EQ(s.CurrentX, 3);
+    EXPECT_EQ(s.CurrentY, 4);
     s.PSet(5, 6, 0);
-    EXPECT_EQ(s.CurrentX, 5); EXPECT_EQ(s.CurrentY, 6);
+    EXPECT_EQ(s.CurrentX, 5);
+    EXPECT_EQ(s.CurrentY, 6);
     s.Circle(50, 60, 7, 0);
     EXPECT_EQ(s.CurrentX, 5);
     s.CurrentX = 100;
     s.Print("a");
     s.Print("b");  // steps down one line, back at the left edge
-    EXPECT_EQ(s.operations()[3].x1, 100); EXPECT_EQ(s.operations()[3].y1, 6);
-    EXPECT_EQ(s.operations()[4].x1, 0); EXPECT_EQ(s.operations()[4].y1, 246);
+    EXPECT_EQ(s.operations()[3].x1, 100);
+    EXPECT_EQ(s.operations()[3].y1, 6);
+    EXPECT_EQ(s.operations()[4].x1, 0);
+    EXPECT_EQ(s.operations()[4].y1, 246);
     s.Clear(0);
-    EXPECT_EQ(s.CurrentX, 0); EXPECT_EQ(s.CurrentY, 0);
+    EXPECT_EQ(s.CurrentX, 0);
+    EXPECT_EQ(s.CurrentY, 0);
 }
 
 }  // namespace

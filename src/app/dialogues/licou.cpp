@@ -22,8 +22,7 @@ QString ligneTracee(const TableCourbes& courbes, const Catalogue& catalogue, int
     return ligne;
 }
 
-Licou::Licou(const TableCourbes& courbes, const Catalogue& catalogue, int ligneChoisie,
-             QWidget* parent)
+Licou::Licou(const TableCourbes& courbes, const Catalogue& catalogue, int ligneChoisie, QWidget* parent)
     : QDialog(parent), courbes_(courbes)
 {
     setObjectName(QStringLiteral("licou"));
@@ -61,8 +60,7 @@ Licou::Licou(const TableCourbes& courbes, const Catalogue& catalogue, int ligneC
     tout->addWidget(List1);
     tout->addWidget(Frame1);
     tout->addLayout(boutons);
-    resize(std::max(parent ? parent->width() / 2 : 0, 480),
-           std::max(parent ? parent->height() / 2 : 0, 320));
+    resize(std::max(parent ? parent->width() / 2 : 0, 480), std::max(parent ? parent->height() / 2 : 0, 320));
     if (ligneChoisie >= 1 && ligneChoisie <= nb)
         List1->setCurrentRow(ligneChoisie - 1);
 }

@@ -26,19 +26,18 @@ class Licou : public QDialog {
 public:
     // Lists the drawn curves of `courbes`, all ticked; `ligneChoisie`
     // (1-based, 0 for none) is selected and described.
-    Licou(const TableCourbes& courbes, const Catalogue& catalogue, int ligneChoisie,
-          QWidget* parent = nullptr);
+    Licou(const TableCourbes& courbes, const Catalogue& catalogue, int ligneChoisie, QWidget* parent = nullptr);
 
     // Rows to redraw (1-based), once "Je retrace les seules cochées" is pressed.
     const std::vector<int>& cochees() const { return cochees_; }
 
-    void List1_Click(int ligne);              // describes drawn curve `ligne` (1-based)
+    void List1_Click(int ligne);  // describes drawn curve `ligne` (1-based)
     void Command1_Click();
 
 private:
     const TableCourbes& courbes_;
     QListWidget* List1 = nullptr;
-    QGroupBox* Frame1 = nullptr;              // "Trait/Tgte"
+    QGroupBox* Frame1 = nullptr;  // "Trait/Tgte"
     std::array<QLabel*, 4> Label1{};
     QPushButton *Command1 = nullptr, *Command2 = nullptr;
     std::vector<int> cochees_;

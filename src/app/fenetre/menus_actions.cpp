@@ -85,13 +85,11 @@ void Mirado::aflico()
         l.menu->clear();
         l.articles.clear();
         QStringList fichiers = QDir(QString::fromStdString(l.dossier))
-                                   .entryList({QStringLiteral("*.lsu")}, QDir::Files,
-                                              QDir::Name | QDir::IgnoreCase);
+                                   .entryList({QStringLiteral("*.lsu")}, QDir::Files, QDir::Name | QDir::IgnoreCase);
         fichiers << QString();  // the creation item ends the list
         for (const QString& nom : fichiers) {
             const int index = int(l.articles.size());
-            QAction* a = l.menu->addAction(nom.isEmpty() ? QString::fromUtf8(legendeCreer)
-                                                         : sansMnemonique(nom));
+            QAction* a = l.menu->addAction(nom.isEmpty() ? QString::fromUtf8(legendeCreer) : sansMnemonique(nom));
             a->setData(nom);
             nommeArticle(a, l.menu == menuLifi ? "mnulifi" : "mnulico", index);
             auto clic = l.clic;
@@ -131,17 +129,15 @@ void Mirado::mnulico_Click(int index)
 
 void Mirado::crenouveau()
 {
-    const std::optional<QString> reponse =
-        boites.saisie(this, QStringLiteral("tapez un nom simple"),
-                      QStringLiteral("Je rajouterai si nécessaire l'extention .lsu"));
+    const std::optional<QString> reponse = boites.saisie(
+        this, QStringLiteral("tapez un nom simple"), QStringLiteral("Je rajouterai si nécessaire l'extention .lsu"));
     if (!reponse)
         return;  // cancelled: the catalogue in force stays
     QString nom = reponse->trimmed();
     // A simple name: no folder part, something before the extension.
     if (nom.isEmpty() || nom.contains(QLatin1Char('/')) || nom.contains(QLatin1Char('\\')) ||
         nom.startsWith(QLatin1Char('.'))) {
-        boites.message(this, QStringLiteral("« %1 » n'est pas un nom simple : le fichier n'est pas créé.")
-                                 .arg(nom));
+        boites.message(this, QStringLiteral("« %1 » n'est pas un nom simple : le fichier n'est pas créé.").arg(nom));
         return;
     }
     if (!nom.endsWith(QStringLiteral(".lsu"), Qt::CaseInsensitive))
@@ -176,9 +172,9 @@ void Mirado::afmenu()
     if (erreur)
         boites.message(this, QString::fromStdString(erreur.message()));
     if (nb > maxEntreesMenu) {
-        mnufaReste = menuGraphe->addAction(
-            QStringLiteral("… et %1 autres entrées : voir « 0)Au choix dans la liste complète »")
-                .arg(nb - maxEntreesMenu));
+        mnufaReste =
+            menuGraphe->addAction(QStringLiteral("… et %1 autres entrées : voir « 0)Au choix dans la liste complète »")
+                                      .arg(nb - maxEntreesMenu));
         mnufaReste->setEnabled(false);
         mnufaReste->setObjectName(QStringLiteral("mnufaReste"));
     }
@@ -238,8 +234,7 @@ void Mirado::mnupara_Click(int index)
         effaceEcran(etat, *surface_);
         montreProgres();
         break;
-    default:
-        break;
+    default: break;
     }
 }
 

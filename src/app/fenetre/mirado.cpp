@@ -12,12 +12,12 @@
 #include <QTimer>
 #include <QToolButton>
 
-#include "qt/dossiers.h"
-#include "qt/surface_qpainter.h"
 #include "app/fenetre/zone_dessin.h"
 #include "catalogue/catalogue.h"
-#include "settings/memoire.h"
 #include "plot/ecran.h"
+#include "qt/dossiers.h"
+#include "qt/surface_qpainter.h"
+#include "settings/memoire.h"
 
 namespace velorin {
 
@@ -98,8 +98,7 @@ void Mirado::lecdebut(int choix)
 {
     if (refuseSiOccupe())
         return;
-    const std::string chemin =
-        etat.fenetre.dossierCourbes + nomFichierMemoire(choix == 0);
+    const std::string chemin = etat.fenetre.dossierCourbes + nomFichierMemoire(choix == 0);
     // A missing or damaged file changes nothing: the values in force stay
     // (at start-up, the program's own values).
     if (auto erreur = lisMemoire(chemin, etat.param))
@@ -209,8 +208,7 @@ void Mirado::ajusteTitreTrace()
     // the shortest does not do (a very narrow window), the shortest: "Dans"
     // and the ends of the path stay readable.
     const QFontMetrics fm(menuBar()->font());
-    int bas = fm.horizontalAdvance(QStringLiteral("Dans …/…lsu")),
-        haut = fm.horizontalAdvance(titreTrace_);
+    int bas = fm.horizontalAdvance(QStringLiteral("Dans …/…lsu")), haut = fm.horizontalAdvance(titreTrace_);
     while (bas < haut) {
         const int milieu = (bas + haut + 1) / 2;
         mnutrace->setTitle(fm.elidedText(titreTrace_, Qt::ElideMiddle, milieu));

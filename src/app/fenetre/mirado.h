@@ -56,8 +56,7 @@ class Mirado : public QMainWindow {
 public:
     // Form_Load: folders beside `dossierAppli`, space mode on "Lisurf.lsu",
     // window placement, panels, catalogue menus, then debutravail.
-    Mirado(Etat& etat, const QString& dossierAppli, Boites boites = Boites::standard(),
-           QWidget* parent = nullptr);
+    Mirado(Etat& etat, const QString& dossierAppli, Boites boites = Boites::standard(), QWidget* parent = nullptr);
     ~Mirado() override;
 
     Etat& etat;
@@ -66,10 +65,10 @@ public:
 
     // ---- Start-up, parameters and redraw (mirado.cpp)
     void debutravail();
-    void lecdebut(int choix);        // 0 "mem.log", otherwise "memprovi.log"
-    void controlfenetre();           // size and ranges check, calibration
-    void Command3_Click();           // "O&K": projection, clearing, frame, every curve
-    void lecouleurs();               // the default colours after a reading
+    void lecdebut(int choix);  // 0 "mem.log", otherwise "memprovi.log"
+    void controlfenetre();     // size and ranges check, calibration
+    void Command3_Click();     // "O&K": projection, clearing, frame, every curve
+    void lecouleurs();         // the default colours after a reading
     const QImage& ecran() const { return image_; }
     // Recreates the bitmap at the drawing area's size and redraws, at once
     // (a resize otherwise waits a moment so that a dragged border redraws
@@ -77,10 +76,10 @@ public:
     void suisTaille();
 
     // ---- Side panels (mirado_panneaux.cpp)
-    void Command1_Click();           // "+p"
-    void Command2_Click();           // "-p"
-    void Command4_Click();           // "Reset" of the viewing panel
-    void Command7_Click();           // "Reset" of the plane panel: frame first
+    void Command1_Click();  // "+p"
+    void Command2_Click();  // "-p"
+    void Command4_Click();  // "Reset" of the viewing panel
+    void Command7_Click();  // "Reset" of the plane panel: frame first
     void Option1_Click(int index);
     void Option2_Click(int index);
     void regle(double valeur);
@@ -88,7 +87,7 @@ public:
     void arrangelabel();
     void affviseur();
     void affou();
-    void montrePanneau();            // the panel frame of the mode in force
+    void montrePanneau();  // the panel frame of the mode in force
 
     // ---- Menus (menus.cpp builds the tree, menus_actions.cpp runs it)
     void aflico();
@@ -96,7 +95,7 @@ public:
     void crenouveau();
     void vidage();
     void vide_mnutra();
-    void ajoute_mnutra();            // one "Déjà tracé" item per drawn curve
+    void ajoute_mnutra();  // one "Déjà tracé" item per drawn curve
     void mnustp_Click(int index);
     void mnulifi_Click(int index);
     void mnulico_Click(int index);
@@ -138,20 +137,20 @@ private:
     void creeMinuteries();
     void placeFenetre();
     void nouvelleImage();
-    void montreProgres();            // shows what the tracer drew so far
+    void montreProgres();  // shows what the tracer drew so far
     // The caption "Dans <folder><catalogue>" of the drawn-curves menu, whole
     // when the menu bar has room for it, otherwise shortened in the middle
     // with the whole text as tooltip.
     void ajusteTitreTrace();
     bool barreDeborde();
     struct Requete {
-        int numero;                  // catalogue record
+        int numero;  // catalogue record
         OptionsTrace options;
     };
     // Runs plot requests one after the other on the bitmap (refused during
     // another tracing). Returns how many drew something.
     int seance(const std::vector<Requete>& requetes);
-    void effaceEtRepere();           // clearing and frame on the bitmap
+    void effaceEtRepere();  // clearing and frame on the bitmap
     void choixCoche(std::vector<QAction*>& groupe, int index);
     // Names an entry of a menu array: object name `tableau`, property "index".
     static void nommeArticle(QAction* article, const char* tableau, int index);
@@ -161,33 +160,30 @@ private:
     void choisitFichier(bool espace, const QAction* article);
 
     // Side column.
-    QGroupBox* Frame1 = nullptr;     // viewing panel (space)
-    QGroupBox* Frame2 = nullptr;     // plane panel
-    QLabel *Label1 = nullptr, *Label2 = nullptr, *Label3 = nullptr, *Label4 = nullptr,
-           *Label5 = nullptr, *Label6 = nullptr;
-    QListWidget* List1 = nullptr;    // values of the fixed coordinate
-    QListWidget* List2 = nullptr;    // steps of "+p" / "-p"
+    QGroupBox* Frame1 = nullptr;  // viewing panel (space)
+    QGroupBox* Frame2 = nullptr;  // plane panel
+    QLabel *Label1 = nullptr, *Label2 = nullptr, *Label3 = nullptr, *Label4 = nullptr, *Label5 = nullptr,
+           *Label6 = nullptr;
+    QListWidget* List1 = nullptr;  // values of the fixed coordinate
+    QListWidget* List2 = nullptr;  // steps of "+p" / "-p"
     std::array<QRadioButton*, 3> Option1{};
     std::array<QRadioButton*, 7> Option2{};
-    QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command3 = nullptr,
-                *Command4 = nullptr, *Command6 = nullptr, *Command7 = nullptr;
+    QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command3 = nullptr, *Command4 = nullptr, *Command6 = nullptr,
+                *Command7 = nullptr;
     std::array<QPushButton*, 6> Command5{};
     QCheckBox *Check1 = nullptr, *Check2 = nullptr;
-    QTimer *Timer1 = nullptr, *Timer2 = nullptr, *Timer3 = nullptr, *Timer4 = nullptr,
-           *Timer5 = nullptr, *Timer6 = nullptr;
+    QTimer *Timer1 = nullptr, *Timer2 = nullptr, *Timer3 = nullptr, *Timer4 = nullptr, *Timer5 = nullptr,
+           *Timer6 = nullptr;
 
     // Menus.
-    QMenu *mnus = nullptr, *mnufo = nullptr, *mnupar = nullptr, *mnut = nullptr, *mnue = nullptr,
-          *mnurota = nullptr, *mnuz = nullptr, *mnutrace = nullptr, *mnup = nullptr,
-          *mnumemo = nullptr, *mnua = nullptr;
+    QMenu *mnus = nullptr, *mnufo = nullptr, *mnupar = nullptr, *mnut = nullptr, *mnue = nullptr, *mnurota = nullptr,
+          *mnuz = nullptr, *mnutrace = nullptr, *mnup = nullptr, *mnumemo = nullptr, *mnua = nullptr;
     QMenu *menuLifi = nullptr, *menuLico = nullptr, *menuGraphe = nullptr;
-    std::vector<QAction*> mnustp, mnulifi, mnulico, mnufoc, mnupara, mnucl, mnuct, mnuper,
-        mnuchcol, mnuipo, mnutf, mnuf, mnufa, mnurotu, mnuroti, mnurotan, mnuzo, mnutra,
-        mnumemfig, mnuaide, mnuaf;
-    QAction *mnupari = nullptr, *mnumet = nullptr, *mnuipr = nullptr, *mnuip = nullptr,
-            *mnuipcop = nullptr;
-    QAction* mnufaReste = nullptr;   // "... more in the full list", when over 30 entries
-    QString titreTrace_;             // the whole caption of mnutrace
+    std::vector<QAction*> mnustp, mnulifi, mnulico, mnufoc, mnupara, mnucl, mnuct, mnuper, mnuchcol, mnuipo, mnutf,
+        mnuf, mnufa, mnurotu, mnuroti, mnurotan, mnuzo, mnutra, mnumemfig, mnuaide, mnuaf;
+    QAction *mnupari = nullptr, *mnumet = nullptr, *mnuipr = nullptr, *mnuip = nullptr, *mnuipcop = nullptr;
+    QAction* mnufaReste = nullptr;  // "... more in the full list", when over 30 entries
+    QString titreTrace_;            // the whole caption of mnutrace
 
     ZoneDessin* zone_ = nullptr;
     QScrollArea* defile_ = nullptr;  // scrolls the side column when it is taller than the window
@@ -196,10 +192,10 @@ private:
     std::unique_ptr<Surface> surface_;
     QTimer* attenteTaille_ = nullptr;  // gathers the resize events of a drag
     bool traceEnCours_ = false;
-    bool echap_ = false;             // Escape pressed during the tracing
-    bool redessinEnAttente_ = false; // a resize arrived during a tracing
-    QElapsedTimer chrono_;           // time of the tracing in progress
-    QElapsedTimer depuisPause_;      // time since the tracer last yielded
+    bool echap_ = false;              // Escape pressed during the tracing
+    bool redessinEnAttente_ = false;  // a resize arrived during a tracing
+    QElapsedTimer chrono_;            // time of the tracing in progress
+    QElapsedTimer depuisPause_;       // time since the tracer last yielded
 };
 
 }  // namespace velorin

@@ -10,17 +10,17 @@
 // gives the drawing the whole width. When the window is too low for the
 // column (a small screen, a large scale factor), the column scrolls.
 #include <QButtonGroup>
-#include <cmath>
 #include <QCheckBox>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QTimer>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTimer>
+#include <cmath>
 
 #include "app/fenetre/mirado.h"
 #include "app/fenetre/zone_dessin.h"
@@ -31,8 +31,7 @@ namespace velorin {
 namespace {
 
 constexpr double piRota = 3.141592;
-const char* const pasListe2[] = {"0.1", "0.2", "0.3", "0.4", "0.5", "0.6",
-                                 "0.7", "0.8", "0.9", "1.0", "1.5", "2.0"};
+const char* const pasListe2[] = {"0.1", "0.2", "0.3", "0.4", "0.5", "0.6", "0.7", "0.8", "0.9", "1.0", "1.5", "2.0"};
 constexpr int pasDefaut = 9;  // "1.0": one press turns the head by 5 degrees
 constexpr int marge = 4;
 
@@ -154,9 +153,9 @@ void Mirado::creePanneaux()
     g2->addWidget(Command7, 0, 0);
     connect(Command7, &QPushButton::clicked, this, [this] { Command7_Click(); });
 
-    const std::pair<QPushButton*, const char*> boutons[] = {
-        {Command1, "Command1"}, {Command2, "Command2"}, {Command3, "Command3"},
-        {Command4, "Command4"}, {Command6, "Command6"}, {Command7, "Command7"}};
+    const std::pair<QPushButton*, const char*> boutons[] = {{Command1, "Command1"}, {Command2, "Command2"},
+                                                            {Command3, "Command3"}, {Command4, "Command4"},
+                                                            {Command6, "Command6"}, {Command7, "Command7"}};
     for (const auto& [bouton, nom] : boutons)
         bouton->setObjectName(QString::fromUtf8(nom));
     Label1 = lecture(colonne_, "Label1");
@@ -190,8 +189,9 @@ void Mirado::arrangelabel()
     QGroupBox* panneau = espace ? Frame1 : Frame2;
     const bool reduit = rr->isChecked();
     const int largeurPleine =
-        std::max({Frame1->sizeHint().width(), fontMetrics().horizontalAdvance(QStringLiteral("Xd=-0000.00  Yd=-0000.00")),
-                  160}) + 2 * marge;
+        std::max({Frame1->sizeHint().width(),
+                  fontMetrics().horizontalAdvance(QStringLiteral("Xd=-0000.00  Yd=-0000.00")), 160}) +
+        2 * marge;
     const int largeur = reduit ? rr->sizeHint().width() + 2 * marge : largeurPleine;
     const int W = centre->width(), H = centre->height();
     // The column is laid out at its own height first; the drawing takes
@@ -208,8 +208,7 @@ void Mirado::arrangelabel()
     int y = marge;
     const int hBouton = Command3->sizeHint().height();
     rr->setGeometry(marge, y, rr->sizeHint().width(), hBouton);
-    for (QWidget* w : std::initializer_list<QWidget*>{Command3, Command6, panneau, Label1, Label2,
-                                                       Label4, Label5})
+    for (QWidget* w : std::initializer_list<QWidget*>{Command3, Command6, panneau, Label1, Label2, Label4, Label5})
         w->setVisible(!reduit);
     Label3->setVisible(!reduit && espace);
     if (reduit) {
@@ -229,8 +228,7 @@ void Mirado::arrangelabel()
     for (QLabel* l : {Label4, Label5, Label1, Label2})
         lectures.push_back(l);
     for (QLabel* l : lectures) {
-        const int h = l->heightForWidth(interieur) > 0 ? l->heightForWidth(interieur)
-                                                       : l->sizeHint().height();
+        const int h = l->heightForWidth(interieur) > 0 ? l->heightForWidth(interieur) : l->sizeHint().height();
         l->setGeometry(marge, y, interieur, h);
         y += h + marge;
     }
@@ -241,9 +239,8 @@ void Mirado::affviseur()
 {
     const Parametres& p = etat.param;
     Label3->setText(QStringLiteral("Xv=%1  Xd=%2\nYv=%3  Yd=%4\nZv=%5  Zd=%6\nRot=%7")
-                        .arg(nombre(p.Xviseur, "0.00"), nombre(p.Xdirection, "0.00"),
-                             nombre(p.Yviseur, "0.00"), nombre(p.Ydirection, "0.00"),
-                             nombre(p.Zviseur, "0.00"), nombre(p.Zdirection, "0.00"),
+                        .arg(nombre(p.Xviseur, "0.00"), nombre(p.Xdirection, "0.00"), nombre(p.Yviseur, "0.00"),
+                             nombre(p.Ydirection, "0.00"), nombre(p.Zviseur, "0.00"), nombre(p.Zdirection, "0.00"),
                              nombre(p.Rotadir, "0.00")));
     arrangelabel();
 }
@@ -251,13 +248,13 @@ void Mirado::affviseur()
 void Mirado::affou()
 {
     const Parametres& p = etat.param;
-    QString texte = QStringLiteral("x:[%1;%2]\ny:[%3;%4]\n").arg(court(p.xmin), court(p.xmax),
-                                                                court(p.ymin), court(p.ymax));
+    QString texte =
+        QStringLiteral("x:[%1;%2]\ny:[%3;%4]\n").arg(court(p.xmin), court(p.xmax), court(p.ymin), court(p.ymax));
     if (etat.fenetre.modeEspace)
         texte += QStringLiteral("z:[%1;%2]\n").arg(court(p.zmin), court(p.zmax));
     texte += QStringLiteral("t:[%1;%2] pat=%3\na:[%4;%5] paa=%6\npause=%7")
-                 .arg(court(p.tmin), court(p.tmax), court(p.pasT), court(p.amin), court(p.amax),
-                      court(p.pasA), QString::number(p.pauseMs));
+                 .arg(court(p.tmin), court(p.tmax), court(p.pasT), court(p.amin), court(p.amax), court(p.pasA),
+                      QString::number(p.pauseMs));
     Label4->setText(texte);
     Label2->setToolTip(texte);
     arrangelabel();

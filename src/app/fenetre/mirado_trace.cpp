@@ -16,8 +16,8 @@
 #include <QToolTip>
 
 #include "app/fenetre/mirado.h"
-#include "qt/surface_qpainter.h"
 #include "app/fenetre/zone_dessin.h"
+#include "qt/surface_qpainter.h"
 
 namespace velorin {
 
