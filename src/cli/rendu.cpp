@@ -94,13 +94,16 @@ Erreur dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<
 // writes of EcritureEntiere.
 Erreur renduJournal(Etat& etat, const DemandeRendu& d, std::vector<double>& durees)
 {
-    SurfaceEnregistreuse surface(etat.vue.W, etat.vue.H);
-    if (auto erreur = dessine(etat, surface, d, durees))
-        return erreur;
+    // Each operation goes to the temporary file as it is drawn: a tracing at
+    // the point cap never holds its journal in memory. On a failure the
+    // temporary is removed and the previous file stays.
     EcritureEntiere fichier(d.sortie);
     if (auto erreur = fichier.ouverture())
         return erreur;
-    surface.ecrisJournal(fichier.flux());
+    SurfaceEnregistreuse surface(etat.vue.W, etat.vue.H);
+    surface.ecrisDans(&fichier.flux());
+    if (auto erreur = dessine(etat, surface, d, durees))
+        return erreur;
     return fichier.termine();
 }
 
