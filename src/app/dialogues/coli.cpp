@@ -39,8 +39,13 @@ Coli::Coli(Catalogue& catalogue, const std::string& enVigueur, const Boites& boi
         erreur = ouvrirCatalogue(catalogue, enVigueur);
     const std::vector<std::string> lignes =
         erreur ? std::vector<std::string>{enteteListeCatalogue} : listerCatalogue(catalogue, &erreur);
+    // One insertion for the whole list: a catalogue of 100 000 entries
+    // opens at once.
+    QStringList textes;
+    textes.reserve(static_cast<qsizetype>(lignes.size()));
     for (const std::string& ligne : lignes)
-        List2->addItem(QString::fromStdString(ligne));
+        textes << QString::fromStdString(ligne);
+    List2->addItems(textes);
     List2->item(0)->setForeground(Qt::blue);
     List2->setCurrentRow(0);
     connect(List2, &QListWidget::itemDoubleClicked, this, &Coli::List2_DblClick);
