@@ -39,14 +39,6 @@ std::string natureFichier(mode_t mode)
     return "n'est pas un fichier ordinaire.";
 }
 
-std::string dossierDe(const std::string& chemin)
-{
-    const auto barre = chemin.find_last_of('/');
-    if (barre == std::string::npos)
-        return ".";
-    return barre == 0 ? "/" : chemin.substr(0, barre);
-}
-
 }  // namespace
 
 Erreur verifieFichierLisible(const std::string& chemin, const std::string& quoi)
@@ -93,6 +85,14 @@ Erreur verifieSortie(const std::string& sortie, const std::vector<std::string>& 
             return "Le fichier de sortie " + texteCite(sortie) + " est aussi lu par cette commande (" +
                    texteCite(entree) + ") : il n'est pas remplacé.";
     return {};
+}
+
+std::string dossierDe(const std::string& chemin)
+{
+    const auto barre = chemin.find_last_of('/');
+    if (barre == std::string::npos)
+        return ".";
+    return barre == 0 ? "/" : chemin.substr(0, barre);
 }
 
 bool memeFichier(const std::string& a, const std::string& b)

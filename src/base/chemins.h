@@ -28,6 +28,9 @@ Erreur verifieSortie(const std::string& sortie, const std::vector<std::string>& 
 // Both paths reach the same existing file.
 bool memeFichier(const std::string& a, const std::string& b);
 
+// The folder part of `chemin`: "." for a bare name, "/" at the root.
+std::string dossierDe(const std::string& chemin);
+
 // Size of a regular file, 0 when it cannot be known.
 std::uint64_t tailleFichier(const std::string& chemin);
 

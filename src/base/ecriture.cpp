@@ -12,6 +12,7 @@
 #include <streambuf>
 #include <vector>
 
+#include "base/chemins.h"
 #include "base/texte_sur.h"
 
 namespace velorin {
@@ -31,16 +32,6 @@ long long& limiteDisque()
         return (fin && *fin == '\0' && n >= 0) ? n : -1LL;
     }();
     return limite;
-}
-
-std::string dossierDe(const std::string& chemin)
-{
-    const auto barre = chemin.find_last_of('/');
-    if (barre == std::string::npos)
-        return ".";
-    if (barre == 0)
-        return "/";
-    return chemin.substr(0, barre);
 }
 
 // Where writing `cible` really goes: the file at the end of its links. Fills

@@ -22,14 +22,6 @@ std::string messageLigne(const char* action, NumeroLigne n, const Catalogue& cat
            ".";
 }
 
-std::string dossierDe(const std::string& chemin)
-{
-    const auto barre = chemin.find_last_of('/');
-    if (barre == std::string::npos)
-        return ".";
-    return barre == 0 ? "/" : chemin.substr(0, barre);
-}
-
 // "250 000 entrées (75,5 Mo)": the limit as the messages state it.
 std::string texteLimite()
 {
