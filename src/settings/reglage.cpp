@@ -199,7 +199,10 @@ std::array<RemarquesChamp, nbChampsReglage> remarquesReglage(const TextesReglage
         if (!r[i].lisible || !r[i + 1].lisible || r[i].valeur < r[i + 1].valeur)
             continue;
         const bool egales = r[i].valeur == r[i + 1].valeur;
-        const std::string fin = " : accepté tel quel, mais l'intervalle est vide";
+        // A frame range that is not positive makes the window go back to
+        // "mem.log"; an empty t or a range only draws nothing.
+        const std::string fin = i < 6 ? " : accepté tel quel, mais la fenêtre reprendra alors les valeurs de mem.log"
+                                      : " : accepté tel quel, mais l'intervalle est vide";
         const std::string bas = std::string(champs[i].nom), haut = std::string(champs[i + 1].nom);
         if (egales) {
             r[i].textes.push_back(bas + " est égal à " + haut + fin);

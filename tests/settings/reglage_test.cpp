@@ -119,6 +119,8 @@ TEST(Reglage, RemarquesPendantLaSaisie)
         {{{"tmin", "7"}}, "tmin", "tmin (7) est au-dessus de tmax (6.28)", false},
         {{{"tmin", "7"}}, "tmax", "tmax (6.28) est au-dessous de tmin (7)", false},
         {{{"amin", "1"}, {"amax", "1"}}, "amax", "amax est égal à amin", false},
+        {{{"amin", "1"}, {"amax", "1"}}, "amax", "l'intervalle est vide", false},
+        {{{"ymax", "-11"}}, "ymin", "la fenêtre reprendra alors les valeurs de mem.log", false},
         {{{"zmin", "5"}, {"zmax", "P"}}, "zmin", "au-dessus de zmax", false},  // lone P reads 0
         {{{"pasT", "0"}}, "pasT", "Valeur nulle : acceptée telle quelle", false},
         {{{"nbrCalZ", "-3"}}, "nbrCalZ", "Valeur négative", false},

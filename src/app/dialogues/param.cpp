@@ -79,8 +79,9 @@ Param::Param(Parametres& param, const std::string& dossierCourbes, bool espace, 
     for (int i = 0; i < nbChampsReglage; ++i) {
         Text1[i] = new QLineEdit(this);
         Text1[i]->setObjectName(nomIndexe("Text1", i));
-        Text1[i]->setMinimumWidth(80);
-        Text1[i]->setMaximumWidth(130);
+        // A fixed width: the coloured border of a remark never moves the
+        // other controls.
+        Text1[i]->setFixedWidth(105);
         Text1[i]->installEventFilter(this);
         connect(Text1[i], &QLineEdit::textChanged, this, &Param::verifieChamps);
     }
