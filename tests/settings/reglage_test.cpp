@@ -16,27 +16,6 @@ int champ(const char* nom)
     return 0;
 }
 
-TEST(Reglage, TextesMontresSeRelisentALIdentique)
-{
-    Parametres p;
-    p.xmin = -2.5;
-    p.tmax = 6.283184;
-    p.Zviseur = 1.1f;  // a single: shown with 7 digits, read back the same single
-    p.pauseMs = -300;
-    const TextesReglage t = textesReglage(p);
-    EXPECT_EQ(t[champ("xmin")], "-2.5");
-    EXPECT_EQ(t[champ("Zviseur")], "1.1");
-    EXPECT_EQ(t[champ("pauseMs")], "-300");
-    Parametres relu;
-    relu.xmin = relu.tmax = 99;
-    relu.Zviseur = 99;
-    ASSERT_FALSE(lisReglage(t, relu));
-    EXPECT_EQ(relu.xmin, p.xmin);
-    EXPECT_EQ(relu.tmax, p.tmax);
-    EXPECT_EQ(relu.Zviseur, p.Zviseur);
-    EXPECT_EQ(relu.pauseMs, p.pauseMs);
-}
-
 // Each field is read by the number reader, then converted to its member's
 // type; a value the member cannot hold refuses the whole set.
 TEST(Reglage, LectureEtConversionParChamp)
@@ -110,21 +89,20 @@ TEST(Reglage, RemarquesPendantLaSaisie)
         {{{"xmin", "-2P"}}, "xmin", nullptr, false},
         {{{"xmax", "(2"}}, "xmax", "Parenthèses non équilibrées (1 « ( » pour 0 « ) »)", false},
         {{{"xmax", "(2"}}, "xmax", "il vaudra 0", false},
-        {{{"xmax", ")2("}}, "xmax", "Parenthèses non équilibrées", false},
         {{{"xmax", "2*(3)"}}, "xmax", "ne calcule pas les parenthèses", false},
         {{{"ymin", ""}}, "ymin", "Champ vide", false},
         {{{"ymin", "abc"}}, "ymin", "ne se lit pas comme un nombre : il vaudra 0", false},
         {{{"ymin", "P"}}, "ymin", "écrivez 1P", false},
-        {{{"ymin", "0"}}, "ymin", nullptr, false},
         {{{"tmin", "7"}}, "tmin", "tmin (7) est au-dessus de tmax (6.28)", false},
         {{{"tmin", "7"}}, "tmax", "tmax (6.28) est au-dessous de tmin (7)", false},
-        {{{"amin", "1"}, {"amax", "1"}}, "amax", "amax est égal à amin", false},
-        {{{"amin", "1"}, {"amax", "1"}}, "amax", "l'intervalle est vide", false},
+        {{{"amin", "1"}, {"amax", "1"}},
+         "amax",
+         "amax est égal à amin : accepté tel quel, mais l'intervalle est vide",
+         false},
         {{{"ymax", "-11"}}, "ymin", "la fenêtre reprendra alors les valeurs de mem.log", false},
         {{{"zmin", "5"}, {"zmax", "P"}}, "zmin", "au-dessus de zmax", false},  // lone P reads 0
         {{{"pasT", "0"}}, "pasT", "Valeur nulle : acceptée telle quelle", false},
         {{{"nbrCalZ", "-3"}}, "nbrCalZ", "Valeur négative", false},
-        {{{"nbrCalZ", "3"}}, "nbrCalZ", nullptr, false},
         {{{"Xviseur", "-3"}}, "Xviseur", nullptr, false},  // a viewer may be negative
         {{{"pauseMs", "40000"}}, "pauseMs", "n'est pas un entier de -32768 à 32767", true},
         {{{"Zviseur", "1E39"}}, "Zviseur", "dépasse la simple précision", true},
