@@ -8,6 +8,7 @@
 
 #include "app/dialogues/coli.h"
 #include "app/dialogues/licou.h"
+#include "app/dialogues/param.h"
 #include "app/fenetre/mirado.h"
 #include "catalogue/catalogue.h"
 #include "plot/ecran.h"
@@ -214,6 +215,17 @@ void Mirado::mnupara_Click(int index)
     if (refuseSiOccupe())
         return;
     switch (index) {
+    case 0: {  // le repère: the dialog writes the memory file, read back here
+        Param dialogue(etat.param, etat.fenetre.dossierCourbes, etat.fenetre.modeEspace, boites, this);
+        if (dialogue.exec() != QDialog::Accepted)
+            return;
+        raise();
+        activateWindow();
+        if (dialogue.vidage())
+            vidage();
+        lecdebut(dialogue.lecture());
+        break;
+    }
     case 2:  // InversionVidéo: black and white swap, everything drawn again
         etat.fenetre.inversionVideo = !etat.fenetre.inversionVideo;
         mnupara[2]->setChecked(etat.fenetre.inversionVideo);
