@@ -69,13 +69,14 @@ std::string nombre(double v)
     return texteNombre(v, 15);
 }
 
-// The value of a field text as the number reader gives it; false when the
-// reader fails (a number beyond a double, such as "1E999").
-bool litChamp(const std::string& texte, double& v)
+// The value of a field text as the formula evaluator gives it (space
+// family, every variable 0): no value gives 0, a computation that fails
+// gives horsCalcul, as for a point. `issue` tells which case it was; false
+// when the value is not finite.
+bool litChamp(const std::string& texte, double& v, Issue& issue)
 {
-    bool echec = false;
-    v = lisnombre(texte, 0.0, echec);
-    return !echec && std::isfinite(v);
+    v = evalespace(texte, 0, 0, &issue);
+    return std::isfinite(v);
 }
 
 // Why `v` cannot be stored in the member of field i, or nothing.
@@ -101,24 +102,18 @@ void range(const Champ& c, double v, Parametres& p)
         p.*std::get<std::int16_t Parametres::*>(c.membre) = static_cast<std::int16_t>(std::nearbyint(v));
 }
 
-// "(" and ")" counts, and whether a ")" ever closes nothing.
-std::string remarqueParentheses(const std::string& texte)
+// "(" and ")" counts, and whether a ")" ever closes nothing: the
+// evaluator then says "Formule incorrecte" and the program ends.
+bool parenthesesBancales(const std::string& texte)
 {
-    int ouvrantes = 0, fermantes = 0, profondeur = 0;
-    bool ordre = true;
+    int profondeur = 0;
     for (char c : texte) {
         if (c == '(')
-            ++ouvrantes, ++profondeur;
+            ++profondeur;
         else if (c == ')' && --profondeur < 0)
-            ordre = false;
-        fermantes += c == ')';
+            return true;
     }
-    if (ouvrantes == 0 && fermantes == 0)
-        return {};
-    if (ouvrantes != fermantes || !ordre)
-        return "Parenthèses non équilibrées (" + std::to_string(ouvrantes) + " « ( » pour " +
-               std::to_string(fermantes) + " « ) ») ; de toute façon, ce champ ne calcule pas les parenthèses";
-    return "Ce champ ne calcule pas les parenthèses : seul le nombre écrit est lu";
+    return profondeur != 0;
 }
 
 }  // namespace
@@ -148,12 +143,19 @@ TextesReglage textesReglage(const Parametres& p)
     return textes;
 }
 
-Erreur lisReglage(const TextesReglage& textes, Parametres& p)
+Erreur lisReglage(const TextesReglage& textes, Parametres& p, bool* incorrecte)
 {
     Parametres lu = p;
     for (int i = 0; i < nbChampsReglage; ++i) {
         double v;
-        if (!litChamp(textes[i], v))
+        Issue issue;
+        const bool fini = litChamp(textes[i], v, issue);
+        if (issue == Issue::Incorrecte) {
+            if (incorrecte)
+                *incorrecte = true;
+            return messageIncorrecte(Famille::Espace);
+        }
+        if (!fini)
             return "Champ " + designation(i) + " : " + texteCite(textes[i]) +
                    " ne se calcule pas (nombre trop grand). Rien n'est appliqué.";
         if (const std::string hors = horsType(i, v); !hors.empty())
@@ -170,10 +172,19 @@ std::array<RemarquesChamp, nbChampsReglage> remarquesReglage(const TextesReglage
     for (int i = 0; i < nbChampsReglage; ++i) {
         const std::string texte(sansBlancsAuxBouts(textes[i], " \t"));
         RemarquesChamp& rc = r[i];
-        if (const std::string par = remarqueParentheses(texte); !par.empty())
-            rc.textes.push_back(par);
+        if (parenthesesBancales(texte)) {
+            rc.textes.push_back("Parenthèses non équilibrées : en appliquant, le programme dira « Formule "
+                                "incorrecte » et s'arrêtera");
+            rc.bloquante = true;
+            continue;
+        }
+        if (const auto e = texte.find_first_of("Ee");
+            e != std::string::npos && e + 1 < texte.size() && texte[e + 1] == '-' && e > 0 && estChiffre(texte[e - 1]))
+            rc.textes.push_back("« E- » se lit comme une soustraction (1.5E-3 vaut -1.5) : écrivez le nombre "
+                                "sans exposant (0.0015)");
         double v;
-        if (!litChamp(texte, v)) {
+        Issue issue;
+        if (!litChamp(texte, v, issue)) {
             rc.textes.push_back("Ce nombre ne se calcule pas (trop grand) : le champ sera refusé");
             rc.bloquante = true;
             continue;
@@ -182,7 +193,7 @@ std::array<RemarquesChamp, nbChampsReglage> remarquesReglage(const TextesReglage
         rc.valeur = v;
         if (texte.empty()) {
             rc.textes.push_back("Champ vide : il vaudra 0");
-        } else if (v == 0 && !estNombre(texte)) {
+        } else if (issue == Issue::SansValeur || (v == 0 && !estNombre(texte))) {
             const bool lettreSeule = texte.size() == 1 && !estChiffre(texte[0]);
             rc.textes.push_back(texteCite(texte) + " ne se lit pas comme un nombre : il vaudra 0" +
                                 (lettreSeule && (texte == "P" || texte == "p") ? " (écrivez 1P pour π)" : ""));

@@ -2,9 +2,11 @@
 // each field shows, the reading of the typed texts into the parameter
 // block, and the remarks that help the user while typing.
 //
-// A field is read by the engine's number reader (lisnombre, default 0), so
-// "-2P", "P/2", "2*P", "1/4" and "1.5E-3" are accepted; the value is then
-// converted into its member's type (double, single or 16-bit integer).
+// A field is evaluated as a constant formula by the formula evaluator (the
+// space family, its variables at 0), so "-2P", "P/2", "2*P", "(1)+(2)" are
+// accepted, with the evaluator's reading rules ("1.5E-3" is 1.5 - 3: the
+// "E-" is a subtraction); the value is then converted into its member's
+// type (double, single or 16-bit integer).
 #pragma once
 #include <array>
 #include <string>
@@ -34,7 +36,10 @@ TextesReglage textesReglage(const Parametres& p);
 // not fit its member (a single beyond single precision, pauseMs outside
 // -32768..32767, a number the reader cannot compute such as "1E999") is
 // refused with a French message naming the field; `p` is then untouched.
-Erreur lisReglage(const TextesReglage& textes, Parametres& p);
+// A field whose brackets the evaluator cannot read gives the evaluator's
+// own "Formule incorrecte" and sets `*incorrecte`: the program then ends,
+// as for a formula of a curve.
+Erreur lisReglage(const TextesReglage& textes, Parametres& p, bool* incorrecte = nullptr);
 
 // What the user should know about each field while typing, in French: an
 // empty list when the field reads as expected.
@@ -44,8 +49,8 @@ struct RemarquesChamp {
     bool lisible = false;    // a value was read: `valeur` holds it
     double valeur = 0;
 };
-// Remarks on each field: brackets that do not balance (the reader does not
-// compute brackets at all), a text that reads as no number (it counts 0),
+// Remarks on each field: brackets that do not balance (applying would end
+// the program), an "E-" exponent, a text that gives no value (it counts 0),
 // a value its member cannot hold, a lower bound above its upper bound (or
 // equal), a step or a count that is zero or negative. All but the third are
 // accepted when applied: they only warn.

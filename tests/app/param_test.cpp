@@ -136,7 +136,7 @@ TEST(Param, AppliquerEcritLeFichierAttendu)
          "memprovi.log",
          0,
          true,
-         {{2, "-P"}, {3, "  7 "}, {12, "1E3"}, {18, "0.1"}},
+         {{2, "-1P"}, {3, "  7 "}, {12, "1E3"}, {18, "0.1"}},
          "-10,10,-3.141592,7,-10,10\r\n"
          "0,6.28,0.05,0,6.28,0.1\r\n"
          "1000,40,20,30,20,15\r\n"
@@ -196,6 +196,29 @@ TEST(Param, ValeurQueLeTypeNePeutPasTenir)
         ASSERT_EQ(b.messages.size(), 2);
         EXPECT_TRUE(b.messages[0].contains(QString::fromUtf8(c.nomDansMessage))) << b.messages[0].toStdString();
         EXPECT_FALSE(QFile::exists(b.fichier("mem.log")));
+        EXPECT_FALSE(QFile::exists(b.fichier("memprovi.log")));
+        EXPECT_EQ(texteMemoire(p), avant);
+    }
+}
+
+// Brackets the evaluator cannot read: its own message, then the program
+// ends, as for the formula of a curve; nothing is written.
+TEST(Param, ParenthesesIllisiblesArretentLeProgramme)
+{
+    for (const char* texte : {"(2", "2)"}) {
+        SCOPED_TRACE(texte);
+        BancParam b;
+        int fins = 0;
+        b.boites.fin = [&fins] { ++fins; };
+        Parametres p;
+        const std::string avant = texteMemoire(p);
+        Param d(p, b.dossierCourbes(), true, b.boites);
+        d.show();
+        champ(d, 1)->setText(QString::fromUtf8(texte));
+        EXPECT_EQ(champ(d, 1)->property("remarque").toInt(), 2);  // warned in red before applying
+        controle<QPushButton>(d, "Command1")->click();
+        EXPECT_EQ(b.messages, QStringList{QString::fromUtf8("Formule incorrecte,désolé")});
+        EXPECT_EQ(fins, 1);
         EXPECT_FALSE(QFile::exists(b.fichier("memprovi.log")));
         EXPECT_EQ(texteMemoire(p), avant);
     }

@@ -31,7 +31,9 @@ TEST(Reglage, LectureEtConversionParChamp)
         {"xmin", "-2P", true, "-6.283184", ""},
         {"xmax", "P/2", true, "1.570796", ""},
         {"tmax", "2*P", true, "6.283184", ""},
-        {"pasT", "1.5E-3", true, "0.0015", ""},  // the reader alone takes "E-"
+        {"pasT", "1.5E-3", true, "-1.5", ""},  // the evaluator reads "E-" as a subtraction
+        {"amin", "(1)+(2)", true, "3", ""},
+        {"xmax", "1E999", true, "1000000000", ""},  // a failed computation is horsCalcul
         {"amin", "1/4", true, "0.25", ""},
         {"Rotadir", "", true, "0", ""},  // an emptied field reads 0
         {"ymin", "abc", true, "0", ""},  // no number: 0, accepted
@@ -44,7 +46,7 @@ TEST(Reglage, LectureEtConversionParChamp)
         {"Zviseur", "1E39", false, "", "Zviseur"},
         {"pasRota", "-4E38", false, "", "simple précision"},
         {"zmin", "1E39", false, "", "<z<"},
-        {"xmax", "1E999", false, "", "xmax"},
+        {"xmax", "(2", false, "", "Formule incorrecte"},  // and the program ends
     };
     for (const Cas& c : cas) {
         SCOPED_TRACE(std::string(c.champ) + " " + c.texte);
@@ -53,11 +55,14 @@ TEST(Reglage, LectureEtConversionParChamp)
         t[champ(c.champ)] = c.texte;
         const Parametres avant = p;
         Parametres lu = p;
-        const Erreur e = lisReglage(t, lu);
+        bool incorrecte = false;
+        const Erreur e = lisReglage(t, lu, &incorrecte);
         EXPECT_EQ(!e, c.accepte);
         if (!c.accepte) {
             EXPECT_NE(e.message().find(c.motDuMessage), std::string::npos) << e.message();
-            EXPECT_NE(e.message().find("Rien n'est appliqué"), std::string::npos);
+            EXPECT_EQ(incorrecte, std::string(c.texte) == "(2");
+            if (!incorrecte)
+                EXPECT_NE(e.message().find("Rien n'est appliqué"), std::string::npos);
             EXPECT_EQ(lu.xmax, avant.xmax);
             EXPECT_EQ(lu.pauseMs, avant.pauseMs);
             continue;
@@ -87,9 +92,10 @@ TEST(Reglage, RemarquesPendantLaSaisie)
     const Cas cas[] = {
         {{{"xmin", "-10"}}, "xmin", nullptr, false},
         {{{"xmin", "-2P"}}, "xmin", nullptr, false},
-        {{{"xmax", "(2"}}, "xmax", "Parenthèses non équilibrées (1 « ( » pour 0 « ) »)", false},
-        {{{"xmax", "(2"}}, "xmax", "il vaudra 0", false},
-        {{{"xmax", "2*(3)"}}, "xmax", "ne calcule pas les parenthèses", false},
+        {{{"xmax", "(2"}}, "xmax", "Parenthèses non équilibrées", true},
+        {{{"xmax", "2)"}}, "xmax", "Formule incorrecte", true},
+        {{{"xmax", "2*(3)"}}, "xmax", nullptr, false},
+        {{{"pasT", "1.5E-3"}}, "pasT", "se lit comme une soustraction", false},
         {{{"ymin", ""}}, "ymin", "Champ vide", false},
         {{{"ymin", "abc"}}, "ymin", "ne se lit pas comme un nombre : il vaudra 0", false},
         {{{"ymin", "P"}}, "ymin", "écrivez 1P", false},
@@ -106,7 +112,6 @@ TEST(Reglage, RemarquesPendantLaSaisie)
         {{{"Xviseur", "-3"}}, "Xviseur", nullptr, false},  // a viewer may be negative
         {{{"pauseMs", "40000"}}, "pauseMs", "n'est pas un entier de -32768 à 32767", true},
         {{{"Zviseur", "1E39"}}, "Zviseur", "dépasse la simple précision", true},
-        {{{"Xdirection", "1E999"}}, "Xdirection", "ne se calcule pas", true},
     };
     for (const Cas& c : cas) {
         SCOPED_TRACE(std::string(c.champ) + " " + c.saisies[0].second);

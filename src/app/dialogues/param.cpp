@@ -265,8 +265,16 @@ void Param::applique(bool retenu)
     // Everything is taken into a copy: a refused field or a file that cannot
     // be written leaves the parameters in force and the dialog open.
     Parametres p = param_;
-    if (auto erreur = lisReglage(textes, p)) {
+    bool incorrecte = false;
+    if (auto erreur = lisReglage(textes, p, &incorrecte)) {
         boites_.message(this, QString::fromStdString(erreur.message()));
+        // Brackets the evaluator cannot read end the program, as they do
+        // in the formula of a curve.
+        if (incorrecte) {
+            reject();
+            if (boites_.fin)
+                boites_.fin();
+        }
         return;
     }
     for (int i = 0; i < 12; ++i)
