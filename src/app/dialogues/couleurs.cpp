@@ -102,7 +102,7 @@ Couleurs::Couleurs(SchemaCouleurs& schema, bool modeEspace, int politique, const
     grilles[2]->addWidget(note, grilles[2]->rowCount(), 0, 1, 2);
 
     QString texte = QStringLiteral("Comment Tracer ? ") + legendePolitique(politique) + QStringLiteral(" : ");
-    texte += politique == 1 ? QStringLiteral("OK mémorise aussi ces couleurs dans « couleurs.txt ».")
+    texte += politique == 1 ? QStringLiteral("OK mémorise aussi ces couleurs dans «\u00A0couleurs.txt\u00A0».")
                             : QStringLiteral("ces couleurs valent pour cette session.");
     texte += QStringLiteral(" Les courbes déjà tracées gardent leurs couleurs.");
     auto* politiqueTexte = new QLabel(texte, this);
@@ -141,8 +141,11 @@ void Couleurs::peins(const Nuancier& n)
 {
     const QColor c = couleurQt(edite_.*n.membre);
     // The text stays readable on a light or dark swatch.
-    const QString texte = c.lightness() > 128 ? QStringLiteral("black") : QStringLiteral("white");
-    n.bouton->setStyleSheet(QStringLiteral("QPushButton { background-color: %1; color: %2; }").arg(c.name(), texte));
+    const int luminance = (299 * c.red() + 587 * c.green() + 114 * c.blue()) / 1000;
+    const QString texte = luminance > 140 ? QStringLiteral("black") : QStringLiteral("white");
+    n.bouton->setStyleSheet(QStringLiteral("QPushButton { background-color: %1; color: %2; border: 1px solid gray; "
+                                           "padding: 3px; } QPushButton:disabled { color: %2; }")
+                                .arg(c.name(), texte));
     n.bouton->setText(c.name().toUpper());
 }
 
