@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "app/dialogues/couleurs.h"
+#include "app/dialogues/licou.h"
 #include "banc_fenetre.h"
 #include "qt/surface_qpainter.h"
 #include "settings/fichier_couleurs.h"
@@ -214,6 +215,9 @@ TEST(Couleurs, CurveColourKeyColoursFamiliesAndTheirListing)
         EXPECT_TRUE(article(m, "mnutra", ligne)->text().contains(QString::fromUtf8(c.nom)))
             << article(m, "mnutra", ligne)->text().toStdString();
         EXPECT_EQ(m.etat.courbes.lignes.back()[colCouleurFamille], double(m.etat.couleurs.couleurTrace));
+        // The list of drawn curves describes the same colour.
+        Licou licou(m.etat.courbes, m.etat.catalogue, ligne, &m);
+        EXPECT_EQ(controle<QLabel>(licou, "Label1_0")->text(), QStringLiteral("Trait ") + QString::fromUtf8(c.nom));
     }
 }
 
