@@ -1,5 +1,6 @@
 #include "app/boites.h"
 
+#include <QColorDialog>
 #include <QCoreApplication>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -18,6 +19,14 @@ Boites Boites::standard()
         if (!ok)
             return std::nullopt;
         return reponse;
+    };
+    // Qt's own chooser, in French through the translator the program
+    // installs.
+    b.choixCouleur = [](QWidget* parent, const QColor& initiale, const QString& titre) -> std::optional<QColor> {
+        const QColor c = QColorDialog::getColor(initiale, parent, titre);
+        if (!c.isValid())
+            return std::nullopt;
+        return c;
     };
     // Leaves every event loop, the main one included: the program ends
     // without saving anything.

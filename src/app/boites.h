@@ -3,6 +3,7 @@
 // says (and answer what it asks) instead of showing a box that waits for a
 // click.
 #pragma once
+#include <QColor>
 #include <QString>
 #include <functional>
 #include <optional>
@@ -16,10 +17,13 @@ struct Boites {
     std::function<void(QWidget* parent, const QString& texte)> message;
     // An input box: the answer, or nothing when the user cancelled.
     std::function<std::optional<QString>(QWidget* parent, const QString& invite, const QString& titre)> saisie;
+    // The colour chooser: the colour chosen, or nothing when the user
+    // cancelled. Left empty, no colour is ever chosen.
+    std::function<std::optional<QColor>(QWidget* parent, const QColor& initiale, const QString& titre)> choixCouleur;
     // Ends the program (after the evaluator's "Formule incorrecte").
     std::function<void()> fin;
 
-    // The real boxes (QMessageBox, QInputDialog), titled with the program's name.
+    // The real boxes (QMessageBox, QInputDialog, QColorDialog), titled with the program's name.
     static Boites standard();
 };
 

@@ -148,8 +148,13 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     LigneCourbe valeurs;
     if (options.ligne == 0) {
         valeurs = enVigueur;
-        if (options.couleurs == ModeCouleurs::Cycle)
-            valeurs[colCouleurTrace] = couleurCycle(etat.defaut, etat.couleurs.couleurTrace, options.rang);
+        // A family cycles its family colour, the colour it is drawn in.
+        if (options.couleurs == ModeCouleurs::Cycle) {
+            const bool famille = type == genreSurfaceParametree || type == genreSurfaceSpherique;
+            const ColonneCourbe colonne = famille ? colCouleurFamille : colCouleurTrace;
+            const Couleur enCours = famille ? etat.couleurs.couleurFamille : etat.couleurs.couleurTrace;
+            valeurs[colonne] = couleurCycle(etat.defaut, enCours, options.rang);
+        }
         r.ligne = ajouteCourbe(table, valeurs);
         if (r.ligne == 0) {
             r.erreur = "Trop de courbes tracées (" + std::to_string(maxCourbes) +

@@ -1,6 +1,7 @@
 #include "plot/table_courbes.h"
 
 #include "catalogue/catalogue.h"
+#include "catalogue/genre.h"
 #include "plot/etat.h"
 
 namespace velorin {
@@ -126,13 +127,24 @@ std::string nomCouleur(Couleur couleur)
     }
 }
 
+std::optional<Couleur> couleurTracee(const LigneCourbe& l)
+{
+    const int type = enEntier(l[colTypeFonction]);
+    if (type != genreSurfaceParametree && type != genreSurfaceSpherique)
+        return enCouleur(l[colCouleurTrace]);
+    if (l[colAvecMoirure] != 0 || (enEntier(l[colOrdreBoucles]) & 3) == 3)
+        return std::nullopt;
+    return enCouleur(l[colCouleurFamille]);
+}
+
 std::string ligneCourbeTracee(const TableCourbes& table, int i)
 {
     if (i < 1 || i > static_cast<int>(table.lignes.size()))
         return {};
     const LigneCourbe& l = table.lignes[i - 1];
+    const std::optional<Couleur> couleur = couleurTracee(l);
     return entierFormate(enEntier(l[colTypeFonction]), 2) + "/" + entierFormate(i, 3) + " " +
-           nomCouleur(enCouleur(l[colCouleurTrace]));
+           (couleur ? nomCouleur(*couleur) : std::string("En panaché"));
 }
 
 }  // namespace velorin

@@ -4,6 +4,7 @@
 #pragma once
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -87,8 +88,13 @@ std::string nomCouleur(Couleur couleur);
 // A value of a row taken as a colour: its 24 bits, or 0 when it is out of
 // range (rows read back from a file may hold anything).
 Couleur enCouleur(double valeur);
+// The colour a row is drawn in: a family (kinds 2 and 4) takes the family
+// colour, every other kind the curve colour; a family drawn with moiré or as
+// a two-colour trellis (ordreBoucles 3) has no single colour (nothing).
+std::optional<Couleur> couleurTracee(const LigneCourbe& ligne);
 // Line of drawn curve i (1-based) in the list of drawn curves: the kind as
-// "00", "/", the curve number as "000 " and the colour name, e.g.
+// "00", "/", the curve number as "000 " and the name of the colour it is
+// drawn in (couleurTracee; "En panaché" when several), e.g.
 // "01/003 En rouge:".
 std::string ligneCourbeTracee(const TableCourbes& table, int i);
 

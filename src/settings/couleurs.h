@@ -36,7 +36,11 @@ struct SchemaCouleurs {
     Couleur couleurProjXOz = 0xFF00;
     Couleur couleurProjYOz = 0x4080FF;
     Couleur couleurAxes = 0xFFFFFF;  // frame: axes, letters, numbers
-    Couleur couleurFond = 0;         // reference colour for erasing
+    // Background of the drawing when "Fond blanc,axes noirs" is off (the
+    // white background of that option does not change); video inversion
+    // inverts it as it inverts black.
+    Couleur couleurFondSombre = 0;
+    Couleur couleurFond = 0;  // reference colour for erasing
 };
 
 }  // namespace velorin

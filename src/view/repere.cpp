@@ -19,7 +19,7 @@ CouleursRepere couleursRepere(const Parametres& p, const SchemaCouleurs& schema,
 {
     CouleursRepere c;
     const bool blanc = p.fondBlanc == 1;
-    c.fond = blanc ? 0xFFFFFF : 0x000000;
+    c.fond = blanc ? 0xFFFFFF : (schema.couleurFondSombre & 0xFFFFFF);
     c.axes = blanc ? 0x000000 : (schema.couleurAxes & 0xFFFFFF);
     if (inversionVideo) {
         c.fond = inverseVideo(c.fond);

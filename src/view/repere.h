@@ -19,7 +19,8 @@ struct CouleursRepere {
 // The video inversion of a colour (each of red, green and blue reversed).
 Couleur inverseVideo(Couleur c);
 
-// The colours in force. A black background with the frame in the scheme's
+// The colours in force. The scheme's `couleurFondSombre` (black unless the
+// colour dialog changed it) as background with the frame in the scheme's
 // `couleurAxes`; with "Fond blanc,axes noirs" (fondBlanc = 1) a white
 // background with a black frame; the video inversion (inversionVideo)
 // then reverses both. This is also the erasing reference colour: clearing

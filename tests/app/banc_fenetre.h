@@ -74,6 +74,8 @@ struct Banc {
     QStringList messages;                          // what the message boxes said
     int fins = 0;                                  // times the program asked to end
     std::vector<std::optional<QString>> reponses;  // answers of the input boxes, in turn
+    // The colour chooser's answer for a title; none (cancel) when unset.
+    std::function<std::optional<QColor>(const QString& titre)> choixCouleur;
     std::unique_ptr<Mirado> fenetre;
 
     Banc()
@@ -128,6 +130,9 @@ struct Banc {
             return r;
         };
         boites.fin = [this] { ++fins; };
+        boites.choixCouleur = [this](QWidget*, const QColor&, const QString& titre) -> std::optional<QColor> {
+            return choixCouleur ? choixCouleur(titre) : std::nullopt;
+        };
         fenetre = std::make_unique<Mirado>(etat, dossier.path(), boites);
         fenetre->resize(900, 650);
         fenetre->show();

@@ -193,7 +193,7 @@ TEST(Mirado, CouleursEtBouclesCocheesDansLesMenus)
         {"mnuct", 4, [&] { return long(m.etat.couleurs.couleurTangente); }, 0xFFFF},
         {"mnuct", 5, [&] { return long(m.etat.couleurs.couleurTangente); }, 0xFFFFFF},
         {"mnuper", 3, [&] { return long(m.etat.param.ordreBoucles); }, 3},
-        {"mnuchcol", 2, [&] { return long(m.etat.fenetre.politiqueCouleurs); }, 2},
+        {"mnuchcol", 1, [&] { return long(m.etat.fenetre.politiqueCouleurs); }, 1},
         {"mnuipo", 0, [&] { return long(m.etat.fenetre.orientationImprimante); }, 0},
     };
     for (const Cas& c : cas) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <random>
+#include <sstream>
 
 #include "outils_trace.h"
 #include "plot/demande.h"
@@ -100,6 +101,52 @@ TEST_F(Demande, CycleSendingGivesEachEntryItsColour)
         lignes.push_back(ligneCourbeTracee(etat.courbes, i));
     EXPECT_EQ(lignes, (std::vector<std::string>{
                           "01/001 En jaune:", "03/002 En rouge:", "01/003 En vert:", "01/004 En jaune:"}));
+}
+
+// A family is drawn in the family colour: that is the colour listed, and the
+// one a "Cycle" sending changes; moiré and the two-colour trellis list
+// several colours.
+TEST_F(Demande, FamiliesAreListedInTheColourTheyAreDrawnIn)
+{
+    ASSERT_FALSE(
+        ecrisLigne(etat.catalogue, 5, LigneCatalogue{2, "x=f1(a,t)=a*cos(t)][y=f2(a,t)=a*sin(t)][z=f3(a,t)=a"}));
+    etat.param.amin = 0, etat.param.amax = 1, etat.param.pasA = 0.5;
+    etat.couleurs.couleurTrace = 0xFF;      // red
+    etat.couleurs.couleurFamille = 0xFF00;  // green
+    struct Cas {
+        int numero;
+        int ordre;
+        bool moirure;
+        OptionsTrace options;
+        const char* ligne;
+        Couleur couleurDessin;  // colour of the first line drawn
+    };
+    const Cas cas[] = {
+        {1, 0, false, {}, "01/001 En rouge:", 0xFF},
+        {5, 0, false, {}, "02/002 En vert:", 0xFF00},
+        {5, 1, true, {}, "02/003 En panaché", 0x800000},  // QBColor(1)
+        {5, 3, false, {}, "02/004 En panaché", 0xFF},
+        {5, 0, false, OptionsTrace{0, ModeCouleurs::Cycle, 1}, "02/005 En rouge:", 0xFF},
+    };
+    for (const Cas& c : cas) {
+        etat.param.ordreBoucles = std::uint8_t(c.ordre);
+        etat.param.avecMoirure = c.moirure;
+        SurfaceEnregistreuse dessin;
+        const ResultatTrace r = demandeTrace(etat, dessin, c.numero, c.options, {});
+        ASSERT_FALSE(r.erreur) << r.erreur.message();
+        EXPECT_EQ(ligneCourbeTracee(etat.courbes, r.ligne), c.ligne);
+        // The colour of the first line or point of the curve.
+        std::istringstream journal(dessin.journal());
+        std::string op, couleur;
+        double coordonnee;
+        while (journal >> op && op != "LINE" && op != "PSET")
+            journal.ignore(1 << 12, '\n');
+        for (int i = 0; i < (op == "LINE" ? 4 : 2); ++i)
+            journal >> coordonnee;
+        journal >> couleur;
+        EXPECT_EQ(couleur, std::to_string(c.couleurDessin)) << c.ligne;
+    }
+    EXPECT_EQ(etat.couleurs.couleurFamille, 0xFF00u);  // the cycle changed only the row
 }
 
 TEST(DemandeTextes, FieldsColourNamesAndCaptions)

@@ -71,7 +71,9 @@ void Licou::List1_Click(int ligne)
     if (ligne < 1 || ligne > int(lignes.size()))
         return;
     const LigneCourbe& l = lignes[ligne - 1];
-    Label1[0]->setText(QStringLiteral("Trait ") + QString::fromStdString(nomCouleur(enCouleur(l[colCouleurTrace]))));
+    const std::optional<Couleur> trait = couleurTracee(l);
+    Label1[0]->setText(QStringLiteral("Trait ") +
+                       QString::fromStdString(trait ? nomCouleur(*trait) : std::string("En panaché")));
     Label1[1]->setText(l[colTraceContinu] != 0 ? QStringLiteral("continu") : QStringLiteral("pointillé"));
     Label1[2]->setText(QStringLiteral("Tgte ") + QString::fromStdString(nomCouleur(enCouleur(l[colCouleurTangente]))));
     Label1[3]->setText(l[colAvecSegmentTangent] != 0 ? QStringLiteral("avec segment tangent")

@@ -72,8 +72,7 @@ void Mirado::creeMenus()
                                         "TraceRepère", "EffaceRepère", "Efface Ecran"};
     const Qt::Key touchesPara[] = {Qt::Key_R, Qt::Key_C, Qt::Key_I, Qt::Key_T, Qt::Key_S, Qt::Key_E};
     for (int i = 0; i < 6; ++i) {
-        // The colour dialog comes later.
-        mnupara[i] = article(mnupar, legendesPara[i], QKeySequence(Qt::CTRL | touchesPara[i]), i != 1);
+        mnupara[i] = article(mnupar, legendesPara[i], QKeySequence(Qt::CTRL | touchesPara[i]));
         relie(mnupara[i], &Mirado::mnupara_Click, i);
     }
     mnupara[2]->setCheckable(true);

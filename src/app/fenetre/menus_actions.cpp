@@ -7,11 +7,13 @@
 #include <QProcess>
 
 #include "app/dialogues/coli.h"
+#include "app/dialogues/couleurs.h"
 #include "app/dialogues/licou.h"
 #include "app/dialogues/param.h"
 #include "app/fenetre/mirado.h"
 #include "catalogue/catalogue.h"
 #include "plot/ecran.h"
+#include "settings/fichier_couleurs.h"
 
 namespace velorin {
 
@@ -226,6 +228,18 @@ void Mirado::mnupara_Click(int index)
         lecdebut(dialogue.lecture());
         break;
     }
+    case 1: {  // les Couleurs: the scheme, remembered under policy 1
+        Couleurs dialogue(etat.couleurs, etat.fenetre.modeEspace, etat.fenetre.politiqueCouleurs, boites, this);
+        if (dialogue.exec() != QDialog::Accepted)
+            break;
+        const std::string chemin = etat.fenetre.dossierCourbes + nomFichierCouleurs();
+        if (etat.fenetre.politiqueCouleurs == 1)
+            if (auto erreur = ecrisCouleurs(chemin, etat.couleurs))
+                boites.message(this, QString::fromStdString(erreur.message()));
+        marqueChoix();
+        Command3_Click();
+        break;
+    }
     case 2:  // InversionVidéo: black and white swap, everything drawn again
         etat.fenetre.inversionVideo = !etat.fenetre.inversionVideo;
         mnupara[2]->setChecked(etat.fenetre.inversionVideo);
@@ -266,7 +280,10 @@ void Mirado::mnucl_Click(int index)
 {
     if (refuseChoixPendantTrace())
         return;
+    // The colour of the next curves and of the next families alike; the
+    // colour dialog can set the family colour apart afterwards.
     etat.couleurs.couleurTrace = couleurMenu(etat.defaut, index);
+    etat.couleurs.couleurFamille = etat.couleurs.couleurTrace;
     choixCoche(mnucl, index);
 }
 
@@ -290,6 +307,20 @@ void Mirado::mnuchcol_Click(int index)
 {
     if (refuseChoixPendantTrace())
         return;
+    if (index == 2) {
+        // "Couleurs déjà mémorisées": the remembered scheme comes back in
+        // force; a missing or damaged file changes nothing.
+        const std::string chemin = etat.fenetre.dossierCourbes + nomFichierCouleurs();
+        if (auto erreur = lisCouleurs(chemin, etat.couleurs)) {
+            boites.message(this, QString::fromStdString(erreur.message()));
+            marqueChoix();
+            return;
+        }
+        etat.fenetre.politiqueCouleurs = index;
+        marqueChoix();
+        Command3_Click();
+        return;
+    }
     etat.fenetre.politiqueCouleurs = index;
     choixCoche(mnuchcol, index);
 }

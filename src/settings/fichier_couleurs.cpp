@@ -1,0 +1,134 @@
+#include "settings/fichier_couleurs.h"
+
+#include <fstream>
+#include <string_view>
+
+#include "base/chemins.h"
+#include "base/ecriture.h"
+#include "base/texte_sur.h"
+
+namespace velorin {
+
+namespace {
+
+struct Membre {
+    const char* nom;
+    Couleur SchemaCouleurs::*membre;
+};
+
+// Every colour the dialog edits, in the order of the file.
+constexpr Membre membres[] = {
+    {"couleurAxes", &SchemaCouleurs::couleurAxes},         {"couleurFondSombre", &SchemaCouleurs::couleurFondSombre},
+    {"couleurTrace", &SchemaCouleurs::couleurTrace},       {"couleurFamille", &SchemaCouleurs::couleurFamille},
+    {"couleurTangente", &SchemaCouleurs::couleurTangente}, {"couleurRayon", &SchemaCouleurs::couleurRayon},
+    {"couleurProjOx", &SchemaCouleurs::couleurProjOx},     {"couleurProjOy", &SchemaCouleurs::couleurProjOy},
+    {"couleurProjOz", &SchemaCouleurs::couleurProjOz},     {"couleurProjXOy", &SchemaCouleurs::couleurProjXOy},
+    {"couleurProjXOz", &SchemaCouleurs::couleurProjXOz},   {"couleurProjYOz", &SchemaCouleurs::couleurProjYOz},
+};
+
+std::string_view sansBlancs(std::string_view s)
+{
+    const auto debut = s.find_first_not_of(" \t");
+    if (debut == std::string_view::npos)
+        return {};
+    const auto fin = s.find_last_not_of(" \t");
+    return s.substr(debut, fin - debut + 1);
+}
+
+// A decimal integer 0..16777215, digits only.
+bool lisValeur(std::string_view texte, Couleur& valeur)
+{
+    if (texte.empty() || texte.size() > 8)
+        return false;
+    Couleur v = 0;
+    for (char c : texte) {
+        if (c < '0' || c > '9')
+            return false;
+        v = v * 10 + Couleur(c - '0');
+    }
+    if (v > 0xFFFFFF)
+        return false;
+    valeur = v;
+    return true;
+}
+
+}  // namespace
+
+const char* nomFichierCouleurs()
+{
+    return "couleurs.txt";
+}
+
+std::string texteCouleurs(const SchemaCouleurs& schema)
+{
+    std::string t = "# Velorin : couleurs mémorisées (rouge + 256*vert + 65536*bleu)\n";
+    for (const Membre& m : membres)
+        t += std::string(m.nom) + "=" + std::to_string(schema.*m.membre & 0xFFFFFF) + "\n";
+    return t;
+}
+
+Erreur analyseCouleurs(const std::string& contenu, const std::string& chemin, SchemaCouleurs& schema)
+{
+    SchemaCouleurs lu = schema;
+    std::string_view reste = contenu;
+    if (reste.substr(0, 3) == "\xEF\xBB\xBF")
+        reste.remove_prefix(3);
+    int numero = 0;
+    while (!reste.empty()) {
+        const auto fin = reste.find_first_of("\r\n");
+        std::string_view ligne = reste.substr(0, fin);
+        if (fin == std::string_view::npos)
+            reste = {};
+        else
+            reste.remove_prefix(fin + (reste.substr(fin, 2) == "\r\n" ? 2 : 1));
+        ++numero;
+        ligne = sansBlancs(ligne);
+        if (ligne.empty() || ligne.front() == '#')
+            continue;
+        const std::string debut = "Fichier " + texteCite(chemin) + ", ligne " + std::to_string(numero) + " : ";
+        const auto egal = ligne.find('=');
+        if (egal == std::string_view::npos)
+            return debut + "« nom=valeur » attendu, lu " + texteCite(ligne) +
+                   ". Les couleurs en vigueur sont conservées.";
+        const std::string_view nom = sansBlancs(ligne.substr(0, egal));
+        const std::string_view valeur = sansBlancs(ligne.substr(egal + 1));
+        const Membre* trouve = nullptr;
+        for (const Membre& m : membres)
+            if (nom == m.nom)
+                trouve = &m;
+        if (!trouve)
+            return debut + "couleur inconnue " + texteCite(nom) + ". Les couleurs en vigueur sont conservées.";
+        if (!lisValeur(valeur, lu.*trouve->membre))
+            return debut + "la valeur " + texteCite(valeur) + " de " + trouve->nom +
+                   " n'est pas une couleur (un entier de 0 à 16777215). Les couleurs en vigueur sont conservées.";
+    }
+    schema = lu;
+    return {};
+}
+
+Erreur lisCouleurs(const std::string& chemin, SchemaCouleurs& schema)
+{
+    if (auto erreur = verifieFichierLisible(chemin, "Le fichier des couleurs"))
+        return erreur;
+    constexpr std::size_t limite = 1 << 16;
+    if (tailleFichier(chemin) > limite)
+        return "Fichier " + texteCite(chemin) + " : trop volumineux pour un fichier de couleurs";
+    std::ifstream f(chemin, std::ios::binary);
+    if (!f)
+        return "Le fichier des couleurs " + texteCite(chemin) + " ne peut pas être ouvert.";
+    std::string contenu(limite + 1, '\0');
+    f.read(contenu.data(), static_cast<std::streamsize>(contenu.size()));
+    if (f.bad())
+        return "Le fichier des couleurs " + texteCite(chemin) + " ne peut pas être lu : erreur de lecture.";
+    contenu.resize(static_cast<std::size_t>(f.gcount()));
+    if (contenu.size() > limite)
+        return "Fichier " + texteCite(chemin) + " : trop volumineux pour un fichier de couleurs";
+    return analyseCouleurs(contenu, chemin, schema);
+}
+
+Erreur ecrisCouleurs(const std::string& chemin, const SchemaCouleurs& schema)
+{
+    return ecrisFichierEntier(chemin, texteCouleurs(schema));
+}
+
+}  // namespace velorin

@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <random>
+
+#include "settings/fichier_couleurs.h"
+
+namespace velorin {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Every colour the file keeps, for comparisons.
+std::vector<Couleur> valeurs(const SchemaCouleurs& s)
+{
+    return {s.couleurAxes,     s.couleurFondSombre, s.couleurTrace,   s.couleurFamille,
+            s.couleurTangente, s.couleurRayon,      s.couleurProjOx,  s.couleurProjOy,
+            s.couleurProjOz,   s.couleurProjXOy,    s.couleurProjXOz, s.couleurProjYOz};
+}
+
+TEST(FichierCouleurs, RoundTripThroughTheFileKeepsEveryColour)
+{
+    SchemaCouleurs ecrit;
+    Couleur v = 0;
+    for (Couleur* c : {&ecrit.couleurAxes, &ecrit.couleurFondSombre, &ecrit.couleurTrace, &ecrit.couleurFamille,
+                       &ecrit.couleurTangente, &ecrit.couleurRayon, &ecrit.couleurProjOx, &ecrit.couleurProjOy,
+                       &ecrit.couleurProjOz, &ecrit.couleurProjXOy, &ecrit.couleurProjXOz, &ecrit.couleurProjYOz})
+        *c = (v += 0x0F1E2D);
+    ecrit.couleurProjYOz = 0xFFFFFF;  // the largest value
+    ecrit.couleurAxes = 0;            // and the smallest
+    ecrit.couleurFond = 0x123456;     // derived: not stored
+
+    const fs::path dossier = fs::temp_directory_path() / ("velorin_coul_" + std::to_string(std::random_device{}()));
+    fs::create_directories(dossier);
+    const std::string chemin = (dossier / nomFichierCouleurs()).string();
+    ASSERT_FALSE(ecrisCouleurs(chemin, ecrit));
+    SchemaCouleurs lu;
+    const Erreur erreur = lisCouleurs(chemin, lu);
+    fs::remove_all(dossier);
+    ASSERT_FALSE(erreur) << erreur.message();
+    EXPECT_EQ(valeurs(lu), valeurs(ecrit));
+    EXPECT_EQ(lu.couleurFond, SchemaCouleurs{}.couleurFond);
+    EXPECT_EQ(texteCouleurs(ecrit).find(','), std::string::npos);
+    EXPECT_NE(texteCouleurs(ecrit).find("\ncouleurProjYOz=16777215\n"), std::string::npos);
+}
+
+TEST(FichierCouleurs, TolerantLayoutsAreRead)
+{
+    struct Cas {
+        const char* texte;
+        Couleur trace, axes;
+    };
+    const SchemaCouleurs defaut;
+    for (const Cas& c : {
+             Cas{"\xEF\xBB\xBF# note\r\n  couleurTrace = 255 \rcouleurAxes=0", 255, 0},
+             Cas{"\n\n# rien d'autre\n", defaut.couleurTrace, defaut.couleurAxes},
+             Cas{"couleurTrace=1\ncouleurTrace=16777215", 0xFFFFFF, defaut.couleurAxes},
+         }) {
+        SchemaCouleurs s;
+        const Erreur e = analyseCouleurs(c.texte, "couleurs.txt", s);
+        ASSERT_FALSE(e) << e.message();
+        EXPECT_EQ(s.couleurTrace, c.trace) << c.texte;
+        EXPECT_EQ(s.couleurAxes, c.axes) << c.texte;
+        EXPECT_EQ(s.couleurFamille, defaut.couleurFamille);
+    }
+}
+
+TEST(FichierCouleurs, DamagedLineIsNamedAndChangesNothing)
+{
+    struct Cas {
+        const char* texte;
+        const char* attendu;  // part of the message after the file name
+    };
+    const Cas cas[] = {
+        {"couleurTrace=255\ncouleurFamille=abc\n", "ligne 2 : la valeur « abc » de couleurFamille"},
+        {"couleurTrace=16777216", "ligne 1 : la valeur « 16777216 »"},
+        {"couleurTrace=-1", "ligne 1 : la valeur « -1 »"},
+        {"couleurTrace=2.5", "ligne 1 : la valeur « 2.5 »"},
+        {"couleurTrace=", "ligne 1 : la valeur «  » de couleurTrace"},
+        {"couleurTrace=255\r\n\r\ncouleurInconnue=3", "ligne 3 : couleur inconnue « couleurInconnue »"},
+        {"couleurFond=0", "ligne 1 : couleur inconnue « couleurFond »"},
+        {"couleurTrace 255", "ligne 1 : « nom=valeur » attendu"},
+    };
+    for (const Cas& c : cas) {
+        SchemaCouleurs s;
+        s.couleurTrace = 0xABCDEF;
+        const Erreur e = analyseCouleurs(c.texte, "/d/couleurs.txt", s);
+        ASSERT_TRUE(e) << c.texte;
+        EXPECT_EQ(e.message().rfind("Fichier « /d/couleurs.txt », ", 0), 0u) << e.message();
+        EXPECT_NE(e.message().find(c.attendu), std::string::npos) << e.message();
+        EXPECT_EQ(s.couleurTrace, 0xABCDEFu) << c.texte;
+    }
+    SchemaCouleurs s;
+    const Erreur e = lisCouleurs("/aucun/dossier/couleurs.txt", s);
+    ASSERT_TRUE(e);
+    EXPECT_NE(e.message().find("couleurs.txt"), std::string::npos) << e.message();
+    EXPECT_EQ(valeurs(s), valeurs(SchemaCouleurs{}));
+}
+
+}  // namespace
+}  // namespace velorin
