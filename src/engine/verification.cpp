@@ -175,6 +175,7 @@ struct Verificateur {
     std::string morceau(std::size_t debut, std::size_t fin) const { return texte.substr(debut, fin - debut); }
 
     void crochets(std::size_t debut, std::size_t fin);
+    void texteNonLu(std::size_t ferme, std::size_t fin);
     void groupesCote(std::size_t debut, std::size_t fin, const std::vector<Groupe>& g);
     void prefixe(std::size_t debut, std::size_t ouvre, std::size_t ferme);
     void somme(std::size_t debut, std::size_t fin);
@@ -208,18 +209,24 @@ void Verificateur::crochets(std::size_t debut, std::size_t fin)
     if (g.size() > 1)
         return groupesCote(debut, fin, g);
     const std::size_t ouvre = debut + g[0].ouvre, ferme = debut + g[0].ferme;
-    if (ferme + 1 < fin) {
-        const std::string apres = morceau(ferme + 1, fin);
-        std::string proposition;
-        if (apres.size() > 1 && estOperateur(apres[0]) && apres.find_first_of("()") == std::string::npos)
-            proposition = remplace(ferme + 2, apres.size() - 1, entre(apres.substr(1)));
-        ajoute(ferme + 1, "« " + apres + " » après la dernière parenthèse n'est pas lu.", proposition);
-    }
+    if (ferme + 1 < fin)
+        texteNonLu(ferme, fin);
     prefixe(debut, ouvre, ferme);
     if (ouvrantes == 1)
         somme(ouvre + 1, ferme);
     else
         crochets(ouvre + 1, ferme);
+}
+
+// The text after the bracket closed at `ferme`, up to `fin`, is not read;
+// an operator and a flat rest can be put in a group of their own.
+void Verificateur::texteNonLu(std::size_t ferme, std::size_t fin)
+{
+    const std::string apres = morceau(ferme + 1, fin);
+    std::string proposition;
+    if (apres.size() > 1 && estOperateur(apres[0]) && apres.find_first_of("()") == std::string::npos)
+        proposition = remplace(ferme + 2, apres.size() - 1, entre(apres.substr(1)));
+    ajoute(ferme + 1, "« " + apres + " » après la dernière parenthèse n'est pas lu.", proposition);
 }
 
 void Verificateur::groupesCote(std::size_t debut, std::size_t fin, const std::vector<Groupe>& g)
@@ -234,7 +241,7 @@ void Verificateur::groupesCote(std::size_t debut, std::size_t fin, const std::ve
         valeurs.push_back({essais[k], morceau(d, ferme + 1)});
         if (k + 1 == g.size()) {
             if (ferme + 1 < fin)
-                ajoute(ferme + 1, "« " + morceau(ferme + 1, fin) + " » après la dernière parenthèse n'est pas lu.");
+                texteNonLu(ferme, fin);
             break;
         }
         const char op = texte[ferme + 1];

@@ -29,6 +29,7 @@ TEST(Verification, RemarquesPositionsEtReecritures)
     const Famille E = Famille::Espace, Pl = Famille::Plan, N = Famille::Nuage;
     for (const Cas& c : std::initializer_list<Cas>{
              {"SIN(X)+1", E, 6, "SIN(X)+(1)"},
+             {"2SIN(X)+1", E, 10, "(2)*SIN(X)+(1)"},
              {"2X", E, 0, "2*X"},
              {"3X^2+1", Pl, 0, "3*X^2+1"},
              {"1.5E-3*X", E, 0, "0.0015*X"},
@@ -71,6 +72,7 @@ TEST(Verification, ReecrituresValentCeQuAttendLeLecteur)
         double x, attendu;
     };
     for (const Valeur& c : std::initializer_list<Valeur>{{"SIN(X)+1", 0.5, std::sin(0.5) + 1},
+                                                         {"2SIN(X)+1", 0.5, 2 * std::sin(0.5) + 1},
                                                          {"2X", 3, 6},
                                                          {"1.5E-3*X", 2, 0.003},
                                                          {"X^-2", 2, 0.25},

@@ -160,11 +160,12 @@ void Tipara::verifie(int boite)
     QString texte;
     if (genreCourbe_ >= 0) {
         const std::string formule = nettoieformule(unifiecrochets(Text2[boite]->text().toStdString()), genreCourbe_);
-        for (const Remarque& r : verifieFormule(formule, familleDuGenre(genreCourbe_))) {
-            if (!texte.isEmpty())
-                texte += QLatin1Char('\n');
-            texte += QString::fromStdString(texteRemarque(r));
-        }
+        const std::vector<Remarque> remarques = verifieFormule(formule, familleDuGenre(genreCourbe_));
+        // The positions count in the formula as it is read.
+        if (!remarques.empty())
+            texte = QStringLiteral("Lue : ") + QString::fromStdString(formule);
+        for (const Remarque& r : remarques)
+            texte += QLatin1Char('\n') + QString::fromStdString(texteRemarque(r));
     }
     Remarques[boite]->setText(texte);
 }
