@@ -233,6 +233,7 @@ void Verificateur::groupesCote(std::size_t debut, std::size_t fin, const std::ve
 {
     std::vector<Lu> valeurs;
     std::vector<char> ops;
+    std::vector<std::size_t> positionsOps;
     static const double essais[4] = {1.37, 2.91, 0.53, 1.79};
     std::size_t d = debut;
     for (std::size_t k = 0; k < g.size(); ++k) {
@@ -251,16 +252,36 @@ void Verificateur::groupesCote(std::size_t debut, std::size_t fin, const std::ve
             return;
         }
         ops.push_back(op);
+        positionsOps.push_back(ferme + 1);
         d = ferme + 2;
     }
     if (ops.size() < 2)
         return;
     const Lu lu = moteur(valeurs, ops), attendu = ecole(valeurs, ops);
-    if (std::fabs(lu.v - attendu.v) > 1e-9 * std::max(1.0, std::fabs(attendu.v)))
-        ajoute(debut + g[0].ferme + 1,
-               "entre groupes, « + » « - » se groupent à droite et « ^ » ne passe pas avant « * » « / » : lu " + lu.t +
-                   ".",
-               remplace(debut, fin - debut, attendu.t));
+    if (std::fabs(lu.v - attendu.v) <= 1e-9 * std::max(1.0, std::fabs(attendu.v)))
+        return;
+    // The school grouping in brackets when the family reads that many pairs;
+    // otherwise, for sums of groups, the same groups with the signs the
+    // right grouping needs.
+    std::string proposition = remplace(debut, fin - debut, attendu.t);
+    const bool additifs = std::all_of(ops.begin(), ops.end(), [](char op) { return op == '+' || op == '-'; });
+    if (static_cast<std::size_t>(std::count(proposition.begin(), proposition.end(), '(')) > pairesMax(f)) {
+        proposition.clear();
+        if (additifs) {
+            proposition = texte;
+            bool precedentMoins = false;
+            for (std::size_t k = 0; k < ops.size(); ++k) {
+                const bool moins = ops[k] == '-';
+                proposition[positionsOps[k]] = moins != precedentMoins ? '-' : '+';
+                precedentMoins = moins;
+            }
+        }
+    }
+    std::string message =
+        "entre groupes, « + » « - » se groupent à droite et « ^ » ne passe pas avant « * » « / » : lu " + lu.t + ".";
+    if (!proposition.empty() && proposition.size() == texte.size())
+        message += " L'écriture proposée compte avec ce groupement.";
+    ajoute(debut + g[0].ferme + 1, message, proposition);
 }
 
 void Verificateur::prefixe(std::size_t debut, std::size_t ouvre, std::size_t ferme)
