@@ -179,5 +179,36 @@ TEST(Tipara, OuvertParLeMenuEtMenuDesEntreesRefait)
     EXPECT_FALSE(article(m, "mnutf", 5)->isEnabled());
 }
 
+// The preview draws the typed entry with the values in force, through the
+// window's drawing code, without touching the state in force.
+TEST(Tipara, ApercuDeLEntreeTapee)
+{
+    Banc banc;
+    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 1);
+    Mirado& m = banc.demarre();
+    const int nbCourbes = m.etat.courbes.nbCourbes;
+    auto apercu = [&](std::initializer_list<const char*> formules) {
+        Tipara t(m.etat.catalogue, true, 1, {}, &m.etat, &m);
+        tape(t, formules);
+        return t.apercu(QSize(240, 180));
+    };
+    auto differences = [](const QImage& a, const QImage& b) {
+        int n = 0;
+        for (int y = 0; y < a.height(); ++y)
+            for (int x = 0; x < a.width(); ++x)
+                n += a.pixel(x, y) != b.pixel(x, y);
+        return n;
+    };
+    // Every point out of the ranges: the frame alone.
+    const QImage repere = apercu({"1/0", "1/0", "1/0"});
+    const QImage grand = apercu({"6*COS(T)", "6*SIN(T)", "0"}), petit = apercu({"1*COS(T)", "1*SIN(T)", "0"});
+    EXPECT_GT(differences(grand, repere), 100);
+    EXPECT_GT(differences(grand, repere), differences(petit, repere));
+    EXPECT_EQ(apercu({"6*COS(T)", "6*SIN(T)", "0"}), grand);
+    // The state in force is untouched.
+    EXPECT_EQ(m.etat.courbes.nbCourbes, nbCourbes);
+    EXPECT_EQ(m.etat.catalogue.nbLignesCatalogue, 1);
+}
+
 }  // namespace
 }  // namespace velorin::essai

@@ -8,11 +8,15 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "engine/nombres.h"
 #include "engine/normalisation.h"
 #include "engine/verification.h"
+#include "plot/demande.h"
+#include "plot/ecran.h"
+#include "qt/surface_qpainter.h"
 
 namespace velorin {
 
@@ -45,8 +49,9 @@ std::string piece(const QLineEdit* boite)
 
 }  // namespace
 
-Tipara::Tipara(Catalogue& catalogue, bool modeEspace, int typeDepart, Boites boites, QWidget* parent)
-    : QDialog(parent), catalogue_(catalogue), modeEspace_(modeEspace), boites_(std::move(boites))
+Tipara::Tipara(Catalogue& catalogue, bool modeEspace, int typeDepart, Boites boites, const Etat* enVigueur,
+               QWidget* parent)
+    : QDialog(parent), catalogue_(catalogue), modeEspace_(modeEspace), boites_(std::move(boites)), enVigueur_(enVigueur)
 {
     setObjectName(QStringLiteral("tipara"));
     setWindowTitle(QStringLiteral("Choix des fonctions paramétrées"));
@@ -85,6 +90,18 @@ Tipara::Tipara(Catalogue& catalogue, bool modeEspace, int typeDepart, Boites boi
         connect(Text2[i], &QLineEdit::textChanged, this, [this, i] { verifie(i); });
     }
     grille->setColumnStretch(1, 1);
+    if (enVigueur_) {
+        // The preview is drawn a moment after the last key, not at each one.
+        Apercu = new QLabel(Frame5);
+        Apercu->setObjectName(QStringLiteral("Apercu"));
+        Apercu->setFixedSize(240, 180);
+        Apercu->setFrameShape(QFrame::Box);
+        grille->addWidget(Apercu, 0, 2, 6, 1);
+        minuterieApercu = new QTimer(this);
+        minuterieApercu->setSingleShot(true);
+        minuterieApercu->setInterval(400);
+        connect(minuterieApercu, &QTimer::timeout, this, &Tipara::montreApercu);
+    }
     Frame5->hide();
 
     Frame6 = new QGroupBox(
@@ -168,6 +185,55 @@ void Tipara::verifie(int boite)
             texte += QLatin1Char('\n') + QString::fromStdString(texteRemarque(r));
     }
     Remarques[boite]->setText(texte);
+    if (minuterieApercu)
+        minuterieApercu->start();
+}
+
+void Tipara::montreApercu()
+{
+    if (Apercu && genreCourbe_ >= 0)
+        Apercu->setPixmap(QPixmap::fromImage(apercu(Apercu->size())));
+}
+
+QImage Tipara::apercu(QSize taille) const
+{
+    QImage image(taille, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    if (!enVigueur_ || genreCourbe_ < 0)
+        return image;
+    if (!dossierApercu_) {
+        auto& dossier = const_cast<std::unique_ptr<QTemporaryDir>&>(dossierApercu_);
+        dossier = std::make_unique<QTemporaryDir>();
+    }
+    if (!dossierApercu_->isValid())
+        return image;
+    // A copy of the state in force, whose catalogue holds the typed entry only.
+    Etat etat = *enVigueur_;
+    etat.courbes = {};
+    etat.fenetre.pauseActive = false;
+    const std::string chemin = dossierApercu_->filePath(QStringLiteral("apercu.lsu")).toStdString();
+    QFile::remove(QString::fromStdString(chemin));
+    LigneCatalogue ligne;
+    viderLigne(ligne);
+    ligne.typeFonction = static_cast<std::int16_t>(genreCourbe_);
+    ligne.texte = texteEntree(genreCourbe_);
+    if (ouvrirCatalogue(etat.catalogue, chemin) || ecrisLigne(etat.catalogue, 1, ligne))
+        return image;
+    SurfaceQPainter surface(image);
+    etat.fenetre.largeurVue = surface.Width();
+    etat.fenetre.hauteurVue = surface.Height();
+    ajusteVue(etat, surface.Width(), surface.Height());
+    effaceEcran(etat, surface);
+    traceRepere(etat, surface);
+    // No pause, no interruption: a formula the evaluator cannot read simply
+    // draws nothing here (the remarks say why).
+    CrochetsTrace crochets;
+    crochets.pause = [](int) {};
+    crochets.interrompu = [] { return false; };
+    crochets.bip = [] {};
+    crochets.debut = [](const std::string&) {};
+    demandeTrace(etat, surface, 1, OptionsTrace{}, crochets);
+    return image;
 }
 
 void Tipara::Command4_Click()
@@ -179,6 +245,16 @@ void Tipara::Command4_Click()
     memoire(genreCourbe_);
 }
 
+std::string Tipara::texteEntree(int kind) const
+{
+    std::string texte = Label1[0]->text().toStdString() + piece(Text2[0]);
+    if (kind > 0)
+        texte += "][" + Label1[1]->text().toStdString() + piece(Text2[1]);
+    if (modeEspace_)
+        texte += "][" + Label1[2]->text().toStdString() + piece(Text2[2]);
+    return texte;
+}
+
 void Tipara::memoire(int kind)
 {
     if (Erreur erreur = ouvrirCatalogue(catalogue_)) {
@@ -188,12 +264,7 @@ void Tipara::memoire(int kind)
     LigneCatalogue ligne;
     viderLigne(ligne);
     ligne.typeFonction = static_cast<std::int16_t>(kind);
-    std::string texte = Label1[0]->text().toStdString() + piece(Text2[0]);
-    if (kind > 0)
-        texte += "][" + Label1[1]->text().toStdString() + piece(Text2[1]);
-    if (modeEspace_)
-        texte += "][" + Label1[2]->text().toStdString() + piece(Text2[2]);
-    ligne.texte = texte;
+    ligne.texte = texteEntree(kind);
     // The header line appends; any other line is overwritten.
     const int choisie = List2->currentRow();
     const NumeroLigne n = choisie <= 0 ? catalogue_.nbLignesCatalogue + 1 : choisie;

@@ -7,11 +7,15 @@
 // read otherwise than expected. The editor draws nothing.
 #pragma once
 #include <QDialog>
+#include <QImage>
 #include <QString>
+#include <QTemporaryDir>
 #include <array>
+#include <memory>
 
 #include "app/boites.h"
 #include "catalogue/catalogue.h"
+#include "plot/etat.h"
 
 class QAction;
 class QGroupBox;
@@ -19,6 +23,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
+class QTimer;
 
 namespace velorin {
 
@@ -31,7 +36,10 @@ class Tipara : public QDialog {
 public:
     // Edits `catalogue` (the catalogue in force). `typeDepart` (0..4) is the
     // type chosen at opening; any other value opens with no type chosen.
-    Tipara(Catalogue& catalogue, bool modeEspace, int typeDepart, Boites boites, QWidget* parent = nullptr);
+    // With `enVigueur`, a small preview beside the boxes draws the typed
+    // entry with the drawing values in force (on a copy of that state).
+    Tipara(Catalogue& catalogue, bool modeEspace, int typeDepart, Boites boites, const Etat* enVigueur = nullptr,
+           QWidget* parent = nullptr);
 
     // True once an entry has been stored (the window then rebuilds its
     // entry menu).
@@ -42,6 +50,10 @@ public:
     void Command4_Click();
     void List2_DblClick(int item);
     void memoire(int kind);
+    // The entry text the boxes make for `kind`, as it is stored.
+    std::string texteEntree(int kind) const;
+    // The typed entry drawn as the window would draw it, at `taille` pixels.
+    QImage apercu(QSize taille) const;
 
 private:
     void listerCatalogue();
@@ -52,6 +64,12 @@ private:
     const Boites boites_;
     int genreCourbe_ = -1;
     bool enregistre_ = false;
+
+    const Etat* enVigueur_;
+    std::unique_ptr<QTemporaryDir> dossierApercu_;
+    QLabel* Apercu = nullptr;
+    QTimer* minuterieApercu = nullptr;
+    void montreApercu();
 
     std::array<QAction*, 5> mnutip{};
     QAction* mnuret = nullptr;

@@ -154,7 +154,7 @@ void Mirado::mnutf_Click(int index)
 {
     if (index > 4 || refuseSiOccupe())
         return;
-    Tipara editeur(etat.catalogue, etat.fenetre.modeEspace, index, boites, this);
+    Tipara editeur(etat.catalogue, etat.fenetre.modeEspace, index, boites, &etat, this);
     editeur.exec();
     if (editeur.aEnregistre())
         afmenu();
