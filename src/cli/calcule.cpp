@@ -3,10 +3,13 @@
 //
 //   velorin calcule [--famille espace|plan|nuage] [--brut] [--pointx V] FORMULE [VALEUR ...]
 //   velorin calcule --normalise FORMULE
+//   velorin calcule [--famille espace|plan|nuage] --verifie FORMULE
 //
 // The formula is prepared as the editors and the plot request prepare it
 // (brackets unified, cleaned and normalised, bracket count tested) unless
-// --brut hands the text to the evaluator as it is.
+// --brut hands the text to the evaluator as it is. --verifie prints the
+// checker's remarks on the prepared formula, one a line (exit 1 when there
+// are some, 0 when there are none).
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -19,6 +22,7 @@
 #include "engine/lecture.h"
 #include "engine/nombres.h"
 #include "engine/normalisation.h"
+#include "engine/verification.h"
 
 namespace velorin {
 
@@ -30,6 +34,7 @@ int usage(const char* raison)
         std::fprintf(stderr, "velorin calcule : %s\n", raison);
     std::fputs("Usage : velorin calcule [--famille espace|plan|nuage] [--brut] [--pointx V] FORMULE [VALEUR ...]\n"
                "        velorin calcule --normalise FORMULE\n"
+               "        velorin calcule [--famille espace|plan|nuage] --verifie FORMULE\n"
                "Les valeurs vont par groupes : espace X (=T=A) ; plan X puis T ; nuage X, Y, Z.\n"
                "Les nombres s'écrivent avec un point décimal (1.5).\n",
                stderr);
@@ -38,7 +43,7 @@ int usage(const char* raison)
 
 struct Demande {
     Famille famille = Famille::Espace;
-    bool brut = false, normaliseSeulement = false;
+    bool brut = false, normaliseSeulement = false, verifie = false;
     double pointX = 0;
     std::string formule;
     bool formuleDonnee = false;
@@ -71,6 +76,8 @@ const char* litArguments(int argc, char** argv, Demande& d)
                 return "famille inconnue (espace, plan ou nuage).";
         } else if (arg == "--brut") {
             d.brut = true;
+        } else if (arg == "--verifie") {
+            d.verifie = true;
         } else if (arg == "--normalise") {
             d.normaliseSeulement = true;
         } else if (arg == "--pointx") {
@@ -88,6 +95,8 @@ const char* litArguments(int argc, char** argv, Demande& d)
         return "formule manquante.";
     if (d.normaliseSeulement && (!d.valeurs.empty() || d.brut))
         return "--normalise n'attend que la formule.";
+    if (d.verifie && (!d.valeurs.empty() || d.brut || d.normaliseSeulement))
+        return "--verifie n'attend que la formule et sa famille.";
     return nullptr;
 }
 
@@ -110,6 +119,12 @@ int commandeCalcule(int argc, char** argv)
     if (d.normaliseSeulement) {
         std::printf("%s\n", formule.c_str());
         return termineSortieStandard("calcule", 0);
+    }
+    if (d.verifie) {
+        const std::vector<Remarque> remarques = verifieFormule(formule, d.famille);
+        for (const Remarque& r : remarques)
+            std::printf("%s\n", texteRemarque(r).c_str());
+        return termineSortieStandard("calcule", remarques.empty() ? 0 : 1);
     }
     if (!d.brut && !parenthesesequilibrees(formule)) {
         std::fprintf(stderr, "La formule %s est incorrecte, corrigez-la , svp\n", texteSur(d.formule).c_str());

@@ -46,6 +46,13 @@ TEST(CommandeCalcule, SortiesEtStatuts)
              {"'SIN(X'", "La formule SIN(X est incorrecte, corrigez-la , svp\n", 2},
              {"--brut 'SIN(X'", "Formule incorrecte,désolé\n", 2},
              {"--famille plan --brut '(X'", "Formule incorrecte\n", 2},
+             {"--verifie 'y = 2*sin(x)'", "", 0},
+             {"--verifie 'SIN(X)+1'",
+              "position 7 : « +1 » après la dernière parenthèse n'est pas lu. Écrivez : SIN(X)+(1)\n", 1},
+             {"--famille nuage --verifie 'X*Y-2X'",
+              "position 1 : « X*Y » tient deux variables : il est lu comme un nombre. Écrivez : (X)*(Y)-2X\n"
+              "position 5 : produit implicite : « 2X » ne donne aucune valeur. Écrivez : X*Y-2*X\n",
+              1},
          }) {
         const Sortie s = lance(c.arguments);
         EXPECT_EQ(s.texte, c.attendu) << c.arguments;
@@ -55,7 +62,8 @@ TEST(CommandeCalcule, SortiesEtStatuts)
 
 TEST(CommandeCalcule, ErreursDUsage)
 {
-    for (const char* arguments : {"", "X abc", "--famille lune X", "--pointx", "--normalise X 1", "--inconnue X"}) {
+    for (const char* arguments : {"", "X abc", "--famille lune X", "--pointx", "--normalise X 1", "--inconnue X",
+                                  "--verifie X 1", "--verifie --brut X"}) {
         const Sortie s = lance(arguments);
         EXPECT_EQ(s.statut, 2) << arguments;
         EXPECT_NE(s.texte.find("Usage : velorin calcule"), std::string::npos) << arguments;

@@ -10,6 +10,7 @@
 #include "app/dialogues/couleurs.h"
 #include "app/dialogues/licou.h"
 #include "app/dialogues/param.h"
+#include "app/dialogues/tipara.h"
 #include "app/fenetre/mirado.h"
 #include "catalogue/catalogue.h"
 #include "plot/ecran.h"
@@ -148,6 +149,18 @@ void Mirado::crenouveau()
     etat.fenetre.fichierCatalogue = nom.toStdString();
     debutravail();
     aflico();
+}
+
+// ---- CREER FONCTIONS
+
+void Mirado::mnutf_Click(int index)
+{
+    if (index > 4 || refuseSiOccupe())
+        return;
+    Tipara editeur(etat.catalogue, etat.fenetre.modeEspace, index, boites, &etat, this);
+    editeur.exec();
+    if (editeur.aEnregistre())
+        afmenu();
 }
 
 // ---- ENVOYER

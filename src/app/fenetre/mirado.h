@@ -92,6 +92,7 @@ public:
     // ---- Menus (menus.cpp builds the tree, menus_actions.cpp runs it)
     void aflico();
     void afmenu();
+    void mnutf_Click(int index);
     void crenouveau();
     void vidage();
     void vide_mnutra();
