@@ -165,6 +165,8 @@ TEST_F(Exporte, ErreursSansFichier)
 
 // Every path that cannot be read or written is refused before anything is
 // written, in a French sentence naming it; reading never blocks (a FIFO).
+// The sentence of each kind of path is tested with the path checkers: here
+// each argument is shown to go through them.
 TEST_F(Exporte, CheminsRefuses)
 {
     const fs::path d = dossier_;
@@ -174,44 +176,37 @@ TEST_F(Exporte, CheminsRefuses)
     fs::create_directory(d / "dossier.png");
     ASSERT_EQ(mkfifo((d / "tube.lsu").c_str(), 0600), 0);
     ASSERT_EQ(mkfifo((d / "tube.log").c_str(), 0600), 0);
-    fs::create_symlink("boucle.lsu", d / "boucle.lsu");
-    fs::create_symlink("boucle.png", d / "boucle.png");
     fs::create_symlink("boucle.d", d / "boucle.d");
-    fs::create_symlink("cat.txt", d / "lien.txt");
     struct Cas {
         QStringList arguments;
         const char* message;
     };
     const QString ici = chemin("");
     const Cas cas[] = {
-        {{"--catalogue", "dossier.lsu", "--sortie", "x.png"}, "dossier.lsu » est un dossier"},
         {{"--catalogue", "tube.lsu", "--sortie", "x.png"}, "tube.lsu » est un tube nommé"},
-        {{"--catalogue", "boucle.lsu", "--sortie", "x.png"},
-         "boucle.lsu » est un lien symbolique qui tourne en boucle"},
         {{"--catalogue", "essai.lsu", "--parametres", "tube.log", "--sortie", "x.png"}, "tube.log » est un tube nommé"},
         {{"--catalogue", "essai.lsu", "--parametres", "dossier.lsu", "--sortie", "x.png"}, "Le fichier de paramètres"},
-        {{"--catalogue", "essai.lsu", "--parametres", "boucle.lsu", "--sortie", "x.png"}, "tourne en boucle"},
-        {{"--catalogue", "essai.lsu", "--sortie", "absent/x.png"}, "« absent » n'existe pas"},
         {{"--catalogue", "essai.lsu", "--sortie", "dossier.png"}, "dossier.png » est un dossier"},
-        {{"--catalogue", "essai.lsu", "--sortie", "boucle.png"}, "boucle.png » est un lien symbolique qui tourne"},
         {{"--catalogue", "essai.lsu", "--sortie", "boucle.d/x.png"}, "tourne en boucle"},
         {{"--catalogue", "cat.txt", "--sortie", "cat.txt"}, "est aussi lu par cette commande"},
-        {{"--catalogue", "cat.txt", "--sortie", "./lien.txt"}, "est aussi lu par cette commande"},
         {{"--catalogue", "cat.txt", "--sortie",
           ici + "/../" + QString::fromStdString(d.filename().string()) + "/cat.txt"},
          "est aussi lu par cette commande"},
         {{"--catalogue", "essai.lsu", "--parametres", "p.txt", "--sortie", "p.txt"}, "est aussi lu par cette commande"},
     };
-    const std::string catalogue = contenu("cat.txt"), parametres = contenu("p.txt");
-    const std::set<std::string> avant = noms();
-    for (const Cas& c : cas) {
+    // Refused with its message in French, and the folder's names unchanged.
+    auto refuse = [&](const Cas& c) {
         const std::string nom = c.arguments.join(' ').toStdString();
+        const std::set<std::string> avant = noms();
         const Sortie s = lance(QStringList{"--dossier", ici, "--entree", "1"} + c.arguments);
         EXPECT_EQ(s.code, 2) << nom;
         EXPECT_NE(s.erreurs.find(c.message), std::string::npos) << nom << " : " << s.erreurs;
         sansAnglais(s.erreurs, nom);
         EXPECT_EQ(noms(), avant) << nom;
-    }
+    };
+    const std::string catalogue = contenu("cat.txt"), parametres = contenu("p.txt");
+    for (const Cas& c : cas)
+        refuse(c);
     EXPECT_EQ(contenu("cat.txt"), catalogue);
     EXPECT_EQ(contenu("p.txt"), parametres);
     for (const char* dossier : {"absent", "boucle.d"}) {
@@ -233,13 +228,8 @@ TEST_F(Exporte, CheminsRefuses)
         {{"--catalogue", "essai.lsu", "--sortie", "fige/x.svg"}, "fige/x.svg » : permission refusée"},
         {{"--catalogue", "essai.lsu", "--sortie", "fige/x.pdf"}, "fige/x.pdf » : permission refusée"},
     };
-    for (const Cas& c : interdits) {
-        const std::string nom = c.arguments.join(' ').toStdString();
-        const Sortie s = lance(QStringList{"--dossier", ici, "--entree", "1"} + c.arguments);
-        EXPECT_EQ(s.code, 2) << nom;
-        EXPECT_NE(s.erreurs.find(c.message), std::string::npos) << nom << " : " << s.erreurs;
-        sansAnglais(s.erreurs, nom);
-    }
+    for (const Cas& c : interdits)
+        refuse(c);
     EXPECT_TRUE(fs::is_empty(d / "fige"));
     fs::permissions(d / "fige", fs::perms::owner_all);
 }
