@@ -344,23 +344,30 @@ TEST(Mirado, ValeursDeLaCoordonneeFixe)
     EXPECT_EQ(liste1->currentItem()->text(), QStringLiteral("00.502"));
 }
 
+// Traces entry `entree` slowly (40 ms after each point, some 126 points):
+// `pendant` runs at its first pause, while it is in progress, then Escape
+// sent to `cible` ends the tracing. Says whether a tracing was in progress.
+bool pendantUnTrace(Mirado& m, int entree, QWidget* cible, const std::function<void()>& pendant)
+{
+    m.etat.param.pauseMs = 40;
+    bool enCours = false;
+    QTimer::singleShot(0, &m, [&] {
+        enCours = m.enTrace();
+        pendant();
+        QKeyEvent echap(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QApplication::sendEvent(cible, &echap);
+    });
+    m.envoie(entree);
+    return enCours;
+}
+
 TEST(Mirado, UneDemandePendantUnTraceEstRefuseeEtEchapInterrompt)
 {
     Banc banc;
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 2);
     Mirado& m = banc.demarre();
-    // A slow tracing (40 ms after each point, some 126 points): what is
-    // queued here runs at its first pause, while it is in progress.
-    m.etat.param.pauseMs = 40;
-    bool enCours = false, accepte = true;
-    QTimer::singleShot(0, &m, [&] {
-        enCours = m.enTrace();
-        accepte = m.envoie(2);
-        QKeyEvent echap(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-        QApplication::sendEvent(controle(m, "List2"), &echap);
-    });
-    m.envoie(1);
-    EXPECT_TRUE(enCours);
+    bool accepte = true;
+    EXPECT_TRUE(pendantUnTrace(m, 1, controle(m, "List2"), [&] { accepte = m.envoie(2); }));
     EXPECT_FALSE(accepte);
     EXPECT_EQ(banc.messages.size(), 1);
     EXPECT_FALSE(m.enTrace());
@@ -397,18 +404,8 @@ TEST(Mirado, ChoixDuDessinRefusesPendantUnTrace)
         for (const QAction* a : groupe)
             coches.push_back(a->isChecked());
         ASSERT_FALSE(coches.at(c.index)) << c.groupe;
-        // A tracing paused after each point; at its first pause the entry
-        // is chosen (as its shortcut would), then Escape ends the tracing.
-        m.etat.param.pauseMs = 40;
-        bool enCours = false;
-        QTimer::singleShot(0, &m, [&] {
-            enCours = m.enTrace();
-            groupe[c.index]->trigger();
-            QKeyEvent echap(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-            QApplication::sendEvent(&m, &echap);
-        });
-        m.envoie(1);
-        EXPECT_TRUE(enCours) << c.groupe;
+        // The entry is chosen during the tracing, as its shortcut would.
+        EXPECT_TRUE(pendantUnTrace(m, 1, &m, [&] { groupe[c.index]->trigger(); })) << c.groupe;
         ASSERT_EQ(banc.messages.size(), 1) << c.groupe;
         EXPECT_TRUE(banc.messages[0].startsWith(QStringLiteral("Un tracé est en cours"))) << c.groupe;
         EXPECT_EQ(c.valeur(m.etat), avant) << c.groupe;
