@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "plot/ecran.h"
@@ -286,23 +287,14 @@ TEST(Repere, NothingWithoutAxesAndThePenIsPutBack)
         d.etat.param.axesVisibles = 0;
         EXPECT_TRUE(d.trace().empty());
         d.etat.param.axesVisibles = 1;
-        d.surface.DrawWidth = 3;
-        d.surface.DrawStyle = 2;
-        d.surface.ForeColor = 255;
-        d.surface.FontName = "Courier";
-        d.surface.FontSize = 14;
-        d.surface.CurrentX = 7;
-        d.surface.CurrentY = 9;
+        SurfaceEnregistreuse& s = d.surface;
+        std::tie(s.DrawWidth, s.DrawStyle, s.ForeColor, s.FontName, s.FontSize, s.CurrentX, s.CurrentY) =
+            std::tuple(3, 2, 255, "Courier", 14, 7, 9);
         EXPECT_FALSE(d.trace().empty());
-        for (const OperationDessin& op : d.surface.operations())
+        for (const OperationDessin& op : s.operations())
             EXPECT_TRUE(op.largeur == 1 && op.style == 0);
-        EXPECT_EQ(d.surface.DrawWidth, 3);
-        EXPECT_EQ(d.surface.DrawStyle, 2);
-        EXPECT_EQ(d.surface.ForeColor, 255u);
-        EXPECT_EQ(d.surface.FontName, "Courier");
-        EXPECT_EQ(d.surface.FontSize, 14);
-        EXPECT_EQ(d.surface.CurrentX, 7);
-        EXPECT_EQ(d.surface.CurrentY, 9);
+        EXPECT_EQ(std::tie(s.DrawWidth, s.DrawStyle, s.ForeColor, s.FontName, s.FontSize, s.CurrentX, s.CurrentY),
+                  std::tuple(3, 2, 255u, "Courier", 14, 7, 9));
     }
 }
 
