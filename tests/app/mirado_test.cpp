@@ -131,13 +131,11 @@ TEST(Mirado, MenuEnvoyerLimiteATrenteEntrees)
         Banc banc;
         banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), c.entrees);
         Mirado& m = banc.demarre();
-        ASSERT_EQ(int(articles(m, "mnufa").size()), c.articles) << c.entrees;
-        EXPECT_EQ(article(m, "mnufa", 0)->text(), QStringLiteral("0)Au choix dans la liste complète"));
-        EXPECT_TRUE(article(m, "mnufa", 1)->text().startsWith(QStringLiteral("001)x=f1(t)=")));
-        EXPECT_TRUE(articles(m, "mnufa")
-                        .back()
-                        ->text()
-                        .startsWith(QString::fromStdString(entierFormate(c.articles - 1, 3) + ")")));
+        const auto envoyer = articles(m, "mnufa");
+        ASSERT_EQ(int(envoyer.size()), c.articles) << c.entrees;
+        EXPECT_EQ(envoyer[0]->text(), QStringLiteral("0)Au choix dans la liste complète"));
+        EXPECT_TRUE(envoyer[1]->text().startsWith(QStringLiteral("001)x=f1(t)=")));
+        EXPECT_TRUE(envoyer.back()->text().startsWith(QString::fromStdString(entierFormate(c.articles - 1, 3) + ")")));
         const auto* reste = m.findChild<QAction*>(QStringLiteral("mnufaReste"));
         if (c.reste) {
             ASSERT_NE(reste, nullptr);
