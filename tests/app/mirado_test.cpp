@@ -282,13 +282,10 @@ TEST(Mirado, EtendueVideRefuseeUneFoisEtMemoireRetablie)
     Banc banc;
     banc.ecrisFichier(QStringLiteral("Espace_courbes/mem.log"), memoireAvecX(-4, 6));
     Mirado& m = banc.demarre();
-    struct Cas {
-        double xmin, xmax;
-    };
-    for (const Cas& c : {Cas{3, 3}, Cas{5, -5}}) {
+    for (auto [xmin, xmax] : {std::pair{3.0, 3.0}, std::pair{5.0, -5.0}}) {
         banc.messages.clear();
-        m.etat.param.xmin = c.xmin;
-        m.etat.param.xmax = c.xmax;
+        m.etat.param.xmin = xmin;
+        m.etat.param.xmax = xmax;
         m.Command3_Click();
         EXPECT_EQ(banc.messages, QStringList{QStringLiteral("Pas pochible,je rétablis la base [-10,10 ]")});
         EXPECT_EQ(m.etat.param.xmin, -4);

@@ -159,12 +159,9 @@ void verifieTextes(const Dessin& d, const std::string& cas)
 
 TEST(Repere, SpaceFrameAtSeveralSizes)
 {
-    struct Taille {
-        double l, h;
-    };
-    for (Taille t : {Taille{400, 300}, Taille{1024, 768}, Taille{1920, 1080}, Taille{2560, 1440}}) {
-        const std::string cas = std::to_string(int(t.l)) + "x" + std::to_string(int(t.h));
-        Dessin d(true, t.l, t.h);
+    for (auto [l, h] : {std::pair{400, 300}, std::pair{1024, 768}, std::pair{1920, 1080}, std::pair{2560, 1440}}) {
+        const std::string cas = std::to_string(l) + "x" + std::to_string(h);
+        Dessin d(true, l, h);
         const auto& ops = d.trace();
         const Vue& v = d.etat.vue;
         // Six half-axes: a line from the origin's image to each end's image.
