@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <sstream>
+#include <tuple>
 
 #include <sys/stat.h>
 
@@ -73,19 +74,10 @@ TEST(Memoire, FieldsInFileOrder)
     p.ordreBoucles = 2;
     p.avecMoirure = true;
     ASSERT_FALSE(analyseMemoire(texte, "m", p));
-    EXPECT_EQ(p.zmin, 5.5f);
-    EXPECT_EQ(p.pasT, 9);
-    EXPECT_EQ(p.amin, 10);
-    EXPECT_EQ(p.pasA, 12);
-    EXPECT_EQ(p.Zviseur, 18);
-    EXPECT_EQ(p.pasRota, 19);
-    EXPECT_EQ(p.Rotadir, 23);
-    EXPECT_EQ(p.avecSegmentTangent, 1);
-    EXPECT_EQ(p.traceContinu, 0);
-    EXPECT_EQ(p.projXOy, 1);
-    EXPECT_EQ(p.projOz, 1);
-    EXPECT_EQ(p.fondBlanc, 1);
-    EXPECT_EQ(p.pauseMs, -3);
+    EXPECT_EQ(std::tuple(p.zmin, p.pasT, p.amin, p.pasA, p.Zviseur, p.pasRota, p.Rotadir),
+              std::tuple(5.5f, 9.0, 10.0, 12.0, 18.0f, 19.0f, 23.0));
+    EXPECT_EQ(std::tuple(p.avecSegmentTangent, p.traceContinu, p.projXOy, p.projOz, p.fondBlanc, int(p.pauseMs)),
+              std::tuple(1, 0, 1, 1, 1, -3));
     EXPECT_EQ(texteMemoire(p), texte);
 }
 
@@ -297,13 +289,8 @@ TEST(Memoire, ShippedFilesAreWhatTheWriterWrites)
         ecrit.ordreBoucles = 0;  // line 6 is written with the start-up values
         ecrit.avecMoirure = false;
         EXPECT_EQ(lisTout(chemin), texteMemoire(ecrit)) << chemin;
-        EXPECT_EQ(p.axesVisibles, 1);
-        EXPECT_EQ(p.traceContinu, 1);
-        EXPECT_EQ(p.pauseMs, 0);
-        EXPECT_EQ(p.xmin, -10);
-        EXPECT_EQ(p.xmax, 10);
-        EXPECT_EQ(p.tmax, 6.28);
-        EXPECT_EQ(p.amax, 6.28);
+        EXPECT_EQ(std::tuple(p.axesVisibles, p.traceContinu, int(p.pauseMs), p.xmin, p.xmax, p.tmax, p.amax),
+                  std::tuple(1, 1, 0, -10.0, 10.0, 6.28, 6.28));
     }
 }
 
