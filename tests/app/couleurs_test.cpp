@@ -60,7 +60,6 @@ TEST(Couleurs, EachSwatchEditsItsMemberOnlyOnOk)
             schema.couleurFond = 0x0A0B0C;
             const SchemaCouleurs avant = schema;
             Couleurs d(schema, espace, 0, m.boites, &m);
-            EXPECT_EQ(d.objectName(), QStringLiteral("couleurs"));
             auto* bouton = d.findChild<QPushButton*>(QString::fromUtf8(n.nom));
             if (n.espaceSeul && !espace) {
                 EXPECT_EQ(bouton, nullptr) << n.nom;  // not drawn in the plane

@@ -10,10 +10,8 @@
 #include <QTimer>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <functional>
 
 #include "app/dialogues/coli.h"
@@ -82,6 +80,8 @@ TEST(Coli, DoubleClicEnvoieUneSeuleEntree)
 
 // A catalogue in force that cannot be read: the start and the list both
 // name the file and say why, and the list shows no entry of another one.
+// (Each kind of path has its sentence in the catalogue's and the path
+// checker's tests.)
 TEST(Coli, CatalogueIllisibleNommeAvecSaRaison)
 {
     struct Cas {
@@ -92,17 +92,8 @@ TEST(Coli, CatalogueIllisibleNommeAvecSaRaison)
     const Cas cas[] = {
         {"dossier", [](const std::string& c) { std::filesystem::create_directories(c); }, "est un dossier"},
         {"tube", [](const std::string& c) { ASSERT_EQ(mkfifo(c.c_str(), 0600), 0); }, "est un tube nommé"},
-        {"boucle", [](const std::string& c) { std::filesystem::create_symlink(c, c); }, "tourne en boucle"},
-        {"illisible",
-         [](const std::string& c) {
-             std::ofstream(c) << std::string(302, ' ');
-             std::filesystem::permissions(c, std::filesystem::perms::none);
-         },
-         "permission refusée"},
     };
     for (const Cas& c : cas) {
-        if (std::string(c.nom) == "illisible" && geteuid() == 0)
-            continue;  // root reads everything
         Banc banc;
         const std::string lisurf = banc.chemin(QStringLiteral("Espace_courbes/Lisurf.lsu")).toStdString();
         std::filesystem::create_directories(std::filesystem::path(lisurf).parent_path());

@@ -131,13 +131,11 @@ TEST(Mirado, MenuEnvoyerLimiteATrenteEntrees)
         Banc banc;
         banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), c.entrees);
         Mirado& m = banc.demarre();
-        ASSERT_EQ(int(articles(m, "mnufa").size()), c.articles) << c.entrees;
-        EXPECT_EQ(article(m, "mnufa", 0)->text(), QStringLiteral("0)Au choix dans la liste complète"));
-        EXPECT_TRUE(article(m, "mnufa", 1)->text().startsWith(QStringLiteral("001)x=f1(t)=")));
-        EXPECT_TRUE(articles(m, "mnufa")
-                        .back()
-                        ->text()
-                        .startsWith(QString::fromStdString(entierFormate(c.articles - 1, 3) + ")")));
+        const auto envoyer = articles(m, "mnufa");
+        ASSERT_EQ(int(envoyer.size()), c.articles) << c.entrees;
+        EXPECT_EQ(envoyer[0]->text(), QStringLiteral("0)Au choix dans la liste complète"));
+        EXPECT_TRUE(envoyer[1]->text().startsWith(QStringLiteral("001)x=f1(t)=")));
+        EXPECT_TRUE(envoyer.back()->text().startsWith(QString::fromStdString(entierFormate(c.articles - 1, 3) + ")")));
         const auto* reste = m.findChild<QAction*>(QStringLiteral("mnufaReste"));
         if (c.reste) {
             ASSERT_NE(reste, nullptr);
@@ -284,13 +282,10 @@ TEST(Mirado, EtendueVideRefuseeUneFoisEtMemoireRetablie)
     Banc banc;
     banc.ecrisFichier(QStringLiteral("Espace_courbes/mem.log"), memoireAvecX(-4, 6));
     Mirado& m = banc.demarre();
-    struct Cas {
-        double xmin, xmax;
-    };
-    for (const Cas& c : {Cas{3, 3}, Cas{5, -5}}) {
+    for (auto [xmin, xmax] : {std::pair{3.0, 3.0}, std::pair{5.0, -5.0}}) {
         banc.messages.clear();
-        m.etat.param.xmin = c.xmin;
-        m.etat.param.xmax = c.xmax;
+        m.etat.param.xmin = xmin;
+        m.etat.param.xmax = xmax;
         m.Command3_Click();
         EXPECT_EQ(banc.messages, QStringList{QStringLiteral("Pas pochible,je rétablis la base [-10,10 ]")});
         EXPECT_EQ(m.etat.param.xmin, -4);
@@ -344,23 +339,30 @@ TEST(Mirado, ValeursDeLaCoordonneeFixe)
     EXPECT_EQ(liste1->currentItem()->text(), QStringLiteral("00.502"));
 }
 
+// Traces entry `entree` slowly (40 ms after each point, some 126 points):
+// `pendant` runs at its first pause, while it is in progress, then Escape
+// sent to `cible` ends the tracing. Says whether a tracing was in progress.
+bool pendantUnTrace(Mirado& m, int entree, QWidget* cible, const std::function<void()>& pendant)
+{
+    m.etat.param.pauseMs = 40;
+    bool enCours = false;
+    QTimer::singleShot(0, &m, [&] {
+        enCours = m.enTrace();
+        pendant();
+        QKeyEvent echap(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QApplication::sendEvent(cible, &echap);
+    });
+    m.envoie(entree);
+    return enCours;
+}
+
 TEST(Mirado, UneDemandePendantUnTraceEstRefuseeEtEchapInterrompt)
 {
     Banc banc;
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 2);
     Mirado& m = banc.demarre();
-    // A slow tracing (40 ms after each point, some 126 points): what is
-    // queued here runs at its first pause, while it is in progress.
-    m.etat.param.pauseMs = 40;
-    bool enCours = false, accepte = true;
-    QTimer::singleShot(0, &m, [&] {
-        enCours = m.enTrace();
-        accepte = m.envoie(2);
-        QKeyEvent echap(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-        QApplication::sendEvent(controle(m, "List2"), &echap);
-    });
-    m.envoie(1);
-    EXPECT_TRUE(enCours);
+    bool accepte = true;
+    EXPECT_TRUE(pendantUnTrace(m, 1, controle(m, "List2"), [&] { accepte = m.envoie(2); }));
     EXPECT_FALSE(accepte);
     EXPECT_EQ(banc.messages.size(), 1);
     EXPECT_FALSE(m.enTrace());
@@ -397,18 +399,8 @@ TEST(Mirado, ChoixDuDessinRefusesPendantUnTrace)
         for (const QAction* a : groupe)
             coches.push_back(a->isChecked());
         ASSERT_FALSE(coches.at(c.index)) << c.groupe;
-        // A tracing paused after each point; at its first pause the entry
-        // is chosen (as its shortcut would), then Escape ends the tracing.
-        m.etat.param.pauseMs = 40;
-        bool enCours = false;
-        QTimer::singleShot(0, &m, [&] {
-            enCours = m.enTrace();
-            groupe[c.index]->trigger();
-            QKeyEvent echap(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-            QApplication::sendEvent(&m, &echap);
-        });
-        m.envoie(1);
-        EXPECT_TRUE(enCours) << c.groupe;
+        // The entry is chosen during the tracing, as its shortcut would.
+        EXPECT_TRUE(pendantUnTrace(m, 1, &m, [&] { groupe[c.index]->trigger(); })) << c.groupe;
         ASSERT_EQ(banc.messages.size(), 1) << c.groupe;
         EXPECT_TRUE(banc.messages[0].startsWith(QStringLiteral("Un tracé est en cours"))) << c.groupe;
         EXPECT_EQ(c.valeur(m.etat), avant) << c.groupe;

@@ -50,9 +50,7 @@ TEST(PetitEcran, LaBarreDeMenusMontreChaqueMenu)
             EXPECT_TRUE(titre->text().contains(QChar(0x2026)));
             EXPECT_TRUE(titre->text().startsWith(QStringLiteral("Dans ")));
             EXPECT_TRUE(titre->text().endsWith(QStringLiteral(".lsu")));
-        }
-        // Hovering the shortened caption shows the whole text.
-        if (c.abrege) {
+            // Hovering the shortened caption shows the whole text.
             const QPoint centre = barre->actionGeometry(titre).center();
             QHelpEvent survol(QEvent::ToolTip, centre, barre->mapToGlobal(centre));
             QApplication::sendEvent(barre, &survol);

@@ -30,11 +30,8 @@ bool estCouleur(QRgb p, int r, int g, int b, int tolerance = 40)
 
 TEST(SurfaceQPainter, TwipsLandOnTheirPixelsWithTheRightColours)
 {
-    struct Cas {
-        qreal ratio;
-    };
-    for (Cas c : {Cas{1}, Cas{2}}) {
-        QImage image = blanche(200, 100, c.ratio);
+    for (qreal ratio : {1, 2}) {
+        QImage image = blanche(200, 100, ratio);
         {
             SurfaceQPainter s(image);
             EXPECT_DOUBLE_EQ(s.Width(), 3000);
@@ -46,13 +43,13 @@ TEST(SurfaceQPainter, TwipsLandOnTheirPixelsWithTheRightColours)
             s.PSet(60 * 15, 80 * 15, 0x00FF00);  // green
             EXPECT_EQ(s.CurrentX, 900);
         }
-        const int k = static_cast<int>(c.ratio);
-        EXPECT_TRUE(estCouleur(image.pixel(100 * k, 50 * k), 255, 0, 0)) << c.ratio;
-        EXPECT_TRUE(estCouleur(image.pixel(5 * k, 50 * k), 255, 255, 255)) << c.ratio;
-        EXPECT_TRUE(estCouleur(image.pixel(100 * k, 40 * k), 255, 255, 255)) << c.ratio;
-        EXPECT_TRUE(estCouleur(image.pixel(20 * k, 30 * k), 0, 0, 255, 0)) << c.ratio;
-        EXPECT_TRUE(estCouleur(image.pixel(60 * k, 80 * k), 0, 255, 0, 0)) << c.ratio;
-        EXPECT_TRUE(estCouleur(image.pixel(21 * k + k - 1, 30 * k), 255, 255, 255, 0)) << c.ratio;
+        const int k = static_cast<int>(ratio);
+        EXPECT_TRUE(estCouleur(image.pixel(100 * k, 50 * k), 255, 0, 0)) << ratio;
+        EXPECT_TRUE(estCouleur(image.pixel(5 * k, 50 * k), 255, 255, 255)) << ratio;
+        EXPECT_TRUE(estCouleur(image.pixel(100 * k, 40 * k), 255, 255, 255)) << ratio;
+        EXPECT_TRUE(estCouleur(image.pixel(20 * k, 30 * k), 0, 0, 255, 0)) << ratio;
+        EXPECT_TRUE(estCouleur(image.pixel(60 * k, 80 * k), 0, 255, 0, 0)) << ratio;
+        EXPECT_TRUE(estCouleur(image.pixel(21 * k + k - 1, 30 * k), 255, 255, 255, 0)) << ratio;
     }
 }
 

@@ -114,17 +114,14 @@ TEST_F(Catalogues, FailuresAreReportedInFrenchAndChangeNothing)
     ASSERT_FALSE(ouvrirCatalogue(cat, bon));
     ASSERT_FALSE(ecrisLigne(cat, 1, LigneCatalogue{1, "x=t"}));
     const std::string avant = contenu(bon);
-    fs::create_directory(chemin("dossier.lsu"));
     struct Cas {
         std::string chemin;
         const char* attendu;
     };
-    fs::create_symlink("boucle2.lsu", chemin("boucle1.lsu"));
-    fs::create_symlink("boucle1.lsu", chemin("boucle2.lsu"));
     ASSERT_EQ(mkfifo(chemin("tube.lsu").c_str(), 0600), 0);
-    for (const Cas& c : {Cas{chemin("dossier.lsu"), "est un dossier, pas un fichier."},
-                         Cas{chemin("absent/x.lsu"), "n'existe pas et ne peut pas être créé : son dossier"},
-                         Cas{chemin("boucle1.lsu"), "est un lien symbolique qui tourne en boucle."},
+    // The path checker's sentences (tested with it) for what exists; a FIFO
+    // is refused without waiting on it.
+    for (const Cas& c : {Cas{chemin("absent/x.lsu"), "n'existe pas et ne peut pas être créé : son dossier"},
                          Cas{chemin("tube.lsu"), "est un tube nommé (FIFO)"}}) {
         const auto erreur = ouvrirCatalogue(cat, c.chemin);
         ASSERT_TRUE(erreur) << c.chemin;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <random>
-#include <sstream>
 
 #include "outils_trace.h"
 #include "plot/demande.h"
@@ -136,15 +135,12 @@ TEST_F(Demande, FamiliesAreListedInTheColourTheyAreDrawnIn)
         ASSERT_FALSE(r.erreur) << r.erreur.message();
         EXPECT_EQ(ligneCourbeTracee(etat.courbes, r.ligne), c.ligne);
         // The colour of the first line or point of the curve.
-        std::istringstream journal(dessin.journal());
-        std::string op, couleur;
-        double coordonnee;
-        while (journal >> op && op != "LINE" && op != "PSET")
-            journal.ignore(1 << 12, '\n');
-        for (int i = 0; i < (op == "LINE" ? 4 : 2); ++i)
-            journal >> coordonnee;
-        journal >> couleur;
-        EXPECT_EQ(couleur, std::to_string(c.couleurDessin)) << c.ligne;
+        const auto& ops = dessin.operations();
+        const auto premier = std::find_if(ops.begin(), ops.end(), [](const OperationDessin& o) {
+            return o.genre == Genre::Ligne || o.genre == Genre::Point;
+        });
+        ASSERT_NE(premier, ops.end()) << c.ligne;
+        EXPECT_EQ(premier->couleur, c.couleurDessin) << c.ligne;
     }
     EXPECT_EQ(etat.couleurs.couleurFamille, 0xFF00u);  // the cycle changed only the row
 }

@@ -276,10 +276,7 @@ TEST(ObjetsTrace, SegmentEtPoint)
             ++branches;
     }
     EXPECT_EQ(branches, 2);
-    int cercles = 0;
-    for (const auto& o : p.surface.operations())
-        cercles += o.genre == Genre::Cercle;
-    EXPECT_EQ(cercles, 1);  // the foot of the projection onto Ox
+    EXPECT_EQ(duGenre(p.surface, Genre::Cercle).size(), 1u);  // the foot of the projection onto Ox
 }
 
 }  // namespace

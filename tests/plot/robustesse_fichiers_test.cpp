@@ -216,29 +216,14 @@ TEST_F(RobustesseFichiers, MutatedParameterFilesGiveFiniteValuesOrAFrenchRefusal
             continue;
         }
         ++lus;
-        for (double v : {p.xmin,
-                         p.xmax,
-                         p.ymin,
-                         p.ymax,
-                         double(p.zmin),
-                         p.zmax,
-                         p.tmin,
-                         p.tmax,
-                         p.pasT,
-                         p.amin,
-                         p.amax,
-                         p.pasA,
-                         p.nbrCalX,
-                         p.nbrCalY,
-                         p.nbrCalZ,
-                         p.Xviseur,
-                         p.Yviseur,
-                         double(p.Zviseur),
-                         double(p.pasRota),
-                         p.Xdirection,
-                         p.Ydirection,
-                         p.Zdirection,
-                         p.Rotadir})
+        for (double Parametres::*m :
+             {&Parametres::xmin,       &Parametres::xmax,       &Parametres::ymin,       &Parametres::ymax,
+              &Parametres::zmax,       &Parametres::tmin,       &Parametres::tmax,       &Parametres::pasT,
+              &Parametres::amin,       &Parametres::amax,       &Parametres::pasA,       &Parametres::nbrCalX,
+              &Parametres::nbrCalY,    &Parametres::nbrCalZ,    &Parametres::Xviseur,    &Parametres::Yviseur,
+              &Parametres::Xdirection, &Parametres::Ydirection, &Parametres::Zdirection, &Parametres::Rotadir})
+            ASSERT_TRUE(std::isfinite(p.*m));
+        for (float v : {p.zmin, p.Zviseur, p.pasRota})
             ASSERT_TRUE(std::isfinite(v));
         for (int c : {p.repereOrthonorme, p.traceContinu, p.projXOy, p.projXOz, p.projYOz, p.projOx, p.projOy, p.projOz,
                       p.axesVisibles, p.avecRayon, p.fondBlanc, p.avecSegmentTangent})

