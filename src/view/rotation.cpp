@@ -1,0 +1,171 @@
+// Rotations of the point of view. The statements follow the rotation
+// procedures in their order; a statement whose arithmetic fails (the
+// arctangent of second / first with first = 0) is skipped and the value it
+// would have written keeps its previous content, as the rotation always did.
+#include "view/rotation.h"
+
+#include <cmath>
+
+namespace velorin {
+
+namespace {
+
+// The two coordinates that turn about `axe`: first and second of the plane.
+double premiere(const Parametres& p, Axe axe)
+{
+    return axe == Axe::Ox ? p.Yviseur : p.Xviseur;
+}
+double seconde(const Parametres& p, Axe axe)
+{
+    return axe == Axe::Oz ? p.Yviseur : double(p.Zviseur);
+}
+
+// Puts the viewer at `angle` on its circle of radius r.rayonRota about `axe`.
+void placeViseur(Parametres& p, const EtatRotation& r, Axe axe, double angle)
+{
+    const double a = r.rayonRota * std::cos(angle);
+    const double b = r.rayonRota * std::sin(angle);
+    switch (axe) {
+    case Axe::Oz:
+        p.Xviseur = a;
+        p.Yviseur = b;
+        break;
+    case Axe::Ox:
+        p.Yviseur = a;
+        p.Zviseur = float(b);
+        break;
+    case Axe::Oy:
+        p.Xviseur = a;
+        p.Zviseur = float(b);
+        break;
+    }
+}
+
+void regardeOrigine(Parametres& p)
+{
+    p.Xdirection = -p.Xviseur;
+    p.Ydirection = -p.Yviseur;
+    p.Zdirection = -double(p.Zviseur);
+}
+
+// Steps 1 and 2 of every rotation: save the viewer, take the radius and the
+// start angle. A zero (or overflowing) quotient leaves angDepart as it was.
+void depart(const Parametres& p, EtatRotation& r, Axe axe)
+{
+    r.XvDepart = p.Xviseur;
+    r.YvDepart = p.Yviseur;
+    r.ZvDepart = p.Zviseur;
+    const double a = premiere(p, axe);
+    const double b = seconde(p, axe);
+    r.rayonRota = std::sqrt(a * a + b * b);
+    if (a != 0) {
+        const double q = b / a;
+        if (std::isfinite(q))
+            r.angDepart = std::atan(q);
+    }
+}
+
+Axe axeDuTour(int axeTour)
+{
+    switch (axeTour < 0 ? -axeTour : axeTour) {
+    case 1: return Axe::Ox;
+    case 2: return Axe::Oy;
+    default: return Axe::Oz;
+    }
+}
+
+}  // namespace
+
+bool tournicoti(Parametres& p, EtatRotation& r, Axe axe, int mode, int sens)
+{
+    depart(p, r, axe);
+    if (axe == Axe::Oz) {
+        if (std::fabs(r.angDepart - r.angPrec) > rotaSeuilContinuite)
+            r.angDepart += rotaPI;
+        r.angPrec = r.angDepart;
+    }
+    r.angRota = r.angDepart - sens * rotaPasAxe;
+    if (mode == 1) {
+        r.axeTour = sens * static_cast<int>(axe);
+        return true;
+    }
+    placeViseur(p, r, axe, r.angRota);
+    regardeOrigine(p);
+    return false;
+}
+
+bool angleAccepte(double angle)
+{
+    return angle >= -rotaAngleMax && angle <= rotaAngleMax;
+}
+
+Erreur tournicotons(Parametres& p, EtatRotation& r, int axe, double angle)
+{
+    if (!angleAccepte(angle))
+        return Erreur(std::string());
+    if (axe == 3) {
+        p.Rotadir += angle;
+        return {};
+    }
+    const Axe a = axe == 0 ? Axe::Oz : axe == 1 ? Axe::Oy : Axe::Ox;
+    depart(p, r, a);
+    r.angRota = r.angDepart + angle;
+    placeViseur(p, r, a, r.angRota);
+    regardeOrigine(p);
+    return {};
+}
+
+void tournirot(Parametres& p, EtatRotation& r, int sens)
+{
+    p.Rotadir = 0;
+    r.sensTete = sens;
+}
+
+void ajusteReglage(Parametres& p, int choixReglage, double pas)
+{
+    switch (choixReglage) {
+    case 0: p.Xviseur += pas; break;
+    case 1: p.Yviseur += pas; break;
+    case 2: p.Zviseur = float(p.Zviseur + pas); break;
+    case 3: p.Xdirection += pas; break;
+    case 4: p.Ydirection += pas; break;
+    case 5: p.Zdirection += pas; break;
+    default: p.Rotadir += pas * rotaPI / 36; break;
+    }
+}
+
+void pasDuTour(Parametres& p, EtatRotation& r)
+{
+    if (r.axeTour == 0)
+        return;
+    r.angRota += r.axeTour > 0 ? rotaPasAxe : -rotaPasAxe;
+    placeViseur(p, r, axeDuTour(r.axeTour), r.angRota);
+    regardeOrigine(p);
+}
+
+bool finDuTour(Parametres& p, EtatRotation& r)
+{
+    if (r.axeTour == 0)
+        return false;
+    if (!(r.angRota > r.angDepart + rotaTourComplet || r.angRota < r.angDepart - rotaTourComplet))
+        return false;
+    p.Xviseur = r.XvDepart;
+    p.Yviseur = r.YvDepart;
+    p.Zviseur = r.ZvDepart;
+    regardeOrigine(p);
+    r.axeTour = 0;
+    return true;
+}
+
+bool pasDeTete(Parametres& p, EtatRotation& r, int choixReglage, double pasListe)
+{
+    ajusteReglage(p, choixReglage, r.sensTete == 1 ? pasListe : -pasListe);
+    p.Rotadir += r.sensTete * rotaPasTete;
+    if (p.Rotadir > rotaTourComplet || p.Rotadir < -rotaTourComplet) {
+        p.Rotadir = 0;
+        return false;
+    }
+    return true;
+}
+
+}  // namespace velorin

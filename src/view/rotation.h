@@ -1,0 +1,124 @@
+// Turning the point of view: one step of 5 degrees about an axis, a typed
+// angle about an axis, the animated full turn about an axis and the animated
+// rotation of the head about the line of sight.
+//
+// Every rotation moves the viewer (Xviseur, Yviseur, Zviseur) on a circle
+// about a coordinate axis and points the direction (Xdirection..Zdirection)
+// back at the origin. These functions only change the parameters and the
+// rotation state below; the window shows the new viewing values
+// (`affviseur`) and redraws (the "O&K" command: `prepareVue`, frame, curves)
+// where each comment says so, and it owns the timers and `pauseActive`.
+#pragma once
+#include "base/erreur.h"
+#include "settings/parametres.h"
+
+namespace velorin {
+
+// The angle unit of every rotation: this value, not the exact pi, so that
+// the steps and the end of a full turn fall where they always did.
+inline constexpr double rotaPI = 3.141592;
+inline constexpr double rotaPasAxe = rotaPI / 36;    // 5 degrees: a step, a tick of the full turn
+inline constexpr double rotaPasTete = rotaPI / 20;   // 9 degrees: a tick of the head rotation
+inline constexpr double rotaTourComplet = 6.283184;  // a full turn, as tested at each tick
+inline constexpr double rotaSeuilContinuite = 2.8;   // about Oz: a jump larger than this is a side change
+inline constexpr double rotaAngleMax = 3.1416;       // typed angles: [-rotaAngleMax, rotaAngleMax]
+inline constexpr int rotaIntervalleTour = 500;       // ms between two ticks of the full turn (Timer2)
+inline constexpr int rotaIntervalleTete = 1000;      // ms between two ticks of the head rotation (Timer3)
+
+// The three rotation axes, numbered as `axeTour` counts them.
+enum class Axe { Ox = 1, Oy = 2, Oz = 3 };
+
+// The window-level values a rotation keeps between calls and ticks. One per
+// window, value-initialised at start.
+struct EtatRotation {
+    double XvDepart = 0, YvDepart = 0;  // viewer when the rotation began...
+    float ZvDepart = 0;                 // ...restored when a full turn ends
+    double rayonRota = 0;               // radius of the viewer's circle about the axis
+    double angDepart = 0;               // angle of the viewer on that circle at the start
+    double angPrec = 0;                 // start angle of the previous rotation about Oz
+    double angRota = 0;                 // current angle of the viewer on the circle
+    int axeTour = 0;                    // running full turn: +-1 Ox, +-2 Oy, +-3 Oz; 0 none
+    int sensTete = 1;                   // +1 or -1: sense of the running head rotation
+};
+
+// One step about `axe` (mode other than 1) or the start of the full turn
+// (mode 1). `sens` is +1 or -1.
+//
+// Saves the viewer in XvDepart..ZvDepart, takes the radius and the start
+// angle atan(second / first) in the plane that turns (Oz: x, y; Ox: y, z;
+// Oy: x, z), without quadrant correction. When the first coordinate is 0 the
+// arctangent fails and angDepart keeps its previous value. About Oz only, a
+// start angle more than 2.8 from angPrec is moved by rotaPI, then becomes
+// angPrec. angRota = angDepart - sens x 5 degrees.
+//
+// Mode 1: sets axeTour = sens x axis and returns true; the viewer is not
+// moved. The caller sets pauseActive false and enables Timer2 (500 ms), whose
+// ticks call `pasDuTour` then `finDuTour`.
+// Other modes: the viewer goes to angRota on the circle (third coordinate
+// unchanged), the direction points at the origin, and it returns false; the
+// caller shows the values and redraws.
+//
+// Note that a step turns by -sens while the full turn of the same sens
+// advances by +sens a tick.
+bool tournicoti(Parametres& p, EtatRotation& r, Axe axe, int mode, int sens);
+inline bool tournicotiz(Parametres& p, EtatRotation& r, int mode, int sens)
+{
+    return tournicoti(p, r, Axe::Oz, mode, sens);
+}
+inline bool tournicotix(Parametres& p, EtatRotation& r, int mode, int sens)
+{
+    return tournicoti(p, r, Axe::Ox, mode, sens);
+}
+inline bool tournicotiy(Parametres& p, EtatRotation& r, int mode, int sens)
+{
+    return tournicoti(p, r, Axe::Oy, mode, sens);
+}
+
+// The typed-angle menu's test: -3.1416 <= angle <= 3.1416.
+bool angleAccepte(double angle);
+
+// Rotation by a typed angle, once. `axe` is the menu index: 0 Oz, 1 Oy,
+// 2 Ox, 3 the head ("De la vision"). An angle outside [-3.1416, 3.1416] is
+// refused silently: the failure carries an empty message, the caller shows
+// nothing and nothing has changed. Otherwise, for an axis: saves the viewer,
+// takes the radius and angDepart = atan(second / first) as a step does
+// (without the continuity test; a zero first coordinate keeps the previous
+// angDepart), angRota = angDepart + angle, puts the viewer there and points
+// the direction at the origin. For the head, Rotadir += angle. On success the
+// caller shows the values and redraws.
+Erreur tournicotons(Parametres& p, EtatRotation& r, int axe, double angle);
+
+// Start of the head rotation: Rotadir = 0 and sensTete = sens. The caller
+// selects Rotadir for the "+p"/"-p" buttons (choixReglage = 6) and enables
+// Timer3 at 1000 ms, whose ticks call `pasDeTete`.
+void tournirot(Parametres& p, EtatRotation& r, int sens);
+
+// What the "+p" button does (the "-p" button with a negative `pas`): adds
+// `pas` to the viewing value chosen by `choixReglage` (0 Xviseur, 1 Yviseur,
+// 2 Zviseur, 3 Xdirection, 4 Ydirection, 5 Zdirection, 6 Rotadir); for
+// Rotadir the step is multiplied by rotaPI / 36 first.
+void ajusteReglage(Parametres& p, int choixReglage, double pas);
+
+// One tick of Timer2 while axeTour != 0: angRota moves by 5 degrees in the
+// sense of axeTour, the viewer goes there on the circle of its axis and the
+// direction points at the origin. The caller sets pauseActive false before,
+// then shows the values, sets pauseActive true, redraws, and calls
+// `finDuTour`.
+void pasDuTour(Parametres& p, EtatRotation& r);
+
+// End test of the full turn, after the redraw of a tick: when angRota has
+// moved more than 6.283184 from angDepart, restores the viewer exactly from
+// XvDepart..ZvDepart, points the direction at the origin, sets axeTour = 0
+// and returns true; the caller then disables Timer2, shows the values and
+// redraws once more. Otherwise returns false and changes nothing.
+bool finDuTour(Parametres& p, EtatRotation& r);
+
+// One tick of Timer3: the "+p" button (sensTete = 1) or the "-p" button
+// (otherwise) with the step `pasListe` chosen in the step list, applied to
+// the value chosen by `choixReglage`, then Rotadir += sensTete x 9 degrees.
+// When Rotadir has passed +-6.283184 it is set to 0 and the function returns
+// false: the caller disables Timer3 and does not redraw. Otherwise it returns
+// true: the caller redraws and shows the values.
+bool pasDeTete(Parametres& p, EtatRotation& r, int choixReglage, double pasListe);
+
+}  // namespace velorin

@@ -1,0 +1,53 @@
+// Zoom of the frame by a factor, and the magnifier rectangle.
+#include "view/zoom.h"
+
+#include <algorithm>
+
+namespace velorin {
+
+namespace {
+
+// Divides the range [bas, haut] by `facteur` about its centre (enlarging the
+// drawing), or multiplies it (reducing it).
+template <typename T> void echelonne(T& bas, double& haut, double facteur, bool agrandit)
+{
+    const double centre = (double(bas) + haut) / 2;
+    const double demiAvant = (haut - double(bas)) / 2;
+    const double demi = agrandit ? demiAvant / facteur : demiAvant * facteur;
+    bas = T(centre - demi);
+    haut = centre + demi;
+}
+
+}  // namespace
+
+bool grossir(Parametres& p, int mode, bool modeEspace)
+{
+    if (mode < zoomPlus20 || mode > zoomDivise2)
+        return false;
+    const double facteur = mode == zoomPlus20 || mode == zoomMoins20 ? zoomFacteur20 : zoomFacteur2;
+    const bool agrandit = mode == zoomPlus20 || mode == zoomFois2;
+    echelonne(p.xmin, p.xmax, facteur, agrandit);
+    echelonne(p.ymin, p.ymax, facteur, agrandit);
+    echelonne(p.zmin, p.zmax, facteur, agrandit);
+    if (modeEspace) {
+        p.Zviseur = float(agrandit ? p.Zviseur / zoomFacteurViseur : p.Zviseur * zoomFacteurViseur);
+    }
+    return true;
+}
+
+bool grossirLoupe(Parametres& p, const Vue& v, double sx1, double sy1, double sx2, double sy2)
+{
+    if (sx1 == sx2 || sy1 == sy2 || v.echelleX == 0 || v.echelleY == 0)
+        return false;
+    const double x1 = (sx1 - v.decalX) / v.echelleX;
+    const double x2 = (sx2 - v.decalX) / v.echelleX;
+    const double y1 = (v.decalY - sy1) / v.echelleY;
+    const double y2 = (v.decalY - sy2) / v.echelleY;
+    p.xmin = std::min(x1, x2);
+    p.xmax = std::max(x1, x2);
+    p.ymin = std::min(y1, y2);
+    p.ymax = std::max(y1, y2);
+    return true;
+}
+
+}  // namespace velorin

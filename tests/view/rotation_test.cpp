@@ -1,0 +1,176 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "view/rotation.h"
+
+namespace velorin {
+namespace {
+
+constexpr double a5 = rotaPI / 36;
+
+Parametres viseur(double x, double y, float z)
+{
+    Parametres p;
+    p.Xviseur = x;
+    p.Yviseur = y;
+    p.Zviseur = z;
+    p.Xdirection = p.Ydirection = p.Zdirection = 0;
+    return p;
+}
+
+void attendViseur(const Parametres& p, double x, double y, double z)
+{
+    EXPECT_NEAR(p.Xviseur, x, 1e-12);
+    EXPECT_NEAR(p.Yviseur, y, 1e-12);
+    EXPECT_NEAR(p.Zviseur, z, 1e-6);
+    EXPECT_EQ(p.Xdirection, -p.Xviseur);
+    EXPECT_EQ(p.Ydirection, -p.Yviseur);
+    EXPECT_EQ(p.Zdirection, -double(p.Zviseur));
+}
+
+// The full turn: the start leaves the viewer at -sens x 5 degrees unapplied,
+// the first tick lands back on the start angle, each tick moves +sens x 5
+// degrees, and the end restores the viewer exactly.
+TEST(RotationTour, FullTurnEndsExactlyWhereItBegan)
+{
+    struct Cas {
+        Axe axe;
+        int sens;
+        double x, y;
+        float z;
+    };
+    const Cas cas[] = {{Axe::Oz, 1, 10, 0, 7.3f},
+                       {Axe::Oz, -1, 10, 0, 7.3f},
+                       {Axe::Ox, 1, 2.5, 10, 0},
+                       {Axe::Oy, -1, 10, -1.5, 0},
+                       {Axe::Oz, 1, 3, 4, -2.1f}};
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(::testing::Message() << "axe " << int(c.axe) << " sens " << c.sens);
+        Parametres p = viseur(c.x, c.y, c.z);
+        EtatRotation r;
+        ASSERT_TRUE(tournicoti(p, r, c.axe, 1, c.sens));
+        EXPECT_EQ(r.axeTour, c.sens * int(c.axe));
+        EXPECT_EQ(p.Xviseur, c.x);
+        EXPECT_NEAR(r.angRota, r.angDepart - c.sens * a5, 1e-12);
+        int ticks = 0;
+        for (bool fini = false; !fini && ticks < 100; ++ticks) {
+            const double avant = r.angRota;
+            pasDuTour(p, r);
+            EXPECT_NEAR(r.angRota - avant, c.sens * a5, 1e-12);
+            if (ticks == 0)
+                attendViseur(p, c.x, c.y, c.z);
+            fini = finDuTour(p, r);
+        }
+        EXPECT_GE(ticks, 73);
+        EXPECT_LE(ticks, 74);
+        EXPECT_EQ(r.axeTour, 0);
+        EXPECT_EQ(p.Xviseur, c.x);
+        EXPECT_EQ(p.Yviseur, c.y);
+        EXPECT_EQ(p.Zviseur, c.z);
+        attendViseur(p, c.x, c.y, c.z);
+    }
+}
+
+// One step: -sens x 5 degrees in the plane of the axis from atan(second /
+// first), no quadrant correction, the continuity test about Oz only, and a
+// zero first coordinate keeping the angle left from before.
+TEST(RotationPas, SingleStepValues)
+{
+    struct Cas {
+        Axe axe;
+        int sens;
+        Parametres avant;
+        double angPrec;  // also the angDepart left from before
+        double x, y, z;
+    };
+    const Cas cas[] = {
+        {Axe::Oz, 1, viseur(10, 0, 4), 0, 10 * std::cos(-a5), 10 * std::sin(-a5), 4},
+        {Axe::Oz, -1, viseur(10, 0, 4), 0, 10 * std::cos(a5), 10 * std::sin(a5), 4},
+        {Axe::Ox, 1, viseur(2, 10, 0), 0, 2, 10 * std::cos(-a5), 10 * std::sin(-a5)},
+        {Axe::Oy, -1, viseur(10, 2, 0), 0, 10 * std::cos(a5), 2, 10 * std::sin(a5)},
+        {Axe::Oz, 1, viseur(-10, 0, 1), 0, 10 * std::cos(-a5), 10 * std::sin(-a5), 1},
+        {Axe::Oz, 1, viseur(-10, 0, 1), rotaPI, 10 * std::cos(rotaPI - a5), 10 * std::sin(rotaPI - a5), 1},
+        {Axe::Oy, 1, viseur(-10, 0, 0), rotaPI, 10 * std::cos(-a5), 0, 10 * std::sin(-a5)},
+        {Axe::Oz, 1, viseur(0, 10, 3), 0.3, 10 * std::cos(0.3 - a5), 10 * std::sin(0.3 - a5), 3},
+        {Axe::Oz, 1, viseur(0, 0, 3), 0, 0, 0, 3},
+        {Axe::Ox, 1, viseur(5, 0, 10), 1.0, 5, 10 * std::cos(1.0 - a5), 10 * std::sin(1.0 - a5)},
+    };
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(::testing::Message() << "axe " << int(c.axe) << " sens " << c.sens << " angPrec " << c.angPrec);
+        Parametres p = c.avant;
+        EtatRotation r;
+        r.angDepart = r.angPrec = c.angPrec;
+        EXPECT_FALSE(tournicoti(p, r, c.axe, 0, c.sens));
+        EXPECT_EQ(r.axeTour, 0);
+        attendViseur(p, c.x, c.y, c.z);
+        EXPECT_EQ(r.XvDepart, c.avant.Xviseur);
+        EXPECT_EQ(r.ZvDepart, c.avant.Zviseur);
+        EXPECT_EQ(r.angPrec, c.axe == Axe::Oz ? r.angDepart : c.angPrec);
+    }
+}
+
+TEST(RotationAngle, TypedAngleRangeAndAxes)
+{
+    const double r104 = std::sqrt(104.0), a0 = std::atan(0.2);
+    struct Cas {
+        int axe;
+        double angle;
+        bool accepte;
+        double x, y, z, rotadir;
+    };
+    const Cas cas[] = {
+        {0, 3.2, false, 10, 0, 2, 0.5},
+        {3, -3.1417, false, 10, 0, 2, 0.5},
+        {0, 3.1416, true, 10 * std::cos(3.1416), 10 * std::sin(3.1416), 2, 0.5},
+        {1, -3.1416, true, r104 * std::cos(a0 - 3.1416), 0, r104 * std::sin(a0 - 3.1416), 0.5},
+        {2, -1.0, true, 10, 2 * std::cos(-1.0), 2 * std::sin(-1.0), 0.5},  // Yv = 0: angDepart stays 0
+        {3, 1.0, true, 10, 0, 2, 1.5},
+    };
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(::testing::Message() << "axe " << c.axe << " angle " << c.angle);
+        Parametres p = viseur(10, 0, 2);
+        p.Rotadir = 0.5;
+        EtatRotation r;
+        const Erreur e = tournicotons(p, r, c.axe, c.angle);
+        EXPECT_EQ(bool(e), !c.accepte);
+        EXPECT_EQ(e.message(), "");
+        EXPECT_NEAR(p.Rotadir, c.rotadir, 1e-15);
+        if (c.accepte && c.axe != 3)
+            attendViseur(p, c.x, c.y, c.z);
+        else
+            EXPECT_EQ(p.Xdirection, 0);
+    }
+}
+
+// The head turns by the "+p"/"-p" step and 9 degrees a tick, on whatever
+// value choixReglage selects, and stops after a whole turn with Rotadir 0.
+TEST(RotationTete, HeadTurnEndsAtZero)
+{
+    struct Cas {
+        int sens, choix;
+        double pas, parTick, xParTick;
+    };
+    const Cas cas[] = {{1, 6, 0, rotaPI / 20, 0}, {-1, 6, 2, -2 * a5 - rotaPI / 20, 0}, {1, 0, 1, rotaPI / 20, 1}};
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(::testing::Message() << "sens " << c.sens << " choix " << c.choix << " pas " << c.pas);
+        Parametres p = viseur(10, 0, 0);
+        p.Rotadir = 1.5;
+        EtatRotation r;
+        tournirot(p, r, c.sens);
+        EXPECT_EQ(p.Rotadir, 0);
+        int ticks = 1;
+        double dernier = 0;
+        for (; pasDeTete(p, r, c.choix, c.pas) && ticks < 200; ++ticks) {
+            EXPECT_NEAR(p.Rotadir - dernier, c.parTick, 1e-12);
+            dernier = p.Rotadir;
+        }
+        EXPECT_EQ(p.Rotadir, 0);
+        EXPECT_LE(std::fabs(dernier), rotaTourComplet);
+        EXPECT_GT(std::fabs(dernier), rotaTourComplet - std::fabs(c.parTick));
+        EXPECT_NEAR(p.Xviseur, 10 + ticks * c.xParTick, 1e-9);
+    }
+}
+
+}  // namespace
+}  // namespace velorin

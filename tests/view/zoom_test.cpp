@@ -1,0 +1,128 @@
+#include <gtest/gtest.h>
+
+#include "view/projection.h"
+#include "view/zoom.h"
+
+namespace velorin {
+namespace {
+
+Parametres cadre(double xmin, double xmax, double ymin, double ymax, float zmin, double zmax)
+{
+    Parametres p;
+    p.xmin = xmin;
+    p.xmax = xmax;
+    p.ymin = ymin;
+    p.ymax = ymax;
+    p.zmin = zmin;
+    p.zmax = zmax;
+    p.Zviseur = 15;
+    return p;
+}
+
+// Each entry keeps the centre of every range and scales its width.
+TEST(ZoomFacteurs, EachEntryScalesAboutTheCentre)
+{
+    struct Cas {
+        int mode;
+        double largeur;  // new width / old width
+        bool espace;
+        float zviseur;
+    };
+    const Cas cas[] = {
+        {zoomPlus20, 1 / 1.2, false, 15},
+        {zoomMoins20, 1.2, false, 15},
+        {zoomFois2, 0.5, false, 15},
+        {zoomDivise2, 2, false, 15},
+        {zoomPlus20, 1 / 1.2, true, float(15 / 1.1)},
+        {zoomMoins20, 1.2, true, float(15 * 1.1)},
+        {zoomFois2, 0.5, true, float(15 / 1.1)},
+        {zoomDivise2, 2, true, float(15 * 1.1)},
+    };
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(::testing::Message() << "mode " << c.mode << " espace " << c.espace);
+        Parametres p = cadre(-10, 10, 1, 7, -4, 6);
+        ASSERT_TRUE(grossir(p, c.mode, c.espace));
+        EXPECT_NEAR((p.xmin + p.xmax) / 2, 0, 1e-12);
+        EXPECT_NEAR((p.ymin + p.ymax) / 2, 4, 1e-12);
+        EXPECT_NEAR((p.zmin + p.zmax) / 2, 1, 1e-6);
+        EXPECT_NEAR(p.xmax - p.xmin, 20 * c.largeur, 1e-12);
+        EXPECT_NEAR(p.ymax - p.ymin, 6 * c.largeur, 1e-12);
+        EXPECT_NEAR(p.zmax - p.zmin, 10 * c.largeur, 1e-5);
+        EXPECT_FLOAT_EQ(p.Zviseur, c.zviseur);
+    }
+}
+
+// Exact for bounds whose halves and quarters are exact (the base frame);
+// otherwise back to within the rounding of the centre and half-width.
+TEST(ZoomFacteurs, TwiceThenHalfGivesTheFrameBack)
+{
+    struct Cas {
+        Parametres avant;
+        double tolerance;
+    };
+    const Cas cas[] = {{cadre(-10, 10, -10, 10, -10, 10), 0},
+                       {cadre(1, 7, -3.5, 12.25, 0.5f, 3), 0},
+                       {cadre(-0.1, 0.3, 100.7, 250.3, -1e3f, -10.1), 1e-12}};
+    for (const Cas& c : cas) {
+        const Parametres& avant = c.avant;
+        Parametres p = avant;
+        ASSERT_TRUE(grossir(p, zoomFois2, false));
+        EXPECT_NE(p.xmin, avant.xmin);
+        ASSERT_TRUE(grossir(p, zoomDivise2, false));
+        EXPECT_NEAR(p.xmin, avant.xmin, c.tolerance * (avant.xmax - avant.xmin));
+        EXPECT_NEAR(p.xmax, avant.xmax, c.tolerance * (avant.xmax - avant.xmin));
+        EXPECT_NEAR(p.ymin, avant.ymin, c.tolerance * (avant.ymax - avant.ymin));
+        EXPECT_NEAR(p.ymax, avant.ymax, c.tolerance * (avant.ymax - avant.ymin));
+        // zmin is single precision: its rounding moves the z centre too.
+        const double toleranceZ = c.tolerance == 0 ? 0 : 1e-4;
+        EXPECT_NEAR(p.zmin, avant.zmin, toleranceZ);
+        EXPECT_NEAR(p.zmax, avant.zmax, toleranceZ);
+    }
+}
+
+TEST(ZoomFacteurs, UnknownModeChangesNothing)
+{
+    for (int mode : {0, 5, -1}) {
+        Parametres p = cadre(-10, 10, 1, 7, -4, 6);
+        EXPECT_FALSE(grossir(p, mode, true));
+        EXPECT_EQ(p.xmin, -10);
+        EXPECT_EQ(p.ymax, 7);
+        EXPECT_EQ(p.Zviseur, 15);
+    }
+}
+
+// The plane map of [-10, 10] x [-10, 10] on 11600 x 8800: 500 and 400 units
+// per unit, (0, 0) at (5100, 4050).
+TEST(ZoomLoupe, RectangleBecomesTheRanges)
+{
+    struct Cas {
+        double sx1, sy1, sx2, sy2;
+        bool applique;
+        double xmin, xmax, ymin, ymax;
+    };
+    const Cas cas[] = {
+        {5100, 4050, 5600, 3650, true, 0, 1, 0, 1},        {5600, 3650, 5100, 4050, true, 0, 1, 0, 1},
+        {100, 50, 10100, 8050, true, -10, 10, -10, 10},    {3100, 4850, 6100, 4450, true, -4, 2, -2, -1},
+        {5100, 4050, 5100, 3650, false, -10, 10, -10, 10},  // zero width
+        {5100, 4050, 5600, 4050, false, -10, 10, -10, 10},  // zero height
+        {5100, 4050, 5100, 4050, false, -10, 10, -10, 10},  // a click
+    };
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(::testing::Message() << c.sx1 << "," << c.sy1 << " " << c.sx2 << "," << c.sy2);
+        Parametres p;
+        Vue v;
+        ASSERT_TRUE(ajusteVue(p, v, false, 11600, 8800));
+        EXPECT_EQ(grossirLoupe(p, v, c.sx1, c.sy1, c.sx2, c.sy2), c.applique);
+        EXPECT_NEAR(p.xmin, c.xmin, 1e-12);
+        EXPECT_NEAR(p.xmax, c.xmax, 1e-12);
+        EXPECT_NEAR(p.ymin, c.ymin, 1e-12);
+        EXPECT_NEAR(p.ymax, c.ymax, 1e-12);
+    }
+    Parametres p;
+    const Vue pasCalibree;
+    EXPECT_FALSE(grossirLoupe(p, pasCalibree, 0, 0, 10, 10));
+    EXPECT_EQ(p.xmin, -10);
+}
+
+}  // namespace
+}  // namespace velorin
