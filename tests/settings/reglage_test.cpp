@@ -61,8 +61,9 @@ TEST(Reglage, LectureEtConversionParChamp)
         if (!c.accepte) {
             EXPECT_NE(e.message().find(c.motDuMessage), std::string::npos) << e.message();
             EXPECT_EQ(incorrecte, std::string(c.texte) == "(2");
-            if (!incorrecte)
+            if (!incorrecte) {
                 EXPECT_NE(e.message().find("Rien n'est appliqué"), std::string::npos);
+            }
             EXPECT_EQ(lu.xmax, avant.xmax);
             EXPECT_EQ(lu.pauseMs, avant.pauseMs);
             continue;
