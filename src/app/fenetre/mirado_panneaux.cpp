@@ -25,12 +25,12 @@
 #include "app/fenetre/mirado.h"
 #include "app/fenetre/zone_dessin.h"
 #include "view/format_nombre.h"
+#include "view/rotation.h"
 
 namespace velorin {
 
 namespace {
 
-constexpr double piRota = 3.141592;
 const char* const pasListe2[] = {"0.1", "0.2", "0.3", "0.4", "0.5", "0.6", "0.7", "0.8", "0.9", "1.0", "1.5", "2.0"};
 constexpr int pasDefaut = 9;  // "1.0": one press turns the head by 5 degrees
 constexpr int marge = 4;
@@ -260,22 +260,9 @@ void Mirado::affou()
     arrangelabel();
 }
 
-// "+p" and "-p": the step chosen in List2 (none chosen counts as 0), times
-// 3.141592/36 for Rotadir, added to the value chosen by Option2. The new
-// values are only shown; "O&K" redraws.
-static void ajuste(Parametres& p, int choix, double pas)
-{
-    switch (choix) {
-    case 0: p.Xviseur += pas; break;
-    case 1: p.Yviseur += pas; break;
-    case 2: p.Zviseur = float(p.Zviseur + pas); break;
-    case 3: p.Xdirection += pas; break;
-    case 4: p.Ydirection += pas; break;
-    case 5: p.Zdirection += pas; break;
-    default: p.Rotadir += pas * piRota / 36; break;
-    }
-}
-
+// "+p" and "-p": the step chosen in List2 (none chosen counts as 0), added
+// by ajusteReglage to the value chosen by Option2. The new values are only
+// shown; "O&K" redraws.
 static double pasChoisi(const QListWidget* liste)
 {
     const QListWidgetItem* item = liste->currentItem();
@@ -284,13 +271,13 @@ static double pasChoisi(const QListWidget* liste)
 
 void Mirado::Command1_Click()
 {
-    ajuste(etat.param, etat.fenetre.choixReglage, pasChoisi(List2));
+    ajusteReglage(etat.param, etat.fenetre.choixReglage, pasChoisi(List2));
     affviseur();
 }
 
 void Mirado::Command2_Click()
 {
-    ajuste(etat.param, etat.fenetre.choixReglage, -pasChoisi(List2));
+    ajusteReglage(etat.param, etat.fenetre.choixReglage, -pasChoisi(List2));
     affviseur();
 }
 
