@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <fstream>
 
 #include "base/ecriture.h"
 #include "base/texte_sur.h"
@@ -84,6 +85,29 @@ Erreur verifieSortie(const std::string& sortie, const std::vector<std::string>& 
         if (!entree.empty() && memeFichier(sortie, entree))
             return "Le fichier de sortie " + texteCite(sortie) + " est aussi lu par cette commande (" +
                    texteCite(entree) + ") : il n'est pas remplacé.";
+    return {};
+}
+
+Erreur lisFichierTexte(const std::string& chemin, const std::string& quoi, const std::string& nature,
+                       std::size_t limite, std::string& contenu)
+{
+    // Checked first, so that a folder, a FIFO or a device is refused by name
+    // and reading never blocks.
+    if (auto erreur = verifieFichierLisible(chemin, quoi))
+        return erreur;
+    const std::string tropGrand = "Fichier " + texteCite(chemin) + " : trop volumineux pour " + nature;
+    if (tailleFichier(chemin) > limite)
+        return tropGrand;
+    std::ifstream f(chemin, std::ios::binary);
+    if (!f)
+        return quoi + " " + texteCite(chemin) + " ne peut pas être ouvert.";
+    contenu.assign(limite + 1, '\0');
+    f.read(contenu.data(), static_cast<std::streamsize>(contenu.size()));
+    if (f.bad())
+        return quoi + " " + texteCite(chemin) + " ne peut pas être lu : erreur de lecture.";
+    contenu.resize(static_cast<std::size_t>(f.gcount()));
+    if (contenu.size() > limite)
+        return tropGrand;
     return {};
 }
 

@@ -4,6 +4,7 @@
 // loop is said as such, and an output never replaces one of the command's
 // own inputs.
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -27,6 +28,13 @@ Erreur verifieSortie(const std::string& sortie, const std::vector<std::string>& 
 
 // Both paths reach the same existing file.
 bool memeFichier(const std::string& a, const std::string& b);
+
+// The whole of a small text file into `contenu`, after verifieFichierLisible
+// (`quoi` names the file: "Le fichier de paramètres"). A file of more than
+// `limite` bytes is not one of ours: it is refused, with `nature` saying
+// what was expected ("un fichier de paramètres").
+Erreur lisFichierTexte(const std::string& chemin, const std::string& quoi, const std::string& nature,
+                       std::size_t limite, std::string& contenu);
 
 // The folder part of `chemin`: "." for a bare name, "/" at the root.
 std::string dossierDe(const std::string& chemin);

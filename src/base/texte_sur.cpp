@@ -83,4 +83,20 @@ std::string texteCite(std::string_view texte)
     return "« " + texteSur(texte) + " »";
 }
 
+std::vector<std::string> lignesDuTexte(std::string_view texte, std::size_t maximum)
+{
+    if (texte.substr(0, 3) == "\xEF\xBB\xBF")
+        texte.remove_prefix(3);
+    std::vector<std::string> lignes;
+    while (!texte.empty() && lignes.size() < maximum) {
+        const std::size_t fin = texte.find_first_of("\r\n");
+        lignes.emplace_back(texte.substr(0, fin));
+        if (fin == std::string_view::npos)
+            break;
+        const std::size_t saut = texte.compare(fin, 2, "\r\n") == 0 ? 2 : 1;
+        texte.remove_prefix(fin + saut);
+    }
+    return lignes;
+}
+
 }  // namespace velorin

@@ -3,8 +3,11 @@
 // screen raw (a NUL would cut the message short, ESC or CR could clear or
 // overwrite the user's terminal).
 #pragma once
+#include <cstddef>
+#include <limits>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velorin {
 
@@ -17,5 +20,11 @@ std::string texteSur(std::string_view texte);
 
 // texteSur between French quotes: « texte ».
 std::string texteCite(std::string_view texte);
+
+// The lines of a text read from a file, whatever their ends: CR LF, LF
+// alone or CR alone. A UTF-8 byte-order mark in front is skipped. At most
+// `maximum` lines.
+std::vector<std::string> lignesDuTexte(std::string_view texte,
+                                       std::size_t maximum = std::numeric_limits<std::size_t>::max());
 
 }  // namespace velorin

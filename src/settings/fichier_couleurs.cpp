@@ -1,6 +1,5 @@
 #include "settings/fichier_couleurs.h"
 
-#include <fstream>
 #include <string_view>
 
 #include "base/chemins.h"
@@ -70,17 +69,9 @@ std::string texteCouleurs(const SchemaCouleurs& schema)
 Erreur analyseCouleurs(const std::string& contenu, const std::string& chemin, SchemaCouleurs& schema)
 {
     SchemaCouleurs lu = schema;
-    std::string_view reste = contenu;
-    if (reste.substr(0, 3) == "\xEF\xBB\xBF")
-        reste.remove_prefix(3);
     int numero = 0;
-    while (!reste.empty()) {
-        const auto fin = reste.find_first_of("\r\n");
-        std::string_view ligne = reste.substr(0, fin);
-        if (fin == std::string_view::npos)
-            reste = {};
-        else
-            reste.remove_prefix(fin + (reste.substr(fin, 2) == "\r\n" ? 2 : 1));
+    for (const std::string& texteLigne : lignesDuTexte(contenu)) {
+        std::string_view ligne = texteLigne;
         ++numero;
         ligne = sansBlancs(ligne);
         if (ligne.empty() || ligne.front() == '#')
@@ -108,21 +99,9 @@ Erreur analyseCouleurs(const std::string& contenu, const std::string& chemin, Sc
 
 Erreur lisCouleurs(const std::string& chemin, SchemaCouleurs& schema)
 {
-    if (auto erreur = verifieFichierLisible(chemin, "Le fichier des couleurs"))
+    std::string contenu;
+    if (auto erreur = lisFichierTexte(chemin, "Le fichier des couleurs", "un fichier de couleurs", 1 << 16, contenu))
         return erreur;
-    constexpr std::size_t limite = 1 << 16;
-    if (tailleFichier(chemin) > limite)
-        return "Fichier " + texteCite(chemin) + " : trop volumineux pour un fichier de couleurs";
-    std::ifstream f(chemin, std::ios::binary);
-    if (!f)
-        return "Le fichier des couleurs " + texteCite(chemin) + " ne peut pas être ouvert.";
-    std::string contenu(limite + 1, '\0');
-    f.read(contenu.data(), static_cast<std::streamsize>(contenu.size()));
-    if (f.bad())
-        return "Le fichier des couleurs " + texteCite(chemin) + " ne peut pas être lu : erreur de lecture.";
-    contenu.resize(static_cast<std::size_t>(f.gcount()));
-    if (contenu.size() > limite)
-        return "Fichier " + texteCite(chemin) + " : trop volumineux pour un fichier de couleurs";
     return analyseCouleurs(contenu, chemin, schema);
 }
 

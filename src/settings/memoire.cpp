@@ -3,7 +3,6 @@
 #include <cfloat>
 #include <charconv>
 #include <cmath>
-#include <fstream>
 #include <sstream>
 #include <variant>
 #include <vector>
@@ -84,24 +83,6 @@ std::string valeurCitee(const std::string& texte)
     while (n > 0 && (static_cast<unsigned char>(texte[n]) & 0xC0) == 0x80)
         --n;  // not inside a UTF-8 character
     return texteCite(texte.substr(0, n) + "…");
-}
-
-// The lines of the text, whatever their ends: CR LF, LF alone or CR alone.
-// A UTF-8 byte-order mark in front is skipped. At most `maximum` lines.
-std::vector<std::string> lignesDuTexte(std::string_view texte, std::size_t maximum)
-{
-    if (texte.substr(0, 3) == "\xEF\xBB\xBF")
-        texte.remove_prefix(3);
-    std::vector<std::string> lignes;
-    while (!texte.empty() && lignes.size() < maximum) {
-        const std::size_t fin = texte.find_first_of("\r\n");
-        lignes.emplace_back(texte.substr(0, fin));
-        if (fin == std::string_view::npos)
-            break;
-        const std::size_t saut = texte.compare(fin, 2, "\r\n") == 0 ? 2 : 1;
-        texte.remove_prefix(fin + saut);
-    }
-    return lignes;
 }
 
 std::string valeursTrouvees(std::size_t n)
@@ -239,24 +220,10 @@ Erreur analyseMemoire(const std::string& contenu, const std::string& chemin, Par
 
 Erreur lisMemoire(const std::string& chemin, Parametres& p)
 {
-    // Checked first, so that a folder, a FIFO or a device is refused by name
-    // and reading never blocks.
-    if (auto erreur = verifieFichierLisible(chemin, "Le fichier de paramètres"))
-        return erreur;
     // A memory file holds six short lines: anything huge is not one.
-    constexpr std::size_t limite = 1 << 16;
-    if (tailleFichier(chemin) > limite)
-        return "Fichier " + texteSur(chemin) + " : trop volumineux pour un fichier de paramètres";
-    std::ifstream f(chemin, std::ios::binary);
-    if (!f)
-        return "Le fichier de paramètres " + texteCite(chemin) + " ne peut pas être ouvert.";
-    std::string contenu(limite + 1, '\0');
-    f.read(contenu.data(), static_cast<std::streamsize>(contenu.size()));
-    if (f.bad())
-        return "Le fichier de paramètres " + texteCite(chemin) + " ne peut pas être lu : erreur de lecture.";
-    contenu.resize(static_cast<std::size_t>(f.gcount()));
-    if (contenu.size() > limite)
-        return "Fichier " + texteSur(chemin) + " : trop volumineux pour un fichier de paramètres";
+    std::string contenu;
+    if (auto erreur = lisFichierTexte(chemin, "Le fichier de paramètres", "un fichier de paramètres", 1 << 16, contenu))
+        return erreur;
     return analyseMemoire(contenu, chemin, p);
 }
 
