@@ -102,20 +102,6 @@ void range(const Champ& c, double v, Parametres& p)
         p.*std::get<std::int16_t Parametres::*>(c.membre) = static_cast<std::int16_t>(std::nearbyint(v));
 }
 
-// "(" and ")" counts, and whether a ")" ever closes nothing: the
-// evaluator then says "Formule incorrecte" and the program ends.
-bool parenthesesBancales(const std::string& texte)
-{
-    int profondeur = 0;
-    for (char c : texte) {
-        if (c == '(')
-            ++profondeur;
-        else if (c == ')' && --profondeur < 0)
-            return true;
-    }
-    return profondeur != 0;
-}
-
 }  // namespace
 
 const char* nomChampReglage(int i)
@@ -172,7 +158,11 @@ std::array<RemarquesChamp, nbChampsReglage> remarquesReglage(const TextesReglage
     for (int i = 0; i < nbChampsReglage; ++i) {
         const std::string texte(sansBlancsAuxBouts(textes[i], " \t"));
         RemarquesChamp& rc = r[i];
-        if (parenthesesBancales(texte)) {
+        double v;
+        Issue issue;
+        const bool fini = litChamp(texte, v, issue);
+        // The evaluator's own verdict: what applying would do.
+        if (issue == Issue::Incorrecte) {
             rc.textes.push_back("Parenthèses non équilibrées : en appliquant, le programme dira « Formule "
                                 "incorrecte » et s'arrêtera");
             rc.bloquante = true;
@@ -182,9 +172,7 @@ std::array<RemarquesChamp, nbChampsReglage> remarquesReglage(const TextesReglage
             e != std::string::npos && e + 1 < texte.size() && texte[e + 1] == '-' && e > 0 && estChiffre(texte[e - 1]))
             rc.textes.push_back("« E- » se lit comme une soustraction (1.5E-3 vaut -1.5) : écrivez le nombre "
                                 "sans exposant (0.0015)");
-        double v;
-        Issue issue;
-        if (!litChamp(texte, v, issue)) {
+        if (!fini) {
             rc.textes.push_back("Ce nombre ne se calcule pas (trop grand) : le champ sera refusé");
             rc.bloquante = true;
             continue;
