@@ -5,6 +5,7 @@
 #include "base/chemins.h"
 #include "base/ecriture.h"
 #include "base/texte_sur.h"
+#include "engine/nombres.h"
 
 namespace velorin {
 
@@ -24,15 +25,6 @@ constexpr Membre membres[] = {
     {"couleurProjOz", &SchemaCouleurs::couleurProjOz},     {"couleurProjXOy", &SchemaCouleurs::couleurProjXOy},
     {"couleurProjXOz", &SchemaCouleurs::couleurProjXOz},   {"couleurProjYOz", &SchemaCouleurs::couleurProjYOz},
 };
-
-std::string_view sansBlancs(std::string_view s)
-{
-    const auto debut = s.find_first_not_of(" \t");
-    if (debut == std::string_view::npos)
-        return {};
-    const auto fin = s.find_last_not_of(" \t");
-    return s.substr(debut, fin - debut + 1);
-}
 
 // A decimal integer 0..16777215, digits only.
 bool lisValeur(std::string_view texte, Couleur& valeur)
@@ -73,7 +65,7 @@ Erreur analyseCouleurs(const std::string& contenu, const std::string& chemin, Sc
     for (const std::string& texteLigne : lignesDuTexte(contenu)) {
         std::string_view ligne = texteLigne;
         ++numero;
-        ligne = sansBlancs(ligne);
+        ligne = sansBlancsAuxBouts(ligne, " \t");
         if (ligne.empty() || ligne.front() == '#')
             continue;
         const std::string debut = "Fichier " + texteCite(chemin) + ", ligne " + std::to_string(numero) + " : ";
@@ -81,8 +73,8 @@ Erreur analyseCouleurs(const std::string& contenu, const std::string& chemin, Sc
         if (egal == std::string_view::npos)
             return debut + "« nom=valeur » attendu, lu " + texteCite(ligne) +
                    ". Les couleurs en vigueur sont conservées.";
-        const std::string_view nom = sansBlancs(ligne.substr(0, egal));
-        const std::string_view valeur = sansBlancs(ligne.substr(egal + 1));
+        const std::string_view nom = sansBlancsAuxBouts(ligne.substr(0, egal), " \t");
+        const std::string_view valeur = sansBlancsAuxBouts(ligne.substr(egal + 1), " \t");
         const Membre* trouve = nullptr;
         for (const Membre& m : membres)
             if (nom == m.nom)
