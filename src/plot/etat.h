@@ -16,6 +16,7 @@
 #include "catalogue/catalogue.h"
 #include "engine/globales.h"
 #include "plot/etat_trace.h"
+#include "plot/etiquettes.h"
 #include "plot/table_courbes.h"
 #include "settings/couleurs.h"
 #include "settings/parametres.h"
@@ -62,6 +63,7 @@ struct Etat {
     TableCourbes courbes;
     EtatTrace trace;
     Catalogue catalogue;  // the catalogue file in force
+    Etiquettes etiquettes;  // the labels over the drawing
 };
 
 }  // namespace velorin
