@@ -20,6 +20,9 @@ Boites Boites::standard()
             return std::nullopt;
         return reponse;
     };
+    b.question = [](QWidget* parent, const QString& texte, const QString& titre) {
+        return QMessageBox::question(parent, titre, texte, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    };
     // Qt's own chooser, in French through the translator the program
     // installs.
     b.choixCouleur = [](QWidget* parent, const QColor& initiale, const QString& titre) -> std::optional<QColor> {

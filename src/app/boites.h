@@ -17,6 +17,8 @@ struct Boites {
     std::function<void(QWidget* parent, const QString& texte)> message;
     // An input box: the answer, or nothing when the user cancelled.
     std::function<std::optional<QString>(QWidget* parent, const QString& invite, const QString& titre)> saisie;
+    // A yes/no question: true for yes. Left empty, the answer is no.
+    std::function<bool(QWidget* parent, const QString& texte, const QString& titre)> question;
     // The colour chooser: the colour chosen, or nothing when the user
     // cancelled. Left empty, no colour is ever chosen.
     std::function<std::optional<QColor>(QWidget* parent, const QColor& initiale, const QString& titre)> choixCouleur;

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "view/souris.h"
+
 namespace velorin {
 
 namespace {
@@ -37,12 +39,9 @@ bool grossir(Parametres& p, int mode, bool modeEspace)
 
 bool grossirLoupe(Parametres& p, const Vue& v, double sx1, double sy1, double sx2, double sy2)
 {
-    if (sx1 == sx2 || sy1 == sy2 || v.echelleX == 0 || v.echelleY == 0)
+    double x1, y1, x2, y2;
+    if (sx1 == sx2 || sy1 == sy2 || !pointDuPlan(v, sx1, sy1, x1, y1) || !pointDuPlan(v, sx2, sy2, x2, y2))
         return false;
-    const double x1 = (sx1 - v.decalX) / v.echelleX;
-    const double x2 = (sx2 - v.decalX) / v.echelleX;
-    const double y1 = (v.decalY - sy1) / v.echelleY;
-    const double y2 = (v.decalY - sy2) / v.echelleY;
     p.xmin = std::min(x1, x2);
     p.xmax = std::max(x1, x2);
     p.ymin = std::min(y1, y2);

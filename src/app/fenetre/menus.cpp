@@ -128,7 +128,7 @@ void Mirado::creeMenus()
     relie(mnuf[1], &Mirado::mnuf_Click, 1);
     relie(mnuf[2], &Mirado::mnuf_Click, 2);
 
-    // ROTATION (the rotations come later)
+    // ROTATION
     mnurota = barre->addMenu(QStringLiteral("ROTATION "));
     QMenu* tour = mnurota->addMenu(QStringLiteral("Tour complet"));
     QMenu* angle = mnurota->addMenu(QStringLiteral("D'un certain angle entre -pi et pi"));
@@ -136,22 +136,21 @@ void Mirado::creeMenus()
     tableau(mnuroti, tour,
             {"D'axe (Oz) sens +", "D'axe (Oz) sens -", "D'axe (Oy) sens +", "D'axe (Oy) sens -", "D'axe (Ox) sens +",
              "D'axe (Ox) sens -", "de la vision sens +", "de la vision sens -"},
-            aucun,
+            &Mirado::mnuroti_Click,
             {QKeySequence(Qt::Key_F11), QKeySequence(Qt::Key_F12), QKeySequence(Qt::CTRL | Qt::Key_F11),
              QKeySequence(Qt::CTRL | Qt::Key_F12), QKeySequence(Qt::SHIFT | Qt::Key_F11),
-             QKeySequence(Qt::SHIFT | Qt::Key_F12)},
-            false);
-    tableau(mnurotan, angle, {"D'axe [Oz)", "D'axe [Oy)", "D'axe [Ox)", "De la vision"}, aucun, {}, false);
+             QKeySequence(Qt::SHIFT | Qt::Key_F12)});
+    tableau(mnurotan, angle, {"D'axe [Oz)", "D'axe [Oy)", "D'axe [Ox)", "De la vision"}, &Mirado::mnurotan_Click);
 
-    // ZOOM: the zoom itself comes later; the list of drawn curves is here.
+    // ZOOM: the four factors and the list of drawn curves; the points in
+    // memory come later.
     mnuz = barre->addMenu(QStringLiteral("ZOOM"));
     tableau(mnuzo, mnuz, {"+ 20%", "-  20%", "x 2", "/ 2", "Liste des visibles", "Points disponibles"},
             &Mirado::mnuzo_Click,
             {QKeySequence(Qt::CTRL | Qt::Key_G), QKeySequence(Qt::CTRL | Qt::Key_P), QKeySequence(Qt::CTRL | Qt::Key_Q),
              QKeySequence(Qt::CTRL | Qt::Key_U), QKeySequence(Qt::CTRL | Qt::Key_V),
              QKeySequence(Qt::CTRL | Qt::Key_D)});
-    for (int i : {0, 1, 2, 3, 5})
-        mnuzo[i]->setEnabled(false);
+    mnuzo[5]->setEnabled(false);
 
     // Déjà tracé: captioned with the catalogue in force by debutravail.
     mnutrace = barre->addMenu(QStringLiteral("Déjà tracé"));

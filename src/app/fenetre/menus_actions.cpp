@@ -382,6 +382,8 @@ void Mirado::mnutra_Click(int index)
 
 void Mirado::mnuzo_Click(int index)
 {
+    if (index >= 0 && index < 4)
+        grossir(index + 1);
     if (index == 4)
         mnutra_Click(0);
 }

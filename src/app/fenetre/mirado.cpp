@@ -18,6 +18,7 @@
 #include "qt/dossiers.h"
 #include "qt/surface_qpainter.h"
 #include "settings/memoire.h"
+#include "view/lectures.h"
 
 namespace velorin {
 
@@ -31,6 +32,7 @@ Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
     creePanneaux();
     creeMenus();
     creeMinuteries();
+    brancheSouris();
     menuBar()->installEventFilter(this);
 
     // Form_Load
@@ -139,7 +141,7 @@ void Mirado::suisTaille()
         return;
     }
     nouvelleImage();
-    Command3_Click();
+    redessineSansPause();
 }
 
 void Mirado::controlfenetre()
@@ -151,9 +153,7 @@ void Mirado::controlfenetre()
     if (W != f.largeurVue || H != f.hauteurVue) {
         f.largeurVue = W;
         f.hauteurVue = H;
-        Label5->setText(QStringLiteral("LF:%1  HF:%2")
-                            .arg(QString::fromStdString(entierFormate(std::lround(W), 5)),
-                                 QString::fromStdString(entierFormate(std::lround(H), 5))));
+        Label5->setText(QString::fromStdString(texteTaille(W, H)));
     }
     if (ajusteVue(etat, W, H))
         return;

@@ -27,9 +27,11 @@
 #include <vector>
 
 #include "app/boites.h"
+#include "app/commandes/souris.h"
 #include "plot/crochets.h"
 #include "plot/demande.h"
 #include "plot/etat.h"
+#include "view/rotation.h"
 
 class QAction;
 class QCheckBox;
@@ -128,6 +130,28 @@ public:
     void Timer1_Timer();
     CrochetsTrace crochets();
 
+    // ---- Rotation, zoom and the mouse (app/commandes/)
+    void Command5_Click(int index);   // one 5-degree step about an axis
+    void mnuroti_Click(int index);    // "Tour complet"
+    void mnurotan_Click(int index);   // "D'un certain angle entre -pi et pi"
+    void Timer2_Timer();              // a tick of the full turn
+    void Timer3_Timer();              // a tick of the head rotation
+    void grossir(int mode);           // "ZOOM" 1..4
+    void dessineloupe(QPoint pixels);  // the rubber rectangle to the mouse
+    void demandeloupe(QPoint pixels);  // offer to zoom into it
+    void redes(QPoint depart, QPoint arrivee);
+    void Form_MouseDown(QPoint pixels, Qt::MouseButton bouton, Qt::KeyboardModifiers touches);
+    void Form_MouseMove(QPoint pixels, Qt::MouseButtons boutons, Qt::KeyboardModifiers touches);
+    void Form_MouseUp(QPoint pixels, Qt::MouseButton bouton, Qt::KeyboardModifiers touches);
+    void molette(QPoint pixels, double crans);
+    void Form_KeyUp(int touche);
+    void lecturePointeur(QPoint pixels);
+    void affibulle(QPoint pixels, const QString& texte);
+    void Label2_MouseMove();
+    // The redraw of a resize or of the mouse: without the per-point pause.
+    void redessineSansPause();
+    const EtatRotation& rotation() const { return rotation_; }
+
 protected:
     void closeEvent(QCloseEvent* e) override;
     bool eventFilter(QObject* objet, QEvent* evenement) override;
@@ -185,6 +209,11 @@ private:
     QAction *mnupari = nullptr, *mnumet = nullptr, *mnuipr = nullptr, *mnuip = nullptr, *mnuipcop = nullptr;
     QAction* mnufaReste = nullptr;  // "... more in the full list", when over 30 entries
     QString titreTrace_;            // the whole caption of mnutrace
+
+    void brancheSouris();  // the drawing area's mouse and keys to the commands
+    EtatRotation rotation_;
+    GesteSouris geste_;
+    QPointF enTwips(QPoint pixels) const;
 
     ZoneDessin* zone_ = nullptr;
     QScrollArea* defile_ = nullptr;  // scrolls the side column when it is taller than the window

@@ -25,6 +25,7 @@
 #include "app/fenetre/mirado.h"
 #include "app/fenetre/zone_dessin.h"
 #include "view/format_nombre.h"
+#include "view/lectures.h"
 #include "view/rotation.h"
 
 namespace velorin {
@@ -38,12 +39,6 @@ constexpr int marge = 4;
 QString nombre(double v, const char* motif)
 {
     return QString::fromStdString(formatNombre(v, motif));
-}
-
-// Shortest readable text of a range bound or step.
-QString court(double v)
-{
-    return QString::number(v, 'g', 7);
 }
 
 QLabel* lecture(QWidget* parent, const char* nom)
@@ -123,7 +118,7 @@ void Mirado::creePanneaux()
     for (int i = 0; i < 6; ++i) {
         Command5[i] = new QPushButton(QString::fromUtf8(noms5[i]), Frame1);
         Command5[i]->setObjectName(QStringLiteral("Command5_%1").arg(i));
-        Command5[i]->setEnabled(false);  // the rotations come later
+        connect(Command5[i], &QPushButton::clicked, this, [this, i] { Command5_Click(i); });
         g1->addWidget(Command5[i], 6 + i / 2, i % 2);
     }
     const char* const noms1[] = {"X fixe", "Y fixe", "Z fixe"};
@@ -238,23 +233,14 @@ void Mirado::arrangelabel()
 void Mirado::affviseur()
 {
     const Parametres& p = etat.param;
-    Label3->setText(QStringLiteral("Xv=%1  Xd=%2\nYv=%3  Yd=%4\nZv=%5  Zd=%6\nRot=%7")
-                        .arg(nombre(p.Xviseur, "0.00"), nombre(p.Xdirection, "0.00"), nombre(p.Yviseur, "0.00"),
-                             nombre(p.Ydirection, "0.00"), nombre(p.Zviseur, "0.00"), nombre(p.Zdirection, "0.00"),
-                             nombre(p.Rotadir, "0.00")));
+    Label3->setText(QString::fromStdString(texteViseur(p)));
     arrangelabel();
 }
 
 void Mirado::affou()
 {
     const Parametres& p = etat.param;
-    QString texte =
-        QStringLiteral("x:[%1;%2]\ny:[%3;%4]\n").arg(court(p.xmin), court(p.xmax), court(p.ymin), court(p.ymax));
-    if (etat.fenetre.modeEspace)
-        texte += QStringLiteral("z:[%1;%2]\n").arg(court(p.zmin), court(p.zmax));
-    texte += QStringLiteral("t:[%1;%2] pat=%3\na:[%4;%5] paa=%6\npause=%7")
-                 .arg(court(p.tmin), court(p.tmax), court(p.pasT), court(p.amin), court(p.amax), court(p.pasA),
-                      QString::number(p.pauseMs));
+    const QString texte = QString::fromStdString(texteBornes(p, etat.fenetre.modeEspace));
     Label4->setText(texte);
     Label2->setToolTip(texte);
     arrangelabel();

@@ -42,8 +42,10 @@ void Mirado::creeMinuteries()
     // not started (a Qt timer of 0 ms would fire at every idle moment).
     Timer1 = minuterie("Timer1", 0);
     connect(Timer1, &QTimer::timeout, this, &Mirado::Timer1_Timer);
-    Timer2 = minuterie("Timer2", 500);   // full turn, with the rotations
-    Timer3 = minuterie("Timer3", 1000);  // head rotation, with the rotations
+    Timer2 = minuterie("Timer2", rotaIntervalleTour);  // the full turn
+    connect(Timer2, &QTimer::timeout, this, &Mirado::Timer2_Timer);
+    Timer3 = minuterie("Timer3", rotaIntervalleTete);  // the head rotation
+    connect(Timer3, &QTimer::timeout, this, &Mirado::Timer3_Timer);
     Timer4 = minuterie("Timer4", 100);
     connect(Timer4, &QTimer::timeout, this, &Mirado::Timer4_Timer);
     // Timer5 switches itself off when it fires: the tracers' pause starts it

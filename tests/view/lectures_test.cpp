@@ -1,0 +1,49 @@
+#include <gtest/gtest.h>
+
+#include "locale_virgule.h"
+#include "view/lectures.h"
+
+namespace velorin {
+namespace {
+
+TEST(Lectures, Texts)
+{
+    LocaleVirgule virgule;  // "." whatever the locale
+    Parametres p;
+    p.Xviseur = 10;
+    p.Yviseur = -0.004;
+    p.Zviseur = 2.5f;
+    p.Xdirection = -10;
+    p.Ydirection = 1234.567;
+    p.Zdirection = -2.5;
+    p.Rotadir = 3.14159;
+    p.xmin = -10.5;
+    p.xmax = 1e-5;
+    p.ymin = -3;
+    p.ymax = 12345678;
+    p.zmin = -1;
+    p.zmax = 1;
+    p.tmin = 0;
+    p.tmax = 6.28;
+    p.pasT = 0.05;
+    p.amin = -1;
+    p.amax = 1;
+    p.pasA = 0.1;
+    p.pauseMs = 20;
+    const std::pair<std::string, std::string> cas[] = {
+        {texteViseur(p), "Xv=10.00  Xd=-10.00\nYv=0.00  Yd=1234.57\nZv=2.50  Zd=-2.50\nRot=3.14"},
+        {texteBornes(p, true),
+         "x:[-10.5;1e-05]\ny:[-3;1.234568e+07]\nz:[-1;1]\nt:[0;6.28] pat=0.05\na:[-1;1] paa=0.1\npause=20"},
+        {texteBornes(p, false),
+         "x:[-10.5;1e-05]\ny:[-3;1.234568e+07]\nt:[0;6.28] pat=0.05\na:[-1;1] paa=0.1\npause=20"},
+        {texteTaille(12345.4, 987.6), "LF:12345  HF:00988"},
+        {texteLecturePlan(-1.23456, 0.0004), "X=-1.235  Y=0.000"},
+        {texteLectureEspace(3, -4, 12, 0.25, -1), "X=3.000 Y=-4.000 Z=12.000\nR=13.000\nPx:0.250 Py:-1.000"},
+        {texteLectureSansPoint(-0.5, 2), "Px:-0.500 Py:2.000"},
+    };
+    for (const auto& [texte, attendu] : cas)
+        EXPECT_EQ(texte, attendu);
+}
+
+}  // namespace
+}  // namespace velorin
