@@ -24,10 +24,14 @@ void regardeOrigine(Parametres& p)
 
 bool redes(Parametres& p, const Vue& v, double dx, double dy)
 {
-    if (v.echelleX == 0 || v.echelleY == 0 || (dx == 0 && dy == 0))
-        return false;
+    // The scales that place xmin and ymax, before an orthonormal frame
+    // equalises them: with these the picture moves by the drag exactly.
     const double largeur = p.xmax - p.xmin, hauteur = p.ymax - p.ymin;
-    const double xmin = p.xmin - dx / v.echelleX, ymin = p.ymin + dy / v.echelleY;
+    const double ex = v.etendueX != 0 ? v.largeurUtile / v.etendueX : 0;
+    const double ey = v.etendueY != 0 ? v.hauteurUtile / v.etendueY : 0;
+    if (v.echelleX == 0 || v.echelleY == 0 || ex == 0 || ey == 0 || (dx == 0 && dy == 0))
+        return false;
+    const double xmin = p.xmin - dx / ex, ymin = p.ymin + dy / ey;
     if (!finis({xmin, ymin, xmin + largeur, ymin + hauteur}))
         return false;
     p.xmin = xmin;

@@ -13,8 +13,10 @@
 namespace velorin {
 
 // Moving the plane frame: the picture follows a drag of (dx, dy) surface
-// units (dy grows downwards). xmin moves by -dx / echelleX and ymin by
-// +dy / echelleY; xmax and ymax follow so that the ranges keep their width.
+// units (dy grows downwards). xmin moves by -dx and ymin by +dy, each
+// divided by its scale (surface units per frame unit) as the calibration
+// places xmin and ymax with it, before an orthonormal frame equalises the
+// scales; xmax and ymax follow so that the ranges keep their width.
 // Returns false, changing nothing, when the view is not calibrated in the
 // plane or the drag is nil.
 bool redes(Parametres& p, const Vue& v, double dx, double dy);

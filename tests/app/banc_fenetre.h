@@ -76,6 +76,9 @@ struct Banc {
     std::vector<std::optional<QString>> reponses;  // answers of the input boxes, in turn
     // The colour chooser's answer for a title; none (cancel) when unset.
     std::function<std::optional<QColor>(const QString& titre)> choixCouleur;
+    QStringList questions;       // "title: text" of the yes/no questions asked
+    bool reponseQuestion = false;  // their answer
+    QStringList saisies;         // "title: prompt" of the input boxes shown
     std::unique_ptr<Mirado> fenetre;
 
     Banc()
@@ -119,7 +122,12 @@ struct Banc {
     {
         Boites boites;
         boites.message = [this](QWidget*, const QString& texte) { messages << texte; };
-        boites.saisie = [this](QWidget*, const QString&, const QString&) -> std::optional<QString> {
+        boites.question = [this](QWidget*, const QString& texte, const QString& titre) {
+            questions << titre + QStringLiteral(": ") + texte;
+            return reponseQuestion;
+        };
+        boites.saisie = [this](QWidget*, const QString& invite, const QString& titre) -> std::optional<QString> {
+            saisies << titre + QStringLiteral(": ") + invite;
             if (reponses.empty())
                 return std::nullopt;
             const bool annule = !reponses.front();

@@ -13,7 +13,11 @@ namespace {
 struct Plan {
     Parametres p;
     Vue v;
-    Plan() { EXPECT_TRUE(ajusteVue(p, v, false, 11600, 8800)); }
+    explicit Plan(int orthonorme = 0)
+    {
+        p.repereOrthonorme = orthonorme;
+        EXPECT_TRUE(ajusteVue(p, v, false, 11600, 8800));
+    }
 };
 
 // The frame point under the press point is under the release point after
@@ -23,15 +27,16 @@ TEST(SourisCadre, FramePointFollowsTheDrag)
     struct Cas {
         double x1, y1, x2, y2;
         bool bouge;
+        int orthonorme;  // equal scales: 400 across as down
     };
-    const Cas cas[] = {{5100, 4050, 5600, 4050, true},
-                       {5100, 4050, 5100, 4450, true},
-                       {300, 7000, 9000, 120, true},
-                       {9000, 120, 300, 7000, true},
-                       {2000, 2000, 2000, 2000, false}};
+    const Cas cas[] = {{5100, 4050, 5600, 4050, true, 0},
+                       {5100, 4050, 5100, 4450, true, 0},
+                       {300, 7000, 9000, 120, true, 0},
+                       {9000, 120, 300, 7000, true, 1},
+                       {2000, 2000, 2000, 2000, false, 0}};
     for (const Cas& c : cas) {
         SCOPED_TRACE(::testing::Message() << c.x1 << "," << c.y1 << " -> " << c.x2 << "," << c.y2);
-        Plan plan;
+        Plan plan(c.orthonorme);
         double fx, fy;
         ASSERT_TRUE(pointDuPlan(plan.v, c.x1, c.y1, fx, fy));
         EXPECT_EQ(redes(plan.p, plan.v, c.x2 - c.x1, c.y2 - c.y1), c.bouge);
