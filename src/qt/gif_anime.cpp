@@ -80,25 +80,42 @@ Palette palette(const QImage& image, const Rectangle& r)
     std::sort(parFrequence.begin(), parFrequence.end(), [](const auto& a, const auto& b) {
         return a.first != b.first ? a.first > b.first : a.second < b.second;
     });
+    // The most frequent colours first (the background, the curves' own
+    // colours), then, one by one, the colour farthest from every colour
+    // chosen so far: the rarer blends of the anti-aliasing keep a close
+    // colour each.
     Palette pal;
-    const std::size_t gardees = std::min<std::size_t>(256, parFrequence.size());
-    for (std::size_t i = 0; i < gardees; ++i) {
-        pal.couleurs.push_back(parFrequence[i].second);
-        pal.indices.emplace(parFrequence[i].second, int(i));
-    }
     auto ecart = [](std::uint32_t a, std::uint32_t b) {
         const int dr = int(a >> 16) - int(b >> 16), dv = int((a >> 8) & 0xFF) - int((b >> 8) & 0xFF),
                   db = int(a & 0xFF) - int(b & 0xFF);
         return dr * dr + dv * dv + db * db;
     };
-    for (std::size_t i = gardees; i < parFrequence.size(); ++i) {
+    const std::size_t n = parFrequence.size();
+    const std::size_t frequentes = n <= 256 ? n : 128;
+    std::vector<int> proche(n, 0), distance(n, 0);  // nearest colour chosen so far, and how far
+    auto choisis = [&](std::size_t i) {
+        const int index = int(pal.couleurs.size());
         const std::uint32_t c = parFrequence[i].second;
-        int meilleur = 0;
-        for (std::size_t k = 1; k < gardees; ++k)
-            if (ecart(c, pal.couleurs[k]) < ecart(c, pal.couleurs[std::size_t(meilleur)]))
-                meilleur = int(k);
-        pal.indices.emplace(c, meilleur);
+        pal.couleurs.push_back(c);
+        pal.indices[c] = index;
+        for (std::size_t k = 0; k < n; ++k) {
+            const int e = ecart(parFrequence[k].second, c);
+            if (index == 0 || e < distance[k]) {
+                distance[k] = e;
+                proche[k] = index;
+            }
+        }
+    };
+    for (std::size_t i = 0; i < frequentes; ++i)
+        choisis(i);
+    while (pal.couleurs.size() < 256) {
+        const std::size_t loin = std::size_t(std::max_element(distance.begin(), distance.end()) - distance.begin());
+        if (distance[loin] == 0)
+            break;
+        choisis(loin);
     }
+    for (std::size_t k = 0; k < n; ++k)
+        pal.indices.emplace(parFrequence[k].second, proche[k]);
     return pal;
 }
 
