@@ -10,7 +10,7 @@ JOBS       ?= $(shell nproc)
 SUDO       := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
 PAQUETS := cmake g++ make pkg-config qt6-base-dev qt6-svg-dev qt6-translations-l10n \
-           libgtest-dev libgmock-dev
+           libgtest-dev libgmock-dev libgif-dev
 # Only the benchmarks (bench/) and the screenshot script need these.
 PAQUETS_BANC    := libbenchmark-dev libmuparser-dev
 PAQUETS_CAPTURE := xvfb xauth xdotool imagemagick

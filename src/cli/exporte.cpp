@@ -1,5 +1,7 @@
 // `velorin exporte`: draws catalogue entries into a PNG, SVG, PDF file or the
-// text journal of the recording surface, without a display.
+// text journal of the recording surface, without a display; with --tour,
+// every redraw of a full turn of the view into an animated GIF or numbered
+// files.
 #include <charconv>
 #include <chrono>
 #include <cstdio>
@@ -12,6 +14,7 @@
 #include "cli/rendu.h"
 #include "qt/dossiers.h"
 #include "settings/memoire.h"
+#include "view/rotation.h"
 
 namespace fs = std::filesystem;
 
@@ -22,7 +25,9 @@ namespace {
 constexpr const char* kUsage =
     "Usage : velorin exporte [--dossier DOSSIER] [--plan] [--parametres FICHIER] [--taille LxH] [--ordre 0-3]\n"
     "                        (--catalogue FICHIER.lsu --entree N [--entree N ...] | --figure FICHIER.fig)\n"
-    "                        --sortie FICHIER.(png|svg|pdf|txt) [--chrono]\n";
+    "                        --sortie FICHIER.(png|svg|pdf|txt) [--chrono]\n"
+    "       velorin exporte ... --tour AXE --sortie (ANIM.gif | IMAGES_%03d.(png|svg|pdf|txt))\n"
+    "                        AXE : oz+, oz-, oy+, oy-, ox+, ox-, vision+ ou vision-\n";
 
 int erreur(const std::string& texte)
 {
@@ -56,7 +61,7 @@ int commandeExporte(int argc, char** argv)
         const std::string option = argv[i];
         const bool avecValeur = option == "--dossier" || option == "--parametres" || option == "--taille" ||
                                 option == "--catalogue" || option == "--entree" || option == "--figure" ||
-                                option == "--sortie" || option == "--ordre";
+                                option == "--sortie" || option == "--ordre" || option == "--tour";
         if (avecValeur && i + 1 >= argc)
             return erreur("l'option " + option + " attend une valeur\n" + kUsage);
         if (option == "--plan")
@@ -80,6 +85,11 @@ int commandeExporte(int argc, char** argv)
         } else if (option == "--ordre") {
             if (!litEntier(argv[++i], d.ordreBoucles) || d.ordreBoucles < 0 || d.ordreBoucles > 3)
                 return erreur(std::string("ordre des boucles incorrect « ") + argv[i] + " » : 0, 1, 2 ou 3");
+        } else if (option == "--tour") {
+            d.tour = tourDeNom(argv[++i]);
+            if (d.tour < 0)
+                return erreur(std::string("axe de tour inconnu « ") + argv[i] +
+                              " » : oz+, oz-, oy+, oy-, ox+, ox-, vision+ ou vision-");
         } else if (option == "--entree") {
             int n = 0;
             if (!litEntier(argv[++i], n) || n < 1)
@@ -127,8 +137,13 @@ int commandeExporte(int argc, char** argv)
     if (!r.avertissement.empty())
         std::fprintf(stderr, "velorin exporte : %s\n", r.avertissement.c_str());
     if (chrono) {
-        for (std::size_t i = 0; i < r.dureesMs.size(); ++i)
-            std::fprintf(stderr, "entrée %d : %.1f ms\n", d.entrees[i], r.dureesMs[i]);
+        // A turn draws every entry once per picture.
+        const std::size_t n = d.entrees.size();
+        for (std::size_t i = 0; i < r.dureesMs.size(); ++i) {
+            if (d.tour >= 0 && i % n == 0)
+                std::fprintf(stderr, "image %zu :\n", i / n + 1);
+            std::fprintf(stderr, "entrée %d : %.1f ms\n", d.entrees[i % n], r.dureesMs[i]);
+        }
     }
     if (r.erreur)
         return erreur(r.erreur.message());

@@ -1,36 +1,27 @@
 // Drawing into a file without a window. The order of the work keeps the
 // promise "written whole or not at all": every input and the output's path
 // are checked first (catalogue, parameters, entry numbers, output folder),
-// then the picture is drawn into memory, the painter's end is checked, and
-// only then is the file written, through the one routine that writes a file
-// whole beside the target and renames it at the end.
+// then the picture is drawn (qt/dessin_fichier, qt/tour_anime) into the one
+// routine that writes a file whole beside the target and renames it at the
+// end.
 #include "cli/rendu.h"
 
-#include <QBuffer>
-#include <QByteArray>
 #include <QCoreApplication>
 #include <QGuiApplication>
-#include <QImage>
-#include <QPageSize>
-#include <QPainter>
-#include <QPdfWriter>
-#include <QSvgGenerator>
 
-#include <algorithm>
-#include <cctype>
 #include <filesystem>
-#include <memory>
+#include <ostream>
 
 #include "base/chemins.h"
 #include "base/ecriture.h"
+#include "base/motif_numerote.h"
 #include "base/texte_sur.h"
 #include "catalogue/catalogue.h"
 #include "plot/demande.h"
 #include "plot/ecran.h"
 #include "plot/etat.h"
 #include "qt/demarrage.h"
-#include "qt/png_rapide.h"
-#include "qt/surface_qpainter.h"
+#include "qt/tour_anime.h"
 #include "settings/memoire.h"
 #include "view/surface_enregistreuse.h"
 
@@ -90,109 +81,82 @@ Erreur dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<
     return {};
 }
 
-// The journal of the recording surface, written whole through the checked
-// writes of EcritureEntiere.
-Erreur renduJournal(Etat& etat, const DemandeRendu& d, std::vector<double>& durees)
+// One picture in PNG, SVG, PDF or the journal, written whole.
+Erreur renduFichier(Etat& etat, const DemandeRendu& d, FormatSortie format, std::vector<double>& durees)
 {
-    // Each operation goes to the temporary file as it is drawn: a tracing at
-    // the point cap never holds its journal in memory. On a failure the
-    // temporary is removed and the previous file stays.
     EcritureEntiere fichier(d.sortie);
     if (auto erreur = fichier.ouverture())
         return erreur;
-    SurfaceEnregistreuse surface(etat.vue.W, etat.vue.H);
-    surface.ecrisDans(&fichier.flux());
-    if (auto erreur = dessine(etat, surface, d, durees))
+    const std::string titre = fs::path(d.catalogue).filename().string();
+    if (auto erreur = dessineDansFichier(fichier, format, d.largeurPx, d.hauteurPx, titre,
+                                         [&](Surface& surface) { return dessine(etat, surface, d, durees); }))
         return erreur;
     return fichier.termine();
 }
 
-// The title of an SVG file: the catalogue's name, control bytes made
-// visible (XML refuses them) and the XML special characters escaped, since
-// the SVG generator writes the title as it is given.
-QString titreSvg(const std::string& catalogue)
+// Every redraw of a full turn. The entries are first sent once, as the user
+// sends them before turning (on a journal that goes nowhere); each redraw
+// then draws their rows of the drawn-curves table again, as the window's
+// timers do.
+void renduTour(Etat& etat, const DemandeRendu& d, ResultatRendu& r)
 {
-    const QString nom = QString::fromStdString(texteSur(fs::path(catalogue).filename().string()));
-    return nom.toHtmlEscaped().replace(QLatin1Char('\''), QStringLiteral("&apos;"));
-}
-
-// PNG, SVG or PDF. Everything is drawn into memory first (an image, or the
-// SVG or PDF text in a buffer): the painter says whether it worked only at
-// its end, and by then nothing must have touched the disk.
-Erreur renduQt(Etat& etat, const DemandeRendu& d, FormatSortie format, std::vector<double>& durees)
-{
-    const QSize taille(d.largeurPx, d.hauteurPx);
-    QByteArray octets;
-    QBuffer tampon(&octets);
-    tampon.open(QIODevice::WriteOnly);
-    QImage image;
-    std::unique_ptr<QPaintDevice> appareil;
-    if (format == FormatSortie::Png) {
-        image = imagePourSurface(d.largeurPx, d.hauteurPx);
-        if (image.isNull())
-            return "L'image de " + texteCite(d.sortie) + " est trop grande pour la mémoire.";
-    } else if (format == FormatSortie::Svg) {
-        auto svg = std::make_unique<QSvgGenerator>();
-        svg->setOutputDevice(&tampon);
-        svg->setSize(taille);
-        svg->setViewBox(QRect(QPoint(0, 0), taille));
-        svg->setResolution(96);
-        svg->setTitle(titreSvg(d.catalogue));
-        appareil = std::move(svg);
-    } else {
-        auto pdf = std::make_unique<QPdfWriter>(&tampon);
-        pdf->setResolution(96);
-        pdf->setPageSize(QPageSize(QSizeF(d.largeurPx * 0.75, d.hauteurPx * 0.75), QPageSize::Point));
-        pdf->setPageMargins(QMarginsF(0, 0, 0, 0));
-        appareil = std::move(pdf);
+    std::ostream nulle(nullptr);
+    SurfaceEnregistreuse envoi(etat.vue.W, etat.vue.H);
+    envoi.ecrisDans(&nulle);
+    std::vector<int> lignes;
+    for (int n : d.entrees) {
+        const ResultatTrace t = demandeTrace(etat, envoi, n, OptionsTrace{}, CrochetsTrace{});
+        if (t.erreur) {
+            r.erreur = "entrée " + std::to_string(n) + " : " + t.erreur.message();
+            return;
+        }
+        lignes.push_back(t.ligne);
     }
-    const Erreur echecDessin = "Impossible de dessiner " + texteCite(d.sortie) + " : le dessin en mémoire a échoué.";
-    QPainter peintre;
-    if (!peintre.begin(appareil ? appareil.get() : static_cast<QPaintDevice*>(&image)) || !peintre.isActive())
-        return echecDessin;
-    Erreur erreur;
-    {
-        SurfaceQPainter surface(peintre, etat.vue.W, etat.vue.H);
-        erreur = dessine(etat, surface, d, durees);
-    }
-    const bool fini = peintre.end();
-    if (erreur)
-        return erreur;
-    if (!fini)
-        return echecDessin;
-    if (format == FormatSortie::Png)
-        return ecrisPngRapide(image, d.sortie);
-    appareil.reset();
-    tampon.close();
-    if (octets.isEmpty())
-        return echecDessin;
-    return ecrisFichierEntier(d.sortie, std::string_view(octets.constData(), static_cast<std::size_t>(octets.size())));
+    DemandeTour tour;
+    tour.tour = d.tour;
+    tour.pasTete = d.pasTete;
+    tour.sortie = d.sortie;
+    tour.largeurPx = d.largeurPx;
+    tour.hauteurPx = d.hauteurPx;
+    tour.titre = fs::path(d.catalogue).filename().string();
+    tour.lus = {d.catalogue, d.parametres};
+    auto courbes = [&](Etat& e, Surface& surface) -> Erreur {
+        for (std::size_t i = 0; i < lignes.size(); ++i) {
+            if (lignes[i] < 1)
+                continue;
+            const ResultatTrace t = demandeTrace(e, surface, 0, OptionsTrace{lignes[i]}, CrochetsTrace{});
+            r.dureesMs.push_back(t.dureeMs);
+            if (t.erreur)
+                return "entrée " + std::to_string(d.entrees[i]) + " : " + t.erreur.message();
+        }
+        return {};
+    };
+    const ResultatTour fait = exporteTour(etat, EtatRotation{}, tour, courbes);
+    r.erreur = fait.erreur;
+    r.images = fait.images;
+    if (!fait.avertissement.empty())
+        r.avertissement = fait.avertissement;
 }
 
 }  // namespace
-
-FormatSortie formatSortie(const std::string& chemin)
-{
-    std::string ext = fs::path(chemin).extension().string();
-    std::transform(ext.begin(), ext.end(), ext.begin(), [](unsigned char c) { return std::tolower(c); });
-    if (ext == ".png")
-        return FormatSortie::Png;
-    if (ext == ".svg")
-        return FormatSortie::Svg;
-    if (ext == ".pdf")
-        return FormatSortie::Pdf;
-    if (ext == ".txt")
-        return FormatSortie::Texte;
-    return FormatSortie::Inconnu;
-}
 
 ResultatRendu rendu(const DemandeRendu& d)
 {
     ResultatRendu r;
     const FormatSortie format = formatSortie(d.sortie);
-    if (format == FormatSortie::Inconnu) {
-        r.erreur = "Le format de sortie de " + texteCite(d.sortie) + " est inconnu : .png, .svg, .pdf ou .txt.";
+    if (d.tour < 0 && format == FormatSortie::Gif) {
+        r.erreur = "Le format de sortie de " + texteCite(d.sortie) + " est celui d'une animation : ajoutez --tour AXE.";
         return r;
+    }
+    if (format == FormatSortie::Inconnu && !(d.tour >= 0 && estMotifNumerote(d.sortie))) {
+        r.erreur = "Le format de sortie de " + texteCite(d.sortie) + " est inconnu : .png, .svg, .pdf ou .txt" +
+                   (d.tour >= 0 ? ", .gif pour l'animation." : ".");
+        return r;
+    }
+    MotifNumerote motif;
+    if (d.tour >= 0 && estMotifNumerote(d.sortie)) {
+        if ((r.erreur = lisMotifNumerote(d.sortie, motif)))
+            return r;
     }
     if (d.largeurPx < 1 || d.hauteurPx < 1 || d.largeurPx > 20000 || d.hauteurPx > 20000) {
         r.erreur = "La taille d'image est hors des limites (1 à 20000 pixels de côté).";
@@ -202,7 +166,10 @@ ResultatRendu rendu(const DemandeRendu& d)
     r.erreur = prepareEtat(d, etat, r.avertissement);
     if (r.erreur)
         return r;
-    r.erreur = format == FormatSortie::Texte ? renduJournal(etat, d, r.dureesMs) : renduQt(etat, d, format, r.dureesMs);
+    if (d.tour >= 0)
+        renduTour(etat, d, r);
+    else
+        r.erreur = renduFichier(etat, d, format, r.dureesMs);
     return r;
 }
 

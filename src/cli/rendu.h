@@ -1,12 +1,15 @@
 // Drawing catalogue entries into a file without a window: what the main
 // window would show for a given size (clearing, frame, then each entry
 // through the plot request), written as PNG, SVG, PDF or the recording
-// surface's text journal. Shared by `velorin exporte` and `velorin sansfenetre`.
+// surface's text journal; or every redraw of a full turn of the view, as an
+// animated GIF or one numbered file per redraw. Shared by `velorin exporte`
+// and `velorin sansfenetre`.
 #pragma once
 #include <string>
+#include <vector>
 
 #include "base/erreur.h"
-#include <vector>
+#include "qt/dessin_fichier.h"
 
 namespace velorin {
 
@@ -20,17 +23,19 @@ struct DemandeRendu {
     // kept in the parameter file; -1 keeps the start-up value.
     int ordreBoucles = -1;
     std::string sortie;  // .png, .svg, .pdf or .txt (case ignored)
+    // A full turn (index in the "Tour complet" menu, see nomDuTour), -1 for
+    // one picture. With a turn, `sortie` is a .gif or a numbered name
+    // (images/tour_%03d.png).
+    int tour = -1;
+    double pasTete = 1.0;  // the "+p"/"-p" step of the head turn: the window's default
 };
 
 struct ResultatRendu {
     Erreur erreur;                 // French, one line
     std::string avertissement;     // e.g. refused ranges reset; the file is written all the same
-    std::vector<double> dureesMs;  // tracing time of each entry
+    std::vector<double> dureesMs;  // tracing time of each entry (of every redraw of a turn)
+    int images = 0;                // files or GIF pictures written for a turn
 };
-
-// The output formats, from the extension of the output file.
-enum class FormatSortie { Png, Svg, Pdf, Texte, Inconnu };
-FormatSortie formatSortie(const std::string& chemin);
 
 // Draws the request and writes `sortie` whole or not at all: every path is
 // checked first (inputs readable, output in an existing folder and not one

@@ -30,9 +30,8 @@ void ajouteBloc(std::vector<unsigned char>& png, const char type[4], const unsig
     ajoute32(png, static_cast<std::uint32_t>(crc));
 }
 
-}  // namespace
-
-Erreur ecrisPngRapide(const QImage& source, const std::string& chemin)
+// The whole PNG file of `source` in `png`; `chemin` names it in messages.
+Erreur pngEnMemoire(const QImage& source, const std::string& chemin, std::vector<unsigned char>& png)
 {
     const QImage image = source.format() == QImage::Format_RGB32 || source.format() == QImage::Format_ARGB32
                              ? source
@@ -93,13 +92,32 @@ Erreur ecrisPngRapide(const QImage& source, const std::string& chemin)
     // The whole file is put together in memory (the compressed drawing is
     // small), then written whole or not at all.
     static const unsigned char signature[8] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-    std::vector<unsigned char> png(signature, signature + 8);
+    png.assign(signature, signature + 8);
     png.reserve(comprime.size() + 128);
     ajouteBloc(png, "IHDR", entete.data(), entete.size());
     ajouteBloc(png, "pHYs", physique.data(), physique.size());
     ajouteBloc(png, "IDAT", comprime.data(), comprime.size());
     ajouteBloc(png, "IEND", nullptr, 0);
+    return {};
+}
+
+}  // namespace
+
+Erreur ecrisPngRapide(const QImage& image, const std::string& chemin)
+{
+    std::vector<unsigned char> png;
+    if (auto erreur = pngEnMemoire(image, chemin, png))
+        return erreur;
     return ecrisFichierEntier(chemin, std::string_view(reinterpret_cast<const char*>(png.data()), png.size()));
+}
+
+Erreur ecrisPngRapide(const QImage& image, EcritureEntiere& fichier)
+{
+    std::vector<unsigned char> png;
+    if (auto erreur = pngEnMemoire(image, fichier.cible(), png))
+        return erreur;
+    fichier.ecris(std::string_view(reinterpret_cast<const char*>(png.data()), png.size()));
+    return {};
 }
 
 }  // namespace velorin

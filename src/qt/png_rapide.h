@@ -6,11 +6,14 @@
 #include <QImage>
 #include <string>
 
+#include "base/ecriture.h"
 #include "base/erreur.h"
 
 namespace velorin {
 
 // Writes `image` (any format; stored as 8-bit RGB, 96 dpi) to `chemin`.
 Erreur ecrisPngRapide(const QImage& image, const std::string& chemin);
+// The same into a file being written whole; the caller finishes it.
+Erreur ecrisPngRapide(const QImage& image, EcritureEntiere& fichier);
 
 }  // namespace velorin

@@ -4,7 +4,9 @@
 // would have written keeps its previous content, as the rotation always did.
 #include "view/rotation.h"
 
+#include <cctype>
 #include <cmath>
+#include <string>
 
 namespace velorin {
 
@@ -166,6 +168,70 @@ bool pasDeTete(Parametres& p, EtatRotation& r, int choixReglage, double pasListe
         return false;
     }
     return true;
+}
+
+namespace {
+
+const char* const nomsTours[nbToursComplets] = {"oz+", "oz-", "oy+", "oy-", "ox+", "ox-", "vision+", "vision-"};
+
+VueDuTour vueDe(const Parametres& p)
+{
+    return {p.Xviseur, p.Yviseur, p.Zviseur, p.Xdirection, p.Ydirection, p.Zdirection, p.Rotadir};
+}
+
+}  // namespace
+
+int tourDeNom(std::string_view nom)
+{
+    std::string minuscules(nom);
+    for (char& c : minuscules)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    for (int i = 0; i < nbToursComplets; ++i)
+        if (minuscules == nomsTours[i])
+            return i;
+    return -1;
+}
+
+const char* nomDuTour(int index)
+{
+    return index >= 0 && index < nbToursComplets ? nomsTours[index] : "";
+}
+
+void appliqueVue(Parametres& p, const VueDuTour& v)
+{
+    p.Xviseur = v.Xviseur;
+    p.Yviseur = v.Yviseur;
+    p.Zviseur = v.Zviseur;
+    p.Xdirection = v.Xdirection;
+    p.Ydirection = v.Ydirection;
+    p.Zdirection = v.Zdirection;
+    p.Rotadir = v.Rotadir;
+}
+
+SuiteDuTour suiteDuTour(Parametres p, EtatRotation r, int index, double pasListe, int maxVues)
+{
+    SuiteDuTour suite;
+    if (index < 0 || index >= nbToursComplets)
+        return suite;
+    const int sens = index % 2 == 0 ? 1 : -1;
+    if (index >= 6) {
+        suite.intervalleMs = rotaIntervalleTete;
+        tournirot(p, r, sens);
+        while (int(suite.vues.size()) < maxVues && pasDeTete(p, r, 6, pasListe))
+            suite.vues.push_back(vueDe(p));
+        return suite;
+    }
+    const Axe axes[] = {Axe::Oz, Axe::Oy, Axe::Ox};
+    tournicoti(p, r, axes[index / 2], 1, sens);
+    while (int(suite.vues.size()) < maxVues) {
+        pasDuTour(p, r);
+        suite.vues.push_back(vueDe(p));
+        if (finDuTour(p, r)) {
+            suite.vues.push_back(vueDe(p));
+            break;
+        }
+    }
+    return suite;
 }
 
 }  // namespace velorin

@@ -9,6 +9,9 @@
 // (`affviseur`) and redraws (the "O&K" command: `prepareVue`, frame, curves)
 // where each comment says so, and it owns the timers and `pauseActive`.
 #pragma once
+#include <string_view>
+#include <vector>
+
 #include "base/erreur.h"
 #include "settings/parametres.h"
 
@@ -120,5 +123,44 @@ bool finDuTour(Parametres& p, EtatRotation& r);
 // false: the caller disables Timer3 and does not redraw. Otherwise it returns
 // true: the caller redraws and shows the values.
 bool pasDeTete(Parametres& p, EtatRotation& r, int choixReglage, double pasListe);
+
+// ---- A whole animated turn at once, for the exports that draw every tick
+// without waiting for the timers.
+
+// The full turns of the "Tour complet" menu, by their index there: 0 Oz +,
+// 1 Oz -, 2 Oy +, 3 Oy -, 4 Ox +, 5 Ox -, 6 the head +, 7 the head -.
+inline constexpr int nbToursComplets = 8;
+// Their names on the command line, in the same order: "oz+", "oz-", "oy+",
+// "oy-", "ox+", "ox-", "vision+", "vision-". -1 for any other text (case
+// ignored).
+int tourDeNom(std::string_view nom);
+const char* nomDuTour(int index);
+
+// The viewing values one redraw uses.
+struct VueDuTour {
+    double Xviseur = 0, Yviseur = 0;
+    float Zviseur = 0;
+    double Xdirection = 0, Ydirection = 0, Zdirection = 0;
+    double Rotadir = 0;
+};
+void appliqueVue(Parametres& p, const VueDuTour& v);
+
+// Every redraw of a full turn, in order, and the time between two ticks.
+struct SuiteDuTour {
+    int intervalleMs = rotaIntervalleTour;
+    std::vector<VueDuTour> vues;
+};
+
+// The redraws the timers make for the full turn `index` (0..7, as above)
+// started from the parameters `p` and the rotation state `r` (both copies:
+// the continuity test about Oz reads r.angPrec as the window has it).
+// About an axis: `tournicoti` in mode 1, then per tick of Timer2 one redraw
+// after `pasDuTour`, and on the tick where `finDuTour` ends the turn one more
+// redraw with the viewer restored. The head: `tournirot`, then per tick of
+// Timer3 `pasDeTete` with the "+p"/"-p" step `pasListe` applied to Rotadir
+// (choixReglage 6, as the menu selects it), one redraw per tick that goes on
+// and none on the tick that ends the turn. A turn whose ticks would never end
+// (a step that cancels the head's own step) stops after `maxVues` redraws.
+SuiteDuTour suiteDuTour(Parametres p, EtatRotation r, int index, double pasListe, int maxVues = 1000);
 
 }  // namespace velorin

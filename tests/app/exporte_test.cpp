@@ -10,12 +10,17 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <gif_lib.h>
+
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
 
 #include "catalogue/catalogue.h"
+#include "settings/memoire.h"
+#include "view/rotation.h"
 
 namespace fs = std::filesystem;
 using namespace velorin;
@@ -263,6 +268,215 @@ TEST_F(Exporte, ChronoParEntree)
     EXPECT_NE(s.erreurs.find("entrée 2 :"), std::string::npos) << s.erreurs;
     EXPECT_NE(s.erreurs.find("entrée 1 :"), std::string::npos) << s.erreurs;
     EXPECT_NE(s.erreurs.find(" ms"), std::string::npos) << s.erreurs;
+}
+
+// ---- The full turn (--tour)
+
+// Two journals draw the same operations, their numbers equal to 0.01 twip
+// (the parameter file keeps 15 digits of the viewing values). A text is
+// compared by its words alone: where the frame puts a letter switches side
+// at thresholds that a difference in the 15th digit may cross.
+void memesOperations(const std::string& a, const std::string& b, const std::string& cas)
+{
+    std::istringstream sa(a), sb(b);
+    std::string la, lb;
+    int lignes = 0;
+    while (std::getline(sa, la)) {
+        ++lignes;
+        ASSERT_TRUE(std::getline(sb, lb)) << cas << " : plus court à la ligne " << lignes;
+        std::istringstream ma(la), mb(lb);
+        std::string x, y;
+        const bool texte = la.rfind("PRINT", 0) == 0;
+        for (int mot = 0; ma >> x; ++mot) {
+            ASSERT_TRUE(mb >> y) << cas << " : ligne " << lignes;
+            char* fx = nullptr;
+            char* fy = nullptr;
+            const double vx = std::strtod(x.c_str(), &fx), vy = std::strtod(y.c_str(), &fy);
+            if (*fx != '\0' || *fy != '\0' || fx == x.c_str()) {
+                ASSERT_EQ(x, y) << cas << " : ligne " << lignes;
+            } else if (!texte || mot > 2) {
+                ASSERT_NEAR(vx, vy, 0.01) << cas << " : ligne " << lignes;
+            }
+        }
+    }
+    EXPECT_FALSE(std::getline(sb, lb)) << cas << " : plus long";
+    EXPECT_GT(lignes, 1000) << cas;
+}
+
+// Each numbered journal of a turn is the drawing of one redraw of the
+// timers: as many files as redraws, and file k drawn with the viewing values
+// of tick k (about Oz from (10, 0): (k - 1) x 5 degrees; the head: k x (5 +
+// 9) degrees with the step 1.0), the last one of an axis turn back on the
+// start.
+TEST_F(Exporte, TourSuitLesInstants)
+{
+    Parametres depart;
+    depart.Xviseur = 10;
+    depart.Yviseur = 0;
+    depart.Zviseur = 6;
+    depart.Xdirection = -10;
+    depart.Ydirection = 0;
+    depart.Zdirection = -6;
+    ASSERT_FALSE(ecrisMemoire((dossier_ / "depart.log").string(), depart));
+    struct Cas {
+        const char* axe;
+        std::size_t images;  // at least
+        std::vector<int> verifiees;
+    };
+    const Cas cas[] = {{"oz+", 74, {1, 10, 37, 60}}, {"vision+", 25, {1, 12, 25}}};
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(c.axe);
+        fs::remove_all(dossier_ / "j");
+        fs::create_directory(dossier_ / "j");
+        const QStringList entrees = {"--dossier", chemin(""), "--catalogue", "essai.lsu",
+                                     "--entree",  "1",        "--entree",    "2"};
+        const QStringList commun = entrees + QStringList{"--parametres", chemin("depart.log"), "--taille", "400x300"};
+        const Sortie s = lance(commun + QStringList{"--tour", c.axe, "--sortie", chemin("j/t_%02d.txt")});
+        ASSERT_EQ(s.code, 0) << s.erreurs;
+        const std::size_t redessins = suiteDuTour(depart, EtatRotation{}, tourDeNom(c.axe), 1.0).vues.size();
+        ASSERT_GE(redessins, c.images);
+        EXPECT_LE(redessins, c.images + 1);
+        std::set<std::string> attendus;
+        for (std::size_t k = 1; k <= redessins; ++k)
+            attendus.insert((k < 10 ? "t_0" : "t_") + std::to_string(k) + ".txt");
+        std::set<std::string> ecrits;
+        for (const auto& e : fs::directory_iterator(dossier_ / "j"))
+            ecrits.insert(e.path().filename().string());
+        ASSERT_EQ(ecrits, attendus);
+
+        std::vector<std::pair<int, Parametres>> vues;
+        for (int k : c.verifiees) {
+            Parametres p = depart;
+            if (c.axe[0] == 'o') {
+                const double a = (k - 1) * rotaPI / 36;
+                p.Xviseur = 10 * std::cos(a);
+                p.Yviseur = 10 * std::sin(a);
+                p.Xdirection = -p.Xviseur;
+                p.Ydirection = -p.Yviseur;
+            } else {
+                p.Rotadir = k * (rotaPI / 36 + rotaPI / 20);
+            }
+            vues.emplace_back(k, p);
+        }
+        if (c.axe[0] == 'o')
+            vues.emplace_back(int(redessins), depart);
+        for (const auto& [k, p] : vues) {
+            ASSERT_FALSE(ecrisMemoire((dossier_ / "vue.log").string(), p));
+            ASSERT_EQ(lance(entrees + QStringList{"--parametres", chemin("vue.log"), "--taille", "400x300", "--sortie",
+                                                  chemin("vue.txt")})
+                          .code,
+                      0);
+            const std::string nom = std::string("j/t_") + (k < 10 ? "0" : "") + std::to_string(k) + ".txt";
+            memesOperations(contenu(nom.c_str()), contenu("vue.txt"), nom);
+        }
+    }
+}
+
+// The GIF as giflib reads it back: one picture per redraw, each shown for the
+// timer's interval, and each picture, laid over the ones before, the same as
+// the PNG of that redraw.
+TEST_F(Exporte, TourEnGif)
+{
+    struct Cas {
+        const char* axe;
+        int delai;  // hundredths of a second
+    };
+    for (const Cas& c : {Cas{"ox-", 50}, Cas{"vision-", 100}}) {
+        SCOPED_TRACE(c.axe);
+        const QStringList commun =
+            QStringList{"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--entree", "2"} +
+            QStringList{"--taille", "200x150", "--tour", c.axe};
+        ASSERT_EQ(lance(commun + QStringList{"--sortie", chemin("a.gif")}).code, 0);
+        fs::remove_all(dossier_ / "p");
+        fs::create_directory(dossier_ / "p");
+        ASSERT_EQ(lance(commun + QStringList{"--sortie", chemin("p/%d.png")}).code, 0);
+        int code = 0;
+        GifFileType* gif = DGifOpenFileName(chemin("a.gif").toLocal8Bit().constData(), &code);
+        ASSERT_NE(gif, nullptr) << GifErrorString(code);
+        ASSERT_EQ(DGifSlurp(gif), GIF_OK) << GifErrorString(gif->Error);
+        EXPECT_EQ(gif->SWidth, 200);
+        EXPECT_EQ(gif->SHeight, 150);
+        int pngs = 0;
+        for ([[maybe_unused]] const auto& e : fs::directory_iterator(dossier_ / "p"))
+            ++pngs;
+        EXPECT_EQ(gif->ImageCount, pngs);
+        EXPECT_GE(pngs, 25);
+        QImage ecran(200, 150, QImage::Format_RGB32);
+        ecran.fill(Qt::magenta);
+        int differentes = 0;  // pictures that change something
+        for (int i = 0; i < gif->ImageCount; ++i) {
+            const SavedImage& im = gif->SavedImages[i];
+            GraphicsControlBlock gcb;
+            ASSERT_EQ(DGifSavedExtensionToGCB(gif, i, &gcb), GIF_OK);
+            EXPECT_EQ(gcb.DelayTime, c.delai) << i;
+            EXPECT_EQ(gcb.DisposalMode, DISPOSE_DO_NOT) << i;
+            const ColorMapObject* carte = im.ImageDesc.ColorMap ? im.ImageDesc.ColorMap : gif->SColorMap;
+            ASSERT_NE(carte, nullptr);
+            const QImage avant = ecran.copy();
+            for (int y = 0; y < im.ImageDesc.Height; ++y)
+                for (int x = 0; x < im.ImageDesc.Width; ++x) {
+                    const GifColorType& k = carte->Colors[im.RasterBits[y * im.ImageDesc.Width + x]];
+                    ecran.setPixel(im.ImageDesc.Left + x, im.ImageDesc.Top + y, qRgb(k.Red, k.Green, k.Blue));
+                }
+            differentes += ecran != avant;
+            const QImage png(chemin("p/") + QString::number(i + 1) + ".png");
+            ASSERT_EQ(png.size(), ecran.size());
+            // Colours beyond the 256 of a picture's palette show as the
+            // nearest one: a few pixels, each close to its colour.
+            int ecarts = 0, pire = 0;
+            for (int y = 0; y < 150; ++y)
+                for (int x = 0; x < 200; ++x) {
+                    const QRgb a = png.pixel(x, y), b = ecran.pixel(x, y);
+                    const int e = std::max(
+                        {std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
+                    ecarts += e > 0;
+                    pire = std::max(pire, e);
+                }
+            EXPECT_LE(ecarts, 200 * 150 / 100) << "image " << i + 1;
+            EXPECT_LE(pire, 8) << "image " << i + 1;
+        }
+        EXPECT_GE(differentes, gif->ImageCount - 2);
+        DGifCloseFile(gif, &code);
+    }
+}
+
+TEST_F(Exporte, TourRefuse)
+{
+    struct Cas {
+        QStringList arguments;
+        const char* message;
+    };
+    const QString ici = chemin("");
+    const Cas cas[] = {
+        {{"--tour", "oz", "--sortie", "a.gif"}, "axe de tour inconnu « oz »"},
+        {{"--tour", "vision+", "--sortie", "t_%s.png"}, "est incorrect"},
+        {{"--tour", "ox+", "--sortie", "t_%d_%d.png"}, "plus d'un numéro"},
+        {{"--tour", "oy-", "--sortie", "t_%d.gif"}, "ne convient pas"},
+        {{"--tour", "oy-", "--sortie", "t_%d.bmp"}, "ne convient pas"},
+        {{"--tour", "oz+", "--sortie", "a.png"}, "un .gif, ou un nom numéroté"},
+        {{"--tour", "oz+", "--sortie", "a.bmp"}, ".gif pour l'animation"},
+        {{"--sortie", "a.gif"}, "ajoutez --tour"},
+        {{"--tour", "oz+", "--sortie", "absent/a.gif"}, "« absent » n'existe pas"},
+        {{"--tour", "oz+", "--sortie", "absent/t_%d.png"}, "« absent » n'existe pas"},
+        {{"--tour", "oz+", "--sortie", "essai.lsu/t_%d.png"}, "essai.lsu"},
+    };
+    for (const Cas& c : cas)
+        refuse(QStringList{"--dossier", ici, "--catalogue", "essai.lsu", "--entree", "1"} + c.arguments, c.message);
+    // A catalogue named like a picture of the series is never replaced.
+    fs::copy_file(dossier_ / "essai.lsu", dossier_ / "t_3.txt");
+    refuse({"--dossier", ici, "--catalogue", "t_3.txt", "--entree", "1", "--tour", "oz-", "--sortie", "t_%d.txt"},
+           "est aussi lu par cette commande");
+    // A disk that fills up on the way: no picture of the series and no GIF
+    // is written, the previous files stay.
+    QProcessEnvironment plein = QProcessEnvironment::systemEnvironment();
+    plein.insert("VELORIN_ESSAI_DISQUE_PLEIN", "3000");
+    ecris("t_01.png", "ancienne image\n");
+    ecris("b.gif", "ancienne animation\n");
+    for (const char* sortie : {"t_%02d.png", "b.gif"})
+        refuse({"--dossier", ici, "--catalogue", "essai.lsu", "--entree", "2", "--tour", "oz+", "--sortie", sortie},
+               "le disque est plein", plein);
+    EXPECT_EQ(contenu("t_01.png"), "ancienne image\n");
+    EXPECT_EQ(contenu("b.gif"), "ancienne animation\n");
 }
 
 }  // namespace

@@ -172,5 +172,94 @@ TEST(RotationTete, HeadTurnEndsAtZero)
     }
 }
 
+// The redraws of a whole turn: about an axis, each on the circle of that
+// axis (third coordinate kept, radius kept, looking at the origin), 5 degrees
+// apart in the sense of the menu entry, the first at the start angle and one
+// more redraw on the restored viewer; the head, 1000 ms apart, Rotadir moving
+// by the "+p"/"-p" step plus 9 degrees, the viewer untouched.
+TEST(RotationSuite, EveryRedrawOfAFullTurn)
+{
+    struct Cas {
+        const char* nom;
+        double x, y;
+        float z;
+        double premierX, premierY;  // viewer of the first redraw (about Oz)
+    };
+    const Cas
+        cas[] =
+            {
+                {"oz+", 10, 0, 7.5f, 10, 0}, {"OZ-", 10, 0, 7.5f, 10, 0}, {"oy+", 6, 2, 8, 6, 2},
+                {"oy-", 6, 2, 8, 6, 2},      {"ox+", 3, 4, 4, 3, 4},      {"ox-", 3, 4, 4, 3, 4},
+                {"oz+", -10, 0, 1, 10, 0},  // no quadrant correction: the first redraw jumps to the other side
+            };
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(c.nom);
+        const int index = tourDeNom(c.nom);
+        ASSERT_GE(index, 0);
+        const int sens = index % 2 == 0 ? 1 : -1;
+        const Axe axe = index < 2 ? Axe::Oz : index < 4 ? Axe::Oy : Axe::Ox;
+        const SuiteDuTour s = suiteDuTour(viseur(c.x, c.y, c.z), EtatRotation{}, index, 1.0);
+        EXPECT_EQ(s.intervalleMs, 500);
+        ASSERT_GE(s.vues.size(), 74u);
+        ASSERT_LE(s.vues.size(), 75u);
+        const VueDuTour& fin = s.vues.back();
+        EXPECT_EQ(fin.Xviseur, c.x);
+        EXPECT_EQ(fin.Yviseur, c.y);
+        EXPECT_EQ(fin.Zviseur, c.z);
+        if (axe == Axe::Oz) {
+            EXPECT_NEAR(s.vues[0].Xviseur, c.premierX, 1e-12);
+            EXPECT_NEAR(s.vues[0].Yviseur, c.premierY, 1e-12);
+        }
+        double anglePrec = 0;
+        for (std::size_t i = 0; i + 1 < s.vues.size(); ++i) {
+            const VueDuTour& v = s.vues[i];
+            EXPECT_EQ(v.Xdirection, -v.Xviseur);
+            EXPECT_EQ(v.Zdirection, -double(v.Zviseur));
+            const double a = axe == Axe::Ox ? v.Yviseur : v.Xviseur;
+            const double b = axe == Axe::Oz ? v.Yviseur : double(v.Zviseur);
+            const double fixe = axe == Axe::Oz ? double(v.Zviseur) : axe == Axe::Oy ? v.Yviseur : v.Xviseur;
+            EXPECT_EQ(fixe, axe == Axe::Oz ? double(c.z) : axe == Axe::Oy ? c.y : c.x);
+            EXPECT_NEAR(std::hypot(a, b), std::hypot(axe == Axe::Ox ? c.y : c.x, axe == Axe::Oz ? c.y : c.z), 1e-5);
+            const double angle = std::atan2(b, a);
+            if (i > 0) {
+                EXPECT_NEAR(std::remainder(angle - anglePrec, 2 * M_PI), sens * a5, 1e-6) << i;
+            }
+            anglePrec = angle;
+        }
+    }
+    for (const char* nom : {"vision+", "vision-"}) {
+        SCOPED_TRACE(nom);
+        const int sens = nom[6] == '+' ? 1 : -1;
+        Parametres depart = viseur(10, 2, 3);
+        depart.Rotadir = 2;
+        const SuiteDuTour s = suiteDuTour(depart, EtatRotation{}, tourDeNom(nom), 1.0);
+        EXPECT_EQ(s.intervalleMs, 1000);
+        // 5 + 9 degrees a tick: 25 ticks stay within the turn, the 26th ends it.
+        ASSERT_EQ(s.vues.size(), 25u);
+        for (std::size_t i = 0; i < s.vues.size(); ++i) {
+            EXPECT_NEAR(s.vues[i].Rotadir, sens * (i + 1.0) * (a5 + rotaPI / 20), 1e-12);
+            EXPECT_EQ(s.vues[i].Xviseur, 10);
+            EXPECT_EQ(s.vues[i].Zviseur, 3);
+        }
+    }
+    // A step that cancels the head's own 9 degrees never ends the turn.
+    EXPECT_EQ(suiteDuTour(viseur(1, 1, 1), EtatRotation{}, 6, -1.8, 40).vues.size(), 40u);
+    EXPECT_TRUE(suiteDuTour(viseur(1, 1, 1), EtatRotation{}, 8, 1.0).vues.empty());
+}
+
+TEST(RotationSuite, NamesOfTheTurns)
+{
+    const std::pair<const char*, int> cas[] = {{"oz+", 0}, {"Oz-", 1},     {"oy+", 2},     {"OY-", 3}, {"ox+", 4},
+                                               {"ox-", 5}, {"vision+", 6}, {"Vision-", 7}, {"oz", -1}, {"vision", -1},
+                                               {"", -1},   {"oz+ ", -1},   {"ow+", -1}};
+    for (auto [nom, index] : cas) {
+        EXPECT_EQ(tourDeNom(nom), index) << nom;
+        if (index >= 0) {
+            EXPECT_EQ(tourDeNom(nomDuTour(index)), index) << nom;
+        }
+    }
+    EXPECT_STREQ(nomDuTour(8), "");
+}
+
 }  // namespace
 }  // namespace velorin

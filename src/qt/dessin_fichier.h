@@ -1,0 +1,36 @@
+// Drawing into a file: a picture of a given size in pixels drawn in memory in
+// one of the output formats, then its bytes handed to a file being written
+// whole (EcritureEntiere). The single export and the per-tick files of an
+// animated turn both go through here.
+#pragma once
+#include <QImage>
+#include <functional>
+#include <string>
+
+#include "base/ecriture.h"
+#include "base/erreur.h"
+#include "view/surface.h"
+
+namespace velorin {
+
+// The output formats, from the extension of the output file (case ignored).
+enum class FormatSortie { Png, Svg, Pdf, Texte, Gif, Inconnu };
+FormatSortie formatSortie(const std::string& chemin);
+
+// What a picture holds, drawn on the surface it is given (W x H twips of
+// the picture's size at 96 dpi).
+using DessinSurface = std::function<Erreur(Surface&)>;
+
+// Draws `dessin` in a picture of largeurPx x hauteurPx in `format` (PNG,
+// SVG, PDF or the recording surface's journal) and writes it into `fichier`,
+// which the caller then finishes (termine) or drops. `titre` is the SVG
+// title. The drawing's own failure comes back as it is; a failure of the
+// painter names fichier.cible().
+Erreur dessineDansFichier(EcritureEntiere& fichier, FormatSortie format, int largeurPx, int hauteurPx,
+                          const std::string& titre, const DessinSurface& dessin);
+
+// Draws `dessin` over the whole of `image` (made by imagePourSurface); a
+// failure of the painter names `cible`.
+Erreur dessineSurImage(QImage& image, const DessinSurface& dessin, const std::string& cible);
+
+}  // namespace velorin

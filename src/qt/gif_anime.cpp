@@ -1,0 +1,243 @@
+#include "qt/gif_anime.h"
+
+#include <algorithm>
+#include <cstring>
+#include <unordered_map>
+#include <vector>
+
+#include "base/texte_sur.h"
+
+namespace velorin {
+
+namespace {
+
+struct Rectangle {
+    int x = 0, y = 0, l = 0, h = 0;
+};
+
+// Where `image` differs from `avant` (same size, 32-bit pixels); empty when
+// they are the same.
+Rectangle difference(const QImage& avant, const QImage& image)
+{
+    const int L = image.width(), H = image.height();
+    int y0 = 0, y1 = H - 1;
+    const std::size_t octets = std::size_t(L) * 4;
+    auto ligneEgale = [&](int y) { return std::memcmp(avant.constScanLine(y), image.constScanLine(y), octets) == 0; };
+    while (y0 < H && ligneEgale(y0))
+        ++y0;
+    if (y0 == H)
+        return {};
+    while (y1 > y0 && ligneEgale(y1))
+        --y1;
+    int x0 = L, x1 = -1;
+    for (int y = y0; y <= y1; ++y) {
+        const auto* a = reinterpret_cast<const QRgb*>(avant.constScanLine(y));
+        const auto* b = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        int g = 0;
+        while (g < x0 && a[g] == b[g])
+            ++g;
+        x0 = std::min(x0, g);
+        int d = L - 1;
+        while (d > x1 && a[d] == b[d])
+            --d;
+        x1 = std::max(x1, d);
+    }
+    return {x0, y0, x1 - x0 + 1, y1 - y0 + 1};
+}
+
+// The palette of a rectangle and each of its colours' index in it.
+struct Palette {
+    std::vector<std::uint32_t> couleurs;             // 0xRRGGBB
+    std::unordered_map<std::uint32_t, int> indices;  // every colour of the rectangle
+};
+
+Palette palette(const QImage& image, const Rectangle& r)
+{
+    // Counted by runs: a drawing is mostly long runs of one colour.
+    std::unordered_map<std::uint32_t, std::size_t> comptes;
+    comptes.reserve(1024);
+    for (int y = r.y; y < r.y + r.h; ++y) {
+        const auto* p = reinterpret_cast<const QRgb*>(image.constScanLine(y)) + r.x;
+        std::uint32_t c = p[0] & 0xFFFFFF;
+        std::size_t suite = 0;
+        for (int x = 0; x < r.l; ++x) {
+            const std::uint32_t v = p[x] & 0xFFFFFF;
+            if (v != c) {
+                comptes[c] += suite;
+                c = v;
+                suite = 0;
+            }
+            ++suite;
+        }
+        comptes[c] += suite;
+    }
+    std::vector<std::pair<std::size_t, std::uint32_t>> parFrequence;
+    parFrequence.reserve(comptes.size());
+    for (const auto& [c, n] : comptes)
+        parFrequence.emplace_back(n, c);
+    // Most frequent first; equal counts by colour, so that the file does not
+    // depend on the hash table's order.
+    std::sort(parFrequence.begin(), parFrequence.end(), [](const auto& a, const auto& b) {
+        return a.first != b.first ? a.first > b.first : a.second < b.second;
+    });
+    // The most frequent colours first (the background, the curves' own
+    // colours), then, one by one, the colour farthest from every colour
+    // chosen so far: the rarer blends of the anti-aliasing keep a close
+    // colour each.
+    Palette pal;
+    auto ecart = [](std::uint32_t a, std::uint32_t b) {
+        const int dr = int(a >> 16) - int(b >> 16), dv = int((a >> 8) & 0xFF) - int((b >> 8) & 0xFF),
+                  db = int(a & 0xFF) - int(b & 0xFF);
+        return dr * dr + dv * dv + db * db;
+    };
+    const std::size_t n = parFrequence.size();
+    const std::size_t frequentes = n <= 256 ? n : 128;
+    std::vector<int> proche(n, 0), distance(n, 0);  // nearest colour chosen so far, and how far
+    auto choisis = [&](std::size_t i) {
+        const int index = int(pal.couleurs.size());
+        const std::uint32_t c = parFrequence[i].second;
+        pal.couleurs.push_back(c);
+        pal.indices[c] = index;
+        for (std::size_t k = 0; k < n; ++k) {
+            const int e = ecart(parFrequence[k].second, c);
+            if (index == 0 || e < distance[k]) {
+                distance[k] = e;
+                proche[k] = index;
+            }
+        }
+    };
+    for (std::size_t i = 0; i < frequentes; ++i)
+        choisis(i);
+    while (pal.couleurs.size() < 256) {
+        const std::size_t loin = std::size_t(std::max_element(distance.begin(), distance.end()) - distance.begin());
+        if (distance[loin] == 0)
+            break;
+        choisis(loin);
+    }
+    for (std::size_t k = 0; k < n; ++k)
+        pal.indices.emplace(parFrequence[k].second, proche[k]);
+    return pal;
+}
+
+}  // namespace
+
+int GifAnime::ecritOctets(GifFileType* gif, const GifByteType* octets, int n)
+{
+    auto* moi = static_cast<GifAnime*>(gif->UserData);
+    if (moi->fichier_.ecris(std::string_view(reinterpret_cast<const char*>(octets), std::size_t(n))))
+        return n;
+    moi->ecritureEchouee_ = true;
+    return 0;
+}
+
+GifAnime::GifAnime(EcritureEntiere& fichier, int largeur, int hauteur)
+    : fichier_(fichier), largeur_(largeur), hauteur_(hauteur)
+{
+    int code = 0;
+    gif_ = EGifOpen(this, ecritOctets, &code);
+    if (!gif_) {
+        erreur_ = echec("l'ouverture");
+        return;
+    }
+    EGifSetGifVersion(gif_, true);
+    if (EGifPutScreenDesc(gif_, largeur, hauteur, 8, 0, nullptr) == GIF_ERROR) {
+        erreur_ = echec("l'en-tête");
+        return;
+    }
+    // The application block that makes viewers loop for ever (count 0).
+    static const GifByteType application[] = {'N', 'E', 'T', 'S', 'C', 'A', 'P', 'E', '2', '.', '0'};
+    static const GifByteType boucle[] = {1, 0, 0};
+    if (EGifPutExtensionLeader(gif_, APPLICATION_EXT_FUNC_CODE) == GIF_ERROR ||
+        EGifPutExtensionBlock(gif_, sizeof application, application) == GIF_ERROR ||
+        EGifPutExtensionBlock(gif_, sizeof boucle, boucle) == GIF_ERROR || EGifPutExtensionTrailer(gif_) == GIF_ERROR)
+        erreur_ = echec("l'en-tête");
+}
+
+GifAnime::~GifAnime()
+{
+    if (gif_)
+        EGifCloseFile(gif_, nullptr);
+}
+
+Erreur GifAnime::echec(const char* etape)
+{
+    // A write that failed says why itself (a full disk...); the file is then
+    // left unwritten.
+    if (ecritureEchouee_) {
+        if (auto erreur = fichier_.termine())
+            return erreur;
+    }
+    return "Impossible d'écrire " + texteCite(fichier_.cible()) + " : le codage GIF a échoué (" + etape + ").";
+}
+
+Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
+{
+    if (erreur_)
+        return erreur_;
+    const QImage image =
+        source.format() == QImage::Format_RGB32 ? source : source.convertToFormat(QImage::Format_RGB32);
+    if (image.width() != largeur_ || image.height() != hauteur_)
+        return erreur_ = echec("une image d'une autre taille");
+    Rectangle r{0, 0, largeur_, hauteur_};
+    if (!precedente_.isNull()) {
+        r = difference(precedente_, image);
+        // A picture like the one before still needs its place in the
+        // animation, for its delay: one unchanged pixel.
+        if (r.l == 0)
+            r = {0, 0, 1, 1};
+    }
+    const Palette pal = palette(image, r);
+    int taillePalette = 2;
+    while (taillePalette < int(pal.couleurs.size()))
+        taillePalette *= 2;
+    std::vector<GifColorType> couleurs(std::size_t(taillePalette), GifColorType{0, 0, 0});
+    for (std::size_t i = 0; i < pal.couleurs.size(); ++i)
+        couleurs[i] = {GifByteType(pal.couleurs[i] >> 16), GifByteType(pal.couleurs[i] >> 8),
+                       GifByteType(pal.couleurs[i])};
+    ColorMapObject* carte = GifMakeMapObject(taillePalette, couleurs.data());
+    if (!carte)
+        return erreur_ = echec("la palette");
+    GraphicsControlBlock gcb{};
+    gcb.DisposalMode = DISPOSE_DO_NOT;
+    gcb.UserInputFlag = false;
+    gcb.DelayTime = (delaiMs + 5) / 10;
+    gcb.TransparentColor = NO_TRANSPARENT_COLOR;
+    GifByteType extension[4];
+    const std::size_t longueur = EGifGCBToExtension(&gcb, extension);
+    bool bon = EGifPutExtension(gif_, GRAPHICS_EXT_FUNC_CODE, int(longueur), extension) != GIF_ERROR &&
+               EGifPutImageDesc(gif_, r.x, r.y, r.l, r.h, false, carte) != GIF_ERROR;
+    GifFreeMapObject(carte);
+    std::vector<GifPixelType> ligne(std::size_t(r.l));
+    for (int y = r.y; bon && y < r.y + r.h; ++y) {
+        const auto* p = reinterpret_cast<const QRgb*>(image.constScanLine(y)) + r.x;
+        std::uint32_t derniere = ~0u;
+        GifPixelType index = 0;
+        for (int x = 0; x < r.l; ++x) {
+            const std::uint32_t c = p[x] & 0xFFFFFF;
+            if (c != derniere) {
+                derniere = c;
+                index = GifPixelType(pal.indices.at(c));
+            }
+            ligne[std::size_t(x)] = index;
+        }
+        bon = EGifPutLine(gif_, ligne.data(), r.l) != GIF_ERROR;
+    }
+    if (!bon)
+        return erreur_ = echec("une image");
+    precedente_ = image.copy();
+    return {};
+}
+
+Erreur GifAnime::termine()
+{
+    if (erreur_)
+        return erreur_;
+    int code = 0;
+    const int fin = EGifCloseFile(gif_, &code);
+    gif_ = nullptr;
+    if (fin == GIF_ERROR)
+        return erreur_ = echec("la fin");
+    return {};
+}
+
+}  // namespace velorin

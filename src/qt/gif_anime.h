@@ -1,0 +1,48 @@
+// Writing an animated GIF picture by picture (giflib), into a file being
+// written whole: the pictures are drawn one after the other into the same
+// image and each is added as it comes, so that a long animation never holds
+// more than two pictures in memory.
+//
+// Each picture after the first is stored as the rectangle where it differs
+// from the one before, left in place underneath (GIF's "do not dispose"): a
+// turning drawing on a still background then costs only its own area. Each
+// stored rectangle has its own palette: its colours exactly when there are
+// at most 256 of them, otherwise its 256 most frequent colours, every other
+// colour shown as the nearest of those. The animation loops for ever.
+#pragma once
+#include <QImage>
+#include <gif_lib.h>
+
+#include "base/ecriture.h"
+#include "base/erreur.h"
+
+namespace velorin {
+
+class GifAnime {
+public:
+    // Starts the file in `fichier` (which must outlive this object) for
+    // pictures of largeur x hauteur pixels.
+    GifAnime(EcritureEntiere& fichier, int largeur, int hauteur);
+    ~GifAnime();
+    GifAnime(const GifAnime&) = delete;
+    GifAnime& operator=(const GifAnime&) = delete;
+
+    // Adds a picture of the size given at the start, shown for `delaiMs`
+    // (GIF keeps hundredths of a second).
+    Erreur ajoute(const QImage& image, int delaiMs);
+    // Ends the GIF data; the caller then finishes `fichier`. The first
+    // failure met since the start, if any.
+    Erreur termine();
+
+private:
+    static int ecritOctets(GifFileType* gif, const GifByteType* octets, int n);
+    Erreur echec(const char* etape);
+    EcritureEntiere& fichier_;
+    GifFileType* gif_ = nullptr;
+    int largeur_, hauteur_;
+    QImage precedente_;  // the picture as a viewer shows it after the last one added
+    Erreur erreur_;
+    bool ecritureEchouee_ = false;
+};
+
+}  // namespace velorin

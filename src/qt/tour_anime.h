@@ -1,0 +1,46 @@
+// The full turn drawn at once, without waiting for the timers: every redraw
+// the timers would make (same viewing values, same end), each drawn as the
+// window's redraw does it (view set-up, clearing, frame, then the curves),
+// into an animated GIF or one numbered file per redraw. The command line and
+// the window's "Exporter" menu both export through here.
+#pragma once
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/erreur.h"
+#include "plot/etat.h"
+#include "view/rotation.h"
+#include "view/surface.h"
+
+namespace velorin {
+
+struct DemandeTour {
+    int tour = 0;          // index in the "Tour complet" menu (0..7, see nomDuTour)
+    double pasTete = 1.0;  // the "+p"/"-p" step that the head turn also applies
+    // "anim.gif", or a numbered name ("images/tour_%03d.png", .svg, .pdf or
+    // .txt), numbered from 1.
+    std::string sortie;
+    int largeurPx = 1024, hauteurPx = 768;
+    std::string titre;             // title of SVG files
+    std::vector<std::string> lus;  // the files this export reads: never replaced
+};
+
+struct ResultatTour {
+    Erreur erreur;
+    int images = 0;             // redraws written
+    std::string avertissement;  // ranges refused and reset during the turn
+};
+
+// What a redraw draws after the clearing and the frame: the curves.
+using DessinCourbes = std::function<Erreur(Etat&, Surface&)>;
+
+// Draws every redraw of the turn started from `etat` and `rotation` and
+// writes them: all the files whole, or none (every file is drawn to its
+// temporary first, the names take their places only when all are drawn).
+// The output and each numbered name are checked before anything is drawn.
+// Afterwards etat holds the viewing values and view of the last redraw.
+ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const DemandeTour& demande,
+                         const DessinCourbes& courbes);
+
+}  // namespace velorin
