@@ -53,9 +53,9 @@ set(CPACK_PACKAGE_DESCRIPTION
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION math)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The libraries come from dpkg-shlibdeps; the platform plugins and the
-# French translations of Qt's standard dialogs are not libraries it sees.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6gui6, libqt6svg6")
+# The libraries come from dpkg-shlibdeps (Debian's libqt6gui6 holds the X11
+# platform plugin too); the French translations of Qt's standard dialogs
+# and the Wayland plugin are not libraries it sees.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, qt6-wayland")
 set(CPACK_STRIP_FILES ON)
 include(CPack)

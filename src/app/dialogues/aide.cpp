@@ -31,8 +31,12 @@ Aide::Aide(const QString& pageAccueil, QWidget* parent) : QDialog(parent)
     connect(Command4, &QPushButton::clicked, this, &QDialog::accept);
     connect(Text1, &QTextBrowser::backwardAvailable, Command2, &QPushButton::setEnabled);
     connect(Text1, &QTextBrowser::forwardAvailable, Command3, &QPushButton::setEnabled);
-    connect(Text1, &QTextBrowser::sourceChanged, this,
-            [this] { setWindowTitle(QStringLiteral("Aide de Velorin - ") + Text1->documentTitle()); });
+    // The caption names the page shown, unless it is the contents page
+    // whose title is the caption itself.
+    connect(Text1, &QTextBrowser::sourceChanged, this, [this] {
+        const QString titre = Text1->documentTitle(), aide = QStringLiteral("Aide de Velorin");
+        setWindowTitle(titre.isEmpty() || titre == aide ? aide : aide + QStringLiteral(" - ") + titre);
+    });
 
     auto* boutons = new QHBoxLayout;
     boutons->addWidget(Command1);
