@@ -1,9 +1,9 @@
 #include "app/dialogues/aide.h"
 
-#include <QHBoxLayout>
 #include <QPushButton>
 #include <QTextBrowser>
-#include <QVBoxLayout>
+
+#include "app/dialogues/mise_en_page.h"
 
 namespace velorin {
 
@@ -38,15 +38,7 @@ Aide::Aide(const QString& pageAccueil, QWidget* parent) : QDialog(parent)
         setWindowTitle(titre.isEmpty() || titre == aide ? aide : aide + QStringLiteral(" - ") + titre);
     });
 
-    auto* boutons = new QHBoxLayout;
-    boutons->addWidget(Command1);
-    boutons->addWidget(Command2);
-    boutons->addWidget(Command3);
-    boutons->addStretch();
-    boutons->addWidget(Command4);
-    auto* tout = new QVBoxLayout(this);
-    tout->addWidget(Text1);
-    tout->addLayout(boutons);
+    disposeDialogue(this, {Text1}, {Command1, Command2, Command3}, {Command4});
     resize(std::max(parent ? parent->width() * 2 / 3 : 0, 760), std::max(parent ? parent->height() * 3 / 4 : 0, 560));
     Text1->setSource(QUrl::fromLocalFile(pageAccueil));
 }

@@ -1,10 +1,10 @@
 #include "app/dialogues/apropos.h"
 
 #include <QFont>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
+
+#include "app/dialogues/mise_en_page.h"
 
 namespace velorin {
 
@@ -47,17 +47,7 @@ APropos::APropos(const QString& version, Boites boites, Programmes programmes, Q
     connect(Command1, &QPushButton::clicked, this, &QDialog::accept);
     connect(Command2, &QPushButton::clicked, this, &APropos::Command2_Click);
 
-    auto* boutons = new QHBoxLayout;
-    boutons->addWidget(Command2);
-    boutons->addStretch();
-    boutons->addWidget(Command1);
-    auto* tout = new QVBoxLayout(this);
-    tout->addWidget(Label1);
-    tout->addWidget(Label2);
-    tout->addSpacing(8);
-    tout->addWidget(Label3);
-    tout->addStretch();
-    tout->addLayout(boutons);
+    disposeDialogue(this, {Label1, Label2, Label3}, {Command2}, {Command1});
     setMinimumWidth(420);
 }
 

@@ -1,10 +1,10 @@
 #include "app/dialogues/installation.h"
 
 #include <QDir>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
+
+#include "app/dialogues/mise_en_page.h"
 
 namespace velorin {
 
@@ -57,13 +57,7 @@ Installation::Installation(const Emplacements& lieux, Boites boites, Programmes 
     connect(Command1, &QPushButton::clicked, this, &Installation::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
 
-    auto* boutons = new QHBoxLayout;
-    boutons->addStretch();
-    boutons->addWidget(Command1);
-    boutons->addWidget(Command2);
-    auto* tout = new QVBoxLayout(this);
-    tout->addWidget(Label1);
-    tout->addLayout(boutons);
+    disposeDialogue(this, {Label1}, {}, {Command1, Command2});
     setMinimumWidth(520);
 }
 
