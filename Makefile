@@ -2,7 +2,8 @@
 #   make run   installs what is missing, builds in Release and starts velorin
 #   make test  installs what is missing, builds and runs every test
 # (plus the sanitizer build of the core tests, through the portable loops of
-# the compiled formulas).
+# the compiled formulas). And the Debian package:
+#   make paquet  builds $(BUILD)/velorin_<version>_<arch>.deb
 
 BUILD      ?= build
 BUILD_SAN  ?= build-san
@@ -10,14 +11,14 @@ JOBS       ?= $(shell nproc)
 SUDO       := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
 PAQUETS := cmake g++ make pkg-config qt6-base-dev qt6-svg-dev qt6-translations-l10n \
-           libgtest-dev libgmock-dev libgif-dev
+           libgtest-dev libgmock-dev libgif-dev desktop-file-utils appstream dpkg-dev
 # Only the benchmarks (bench/) and the screenshot script need these.
 PAQUETS_BANC    := libbenchmark-dev libmuparser-dev
 PAQUETS_CAPTURE := xvfb xauth xdotool imagemagick
 # A package is missing when dpkg does not report it installed.
 MANQUANTS = $(shell for p in $(PAQUETS); do dpkg-query -W -f='$${Status}\n' $$p 2>/dev/null | grep -q 'install ok installed' || echo $$p; done)
 
-.PHONY: deps build run test bench capture clean
+.PHONY: deps build run test paquet bench capture clean
 
 deps:
 	@m="$(MANQUANTS)"; if [ -n "$$m" ]; then \
@@ -42,6 +43,9 @@ test: build
 	cmake -S . -B $(BUILD_SAN) -DCMAKE_BUILD_TYPE=Debug -DVELORIN_SANITIZE=ON -DVELORIN_PORTABLE=ON
 	cmake --build $(BUILD_SAN) -j $(JOBS) --target core_tests
 	cd $(BUILD_SAN) && ctest --output-on-failure -j $(JOBS)
+
+paquet: build
+	cd $(BUILD) && cpack -G DEB
 
 bench: PAQUETS += $(PAQUETS_BANC)
 bench: deps

@@ -106,8 +106,14 @@ int commandeExporte(int argc, char** argv)
 
     const char* sousDossier = nomsDossiers[d.espace ? 0 : 2];
     const bool dossierDonne = !dossier.empty();
-    if (!dossierDonne)
-        dossier = dossierExecutable() + sousDossier;
+    const Emplacements lieux = emplacements();
+    if (!dossierDonne) {
+        // The user's folders, made and filled from the factory files the
+        // first time (nothing the user has is replaced).
+        if (auto echec = prepareDossiers(lieux.appli, lieux.usine))
+            return erreur(echec.message());
+        dossier = (fs::path(lieux.appli.toStdString()) / sousDossier).string();
+    }
     fs::path chemin(catalogue);
     // The folder is checked when it is named or used: a relative catalogue
     // name is read in it.
@@ -122,7 +128,7 @@ int commandeExporte(int argc, char** argv)
     // the factory file, else the built-in values.
     if (!parametresDonnes) {
         for (const fs::path& p : {chemin.parent_path() / nomFichierMemoire(true),
-                                  fs::path(dossierExecutable()) / "usine" / sousDossier / nomFichierMemoire(true)}) {
+                                  fs::path(lieux.usine.toStdString()) / sousDossier / nomFichierMemoire(true)}) {
             std::error_code ec;
             if (fs::is_regular_file(p, ec)) {
                 d.parametres = p.string();

@@ -192,11 +192,4 @@ void assureApplication()
     new QGuiApplication(argc, argv);
 }
 
-std::string dossierExecutable()
-{
-    std::error_code ec;
-    const fs::path exe = fs::read_symlink("/proc/self/exe", ec);
-    return ec ? std::string("./") : exe.parent_path().string() + "/";
-}
-
 }  // namespace velorin

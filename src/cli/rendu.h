@@ -49,7 +49,4 @@ ResultatRendu rendu(const DemandeRendu& demande);
 // work without a display. The application lives until the end of the process.
 void assureApplication();
 
-// Folder of the running executable (with a final '/').
-std::string dossierExecutable();
-
 }  // namespace velorin

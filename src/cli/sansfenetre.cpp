@@ -66,15 +66,15 @@ Erreur planche(const std::vector<std::string>& images, const std::vector<std::st
     return ecrisPngRapide(feuille, sortie);
 }
 
-// The gallery's catalogue: the user's one beside the executable, else the
-// factory one.
-std::string catalogueGalerie(const std::string& base, const Galerie& g)
+// The gallery's catalogue: the user's one in the application folder, else
+// the factory one.
+std::string catalogueGalerie(const Emplacements& lieux, const Galerie& g)
 {
-    const std::string utilisateur = (fs::path(base) / g.dossier / g.fichier).string();
+    const std::string utilisateur = (fs::path(lieux.appli.toStdString()) / g.dossier / g.fichier).string();
     std::error_code ec;
     if (fs::exists(utilisateur, ec) || ec)
         return utilisateur;
-    return (fs::path(base) / "usine" / g.dossier / g.fichier).string();
+    return (fs::path(lieux.usine.toStdString()) / g.dossier / g.fichier).string();
 }
 
 // Failures go to the error output, the list of what was drawn to the output.
@@ -88,14 +88,14 @@ void signale(const std::string& texte)
 int commandeSansFenetre(int, char**)
 {
     assureApplication();
-    const std::string base = dossierExecutable();
-    const fs::path apercus = fs::path(base) / "Apercus";
+    const Emplacements lieux = emplacements();
+    const fs::path apercus = fs::path(lieux.appli.toStdString()) / "Apercus";
     const Galerie galeries[] = {{true, nomsDossiers[0], "Lisurf.lsu", "espace"},
                                 {false, nomsDossiers[2], "Lico.lsu", "plan"}};
     std::printf("Pas de fenêtre : les galeries sont dessinées dans des images PNG.\n");
     int statut = 0;
     for (const Galerie& g : galeries) {
-        const std::string catalogue = catalogueGalerie(base, g);
+        const std::string catalogue = catalogueGalerie(lieux, g);
         Catalogue cat;
         Erreur echec = verifieFichierLisible(catalogue, "Le catalogue");
         if (!echec)

@@ -157,14 +157,14 @@ void Mirado::creeMenus()
     mnutra.push_back(article(mnutrace, "Liste des courbes tracées"));
     relie(mnutra[0], &Mirado::mnutra_Click, 0);
 
-    // IMPRIMER, Mémorisation, ? : come later.
+    // IMPRIMER, Mémorisation: come later.
     mnup = barre->addMenu(QStringLiteral("IMPRIMER"));
     mnuip = article(mnup, "LE GRAPHIQUE", rien, false);
     mnuipcop = article(mnup, "Copie d'écran", rien, false);
     mnumemo = barre->addMenu(QStringLiteral("Mémorisation"));
     tableau(mnumemfig, mnumemo, {"Sauver cet écran", "Lire un écran mémorisé"}, aucun, {}, false);
     mnua = barre->addMenu(QStringLiteral("?"));
-    tableau(mnuaide, mnua, {"A propos ", "Fichiers d'aide"}, aucun, {}, false);
+    tableau(mnuaide, mnua, {"A propos ", "Fichiers d'aide"}, &Mirado::mnuaide_Click);
     tableau(mnuaf, mnua,
             {"Click sur Ecran", "Si repère espace ou plan", "      B central => paramétrage",
              "      B Central + Shift=>liste courbes tracées", "      B droit => menu Zoom ou points",

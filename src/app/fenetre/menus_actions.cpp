@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
-#include <QProcess>
 
 #include "app/dialogues/coli.h"
 #include "app/dialogues/couleurs.h"
@@ -68,9 +67,9 @@ void Mirado::mnustp_Click(int index)
     if (index != 0)
         return;
     // The companion program, when it is installed beside the executable.
-    const QString compagnon = QDir(dossierAppli).filePath(QStringLiteral("wemrab"));
-    if (QFileInfo(compagnon).isExecutable())
-        QProcess::startDetached(compagnon, {}, dossierAppli);
+    const QString compagnon = programmeDans(dossierAppli, QStringLiteral("wemrab"));
+    if (!compagnon.isEmpty())
+        programmes.lance(compagnon, {}, dossierAppli);
     echap_ = true;
     QApplication::quit();
 }

@@ -28,6 +28,7 @@
 
 #include "app/boites.h"
 #include "app/commandes/souris.h"
+#include "app/programmes.h"
 #include "plot/crochets.h"
 #include "plot/demande.h"
 #include "plot/etat.h"
@@ -64,6 +65,8 @@ public:
     Etat& etat;
     const Boites boites;
     const QString dossierAppli;
+    // The programs started by "Quitter" and the About box; a test replaces them.
+    Programmes programmes = Programmes::standard();
 
     // ---- Start-up, parameters and redraw (mirado.cpp)
     void debutravail();
@@ -112,6 +115,7 @@ public:
     void mnuipo_Click(int index);
     void mnutra_Click(int index);
     void mnuzo_Click(int index);
+    void mnuaide_Click(int index);  // 0 the About box, 1 the help browser (menus_aide.cpp)
 
     // ---- Sending entries to the drawing (mirado_trace.cpp)
     // Draws catalogue entry `numero` as a new curve. False when nothing was

@@ -1,0 +1,61 @@
+# Installation and the Debian package.
+#
+# Installed layout under the prefix:
+#   bin/velorin
+#   share/velorin/{Espace_courbes,Plan_courbes,Aide}/...   factory files, read
+#       by the program as ../share/velorin from its own folder
+#   share/applications/org.velorin.Velorin.desktop
+#   share/icons/hicolor/{scalable,NxN}/apps/org.velorin.Velorin.{svg,png}
+#   share/metainfo/org.velorin.Velorin.metainfo.xml
+#   share/man/{fr/,}man1/velorin.1
+include(GNUInstallDirs)
+
+set(VELORIN_ID org.velorin.Velorin)
+set(VELORIN_PAQUET ${CMAKE_SOURCE_DIR}/paquet)
+
+# PNG icons drawn from the SVG at build time.
+add_executable(icone_png tools/icone_png.cpp)
+target_link_libraries(icone_png PRIVATE Qt6::Gui Qt6::Svg)
+set(VELORIN_TAILLES_ICONE 16 24 32 48 64 128 256)
+set(VELORIN_ICONES ${CMAKE_BINARY_DIR}/icones)
+set(sorties_icones)
+foreach(t IN LISTS VELORIN_TAILLES_ICONE)
+  list(APPEND sorties_icones ${VELORIN_ICONES}/${t}x${t}/apps/${VELORIN_ID}.png)
+endforeach()
+add_custom_command(OUTPUT ${sorties_icones}
+  COMMAND icone_png ${VELORIN_PAQUET}/${VELORIN_ID}.svg ${VELORIN_ICONES} ${VELORIN_ID} ${VELORIN_TAILLES_ICONE}
+  DEPENDS icone_png ${VELORIN_PAQUET}/${VELORIN_ID}.svg
+  COMMENT "Icônes PNG de Velorin")
+add_custom_target(icones ALL DEPENDS ${sorties_icones})
+
+configure_file(${VELORIN_PAQUET}/${VELORIN_ID}.metainfo.xml.in ${CMAKE_BINARY_DIR}/${VELORIN_ID}.metainfo.xml @ONLY)
+
+install(TARGETS velorin RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+# The factory folder as the build made it (shipped parameter files, the
+# galleries written from their sources, the help pages).
+install(DIRECTORY $<TARGET_FILE_DIR:velorin>/usine/ DESTINATION ${CMAKE_INSTALL_DATADIR}/velorin)
+install(FILES ${VELORIN_PAQUET}/${VELORIN_ID}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${VELORIN_PAQUET}/${VELORIN_ID}.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(DIRECTORY ${VELORIN_ICONES}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+install(FILES ${CMAKE_BINARY_DIR}/${VELORIN_ID}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES ${VELORIN_PAQUET}/velorin.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/fr/man1)
+install(FILES ${VELORIN_PAQUET}/velorin.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+# The Debian package: `make paquet` (the target `package`).
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME velorin)
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_PACKAGE_CONTACT "Velorin <velorin@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "tracé de courbes et de surfaces dans le plan et dans l'espace")
+set(CPACK_PACKAGE_DESCRIPTION
+    "Velorin trace des courbes et des surfaces mathématiques, dans le plan et dans l'espace, à partir de formules tapées comme dans un cahier, rangées dans des catalogues. Interface et aide en français.")
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION math)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The libraries come from dpkg-shlibdeps (Debian's libqt6gui6 holds the X11
+# platform plugin too); the French translations of Qt's standard dialogs
+# and the Wayland plugin are not libraries it sees.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, qt6-wayland")
+set(CPACK_STRIP_FILES ON)
+include(CPack)
