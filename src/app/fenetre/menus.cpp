@@ -176,6 +176,11 @@ void Mirado::creeMenus()
             aucun);
     mnuaf[10]->setEnabled(false);
 
+    // Pruning and points in memory.
+    mnupara[8]->setEnabled(true);
+    relie(mnupara[8], &Mirado::mnupara_Click, 8);
+    mnuzo[5]->setEnabled(true);
+
     // Every menu and entry is named like its array; an entry's place in
     // its array is its "index".
     const std::pair<QMenu*, const char*> menus[] = {

@@ -273,6 +273,7 @@ void Mirado::mnupara_Click(int index)
         effaceEcran(etat, *surface_);
         montreProgres();
         break;
+    case 8: ouvreMenage(); break;
     default: break;
     }
 }
@@ -384,6 +385,8 @@ void Mirado::mnuzo_Click(int index)
 {
     if (index == 4)
         mnutra_Click(0);
+    if (index == 5)
+        ouvreLipo();
 }
 
 }  // namespace velorin
