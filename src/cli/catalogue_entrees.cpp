@@ -41,9 +41,10 @@ std::string ligneSansRemplissage(const std::string& ligne)
 // Why a typed text cannot go into a record as typed, or nothing.
 Erreur verifieTexte(const std::string& texte, const std::string& nom)
 {
-    for (unsigned char c : texte)
-        if (c < 32 || c == 127)
-            return nom + " " + texteCite(texte) +
+    // texteSur changes a text only to show its control characters (and bytes
+    // that are not UTF-8).
+    if (texteSur(texte) != texte)
+        return nom + " " + texteCite(texte) +
                    " contient un caractère de commande : il ne peut pas être enregistré.";
     // Every character of the record is one Windows-1252 byte: one that has
     // none would be stored as "?".

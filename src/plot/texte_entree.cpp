@@ -56,6 +56,8 @@ std::string texteEntree(int genre, bool modeEspace, const std::array<std::string
 {
     const std::vector<int> lues = boitesLues(genre, modeEspace);
     std::string texte;
+    if (lues.empty())
+        return texte;  // no editor writes this kind in this mode
     if (estGenreFonction(genre)) {
         // Each formula behind the prompt of its box, joined by "][".
         for (int b : lues)
