@@ -10,6 +10,8 @@
 #include "app/dialogues/couleurs.h"
 #include "app/dialogues/licou.h"
 #include "app/dialogues/param.h"
+#include "app/dialogues/ticar.h"
+#include "app/dialogues/tinu.h"
 #include "app/dialogues/tipara.h"
 #include "app/fenetre/mirado.h"
 #include "catalogue/catalogue.h"
@@ -155,8 +157,23 @@ void Mirado::crenouveau()
 
 void Mirado::mnutf_Click(int index)
 {
-    if (index > 4 || refuseSiOccupe())
+    if (index > 6 || refuseSiOccupe())
         return;
+    if (index == 5 || index == 6) {  // the cloud and the object editors
+        bool enregistre = false;
+        if (index == 5) {
+            Tinu tinu(etat.catalogue, etat.fenetre.modeEspace, boites, this);
+            tinu.exec();
+            enregistre = tinu.aEnregistre();
+        } else {
+            Ticar ticar(etat.catalogue, etat.fenetre.modeEspace, boites, this);
+            ticar.exec();
+            enregistre = ticar.aEnregistre();
+        }
+        if (enregistre)
+            afmenu();
+        return;
+    }
     Tipara editeur(etat.catalogue, etat.fenetre.modeEspace, index, boites, &etat, this);
     editeur.exec();
     if (editeur.aEnregistre())
