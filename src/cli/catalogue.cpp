@@ -24,6 +24,10 @@ const SousCommande sousCommandes[] = {
     {"liste", "FICHIER.lsu", catalogueListe},
     {"ajoute", "FICHIER.lsu --genre K [--plan] [--ligne N] TEXTE...", catalogueAjoute},
     // Points and pruning:
+    {"point", "FICHIER.lsu \"(x,y,z)\"", cataloguePoint},
+    {"relie", "FICHIER.lsu N M", catalogueRelie},
+    {"elimine", "FICHIER.lsu N...", catalogueElimine},
+    {"reduis", "FICHIER.lsu", catalogueReduis},
 };
 
 int usage(const char* raison)

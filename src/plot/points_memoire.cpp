@@ -3,8 +3,8 @@
 #include "base/texte_sur.h"
 #include "catalogue/cp1252.h"
 #include "engine/nombres.h"
-#include "engine/normalisation.h"
 #include "plot/demande.h"
+#include "plot/texte_entree.h"
 
 namespace velorin {
 
@@ -62,28 +62,11 @@ Erreur chargePoints(Catalogue& cat, std::vector<PointMemoire>& points)
     return erreur;
 }
 
-std::string textePoint(std::string_view coordonnees)
-{
-    std::string texte = "Point:[";
-    texte += sansBlancs(unifiecrochets(coordonnees));
-    texte += ']';
-    return texte;
-}
-
-std::string texteSegment(std::string_view pointA, std::string_view pointB)
-{
-    std::string texte = "Segment:[";
-    texte += champsEntree(genrePoint, std::string(pointA))[0];
-    texte += "][";
-    texte += champsEntree(genrePoint, std::string(pointB))[0];
-    texte += ']';
-    return texte;
-}
-
 Erreur creePoint(Catalogue& cat, std::string_view coordonnees, Enregistrement& resultat, FaconEcrire facon)
 {
-    resultat = {0, false, textePoint(coordonnees)};
-    if (sansBlancs(unifiecrochets(coordonnees)).empty())
+    const std::string piece(coordonnees);
+    resultat = {0, false, texteEntree(genrePoint, true, {}, {piece, "", ""})};
+    if (sansBlancs(pieceEntree(piece)).empty())
         return "Tapez les coordonnées du point, par exemple (1,2,3).";
     if (auto erreur = verifieLongueur(resultat.texte, facon))
         return erreur;
@@ -115,7 +98,10 @@ Erreur reliePoints(Catalogue& cat, NumeroLigne a, NumeroLigne b, Enregistrement&
             return "La ligne " + std::to_string(numeros[i]) + " du catalogue " + texteCite(cat.chemin) +
                    " n'est pas un point (genre " + std::to_string(points[i].typeFonction) + ").";
     }
-    resultat.texte = texteSegment(points[0].texte, points[1].texte);
+    // The two pieces are the points' coordinate texts.
+    resultat.texte =
+        texteEntree(genreSegment, true, {},
+                    {champsEntree(genrePoint, points[0].texte)[0], champsEntree(genrePoint, points[1].texte)[0], ""});
     if (auto erreur = verifieLongueur(resultat.texte, facon))
         return erreur;
     return ajoute(cat, genreSegment, resultat.texte, resultat, facon);

@@ -2,9 +2,9 @@
 // link two of them (kind 8): what the points dialog and the command line
 // list, create and link, with the same rules.
 //
-// A point is stored as "Point:[" + its coordinates + "]", the coordinates
-// as typed, brackets made round and outer blanks dropped ("[1, 2,3}" gives
-// "Point:[(1, 2,3)]"). A point already listed with the same text is not
+// A point is stored as the object editor stores it: "Point:[" + its
+// coordinates + "]", the coordinates as typed, brackets made round and outer
+// blanks dropped ("[1, 2,3}" gives "Point:[(1, 2,3)]"). A point already listed with the same text is not
 // stored twice; a new one is always appended. A segment is appended as
 // "Segment:[" A "][" B "]", A and B the coordinate texts of its two points.
 #pragma once
@@ -26,11 +26,6 @@ struct PointMemoire {
 // Reopens the catalogue and lists its points, in record order. When the
 // catalogue cannot be read, the points read so far and the message.
 Erreur chargePoints(Catalogue& cat, std::vector<PointMemoire>& points);
-
-// The entry text of the point typed as `coordonnees`.
-std::string textePoint(std::string_view coordonnees);
-// The entry text of the segment between two points, from their entry texts.
-std::string texteSegment(std::string_view pointA, std::string_view pointB);
 
 // How an entry is stored. The editors cut a text longer than a record holds
 // at 300 characters and write the record in place; the command line refuses
