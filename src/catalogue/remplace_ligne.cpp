@@ -11,7 +11,8 @@ namespace velorin {
 namespace {
 
 // Copies `octets` bytes of `source` (or all that is left when negative) into
-// `sortie`, through a buffer; false when fewer could be read or written.
+// `sortie`, through a buffer; false when fewer could be read. A failed write
+// stops the copy and is told by sortie.termine().
 bool copie(std::ifstream& source, EcritureEntiere& sortie, long long octets)
 {
     std::vector<char> tampon(1 << 16);
@@ -21,7 +22,7 @@ bool copie(std::ifstream& source, EcritureEntiere& sortie, long long octets)
         source.read(tampon.data(), voulu);
         const std::streamsize lus = source.gcount();
         if (lus > 0 && !sortie.ecris(std::string_view(tampon.data(), static_cast<std::size_t>(lus))))
-            return false;
+            return true;
         if (octets > 0)
             octets -= lus;
         if (lus < voulu)

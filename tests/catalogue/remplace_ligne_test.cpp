@@ -73,8 +73,17 @@ TEST_F(RemplaceLigne, UnEchecNeChangeRien)
     struct Cas {
         NumeroLigne n;
         long long disque;  // bytes before the simulated full disk, -1: none
+        const char* message;
     };
-    for (const Cas& c : {Cas{0, -1}, Cas{5, -1}, Cas{-2, -1}, Cas{2, 500}, Cas{4, 906}, Cas{1, 0}}) {
+    const Cas cas[] = {
+        {0, -1, "La ligne 0 ne peut pas être écrite"},
+        {5, -1, "La ligne 5 ne peut pas être écrite"},
+        {-2, -1, "La ligne -2 ne peut pas être écrite"},
+        {2, 500, "le disque est plein"},
+        {4, 906, "le disque est plein"},
+        {1, 0, "le disque est plein"},
+    };
+    for (const Cas& c : cas) {
         Catalogue cat;
         const std::string chemin = ecris("essai.lsu", depart);
         ASSERT_FALSE(ouvrirCatalogue(cat, chemin));
@@ -83,6 +92,7 @@ TEST_F(RemplaceLigne, UnEchecNeChangeRien)
         simuleDisquePlein(-1);
         EXPECT_TRUE(erreur) << c.n << " " << c.disque;
         EXPECT_NE(erreur.message().find("essai.lsu"), std::string::npos) << erreur.message();
+        EXPECT_NE(erreur.message().find(c.message), std::string::npos) << erreur.message();
         EXPECT_EQ(lis(chemin), depart) << c.n << " " << c.disque;
         EXPECT_EQ(cat.nbLignesCatalogue, 3);
         // Nothing is left beside the catalogue.

@@ -126,6 +126,9 @@ void Ticar::mnuf_Click(int index)
     genreCourbe_ = index + 5;
     for (int i = 0; i < 5; ++i)
         Frame1[i]->setVisible(i == index);
+    // The user types at once in the first box of the object.
+    const std::array<QLineEdit*, 5> premieres{Text1[0], Text2[0], Text3[0], Text4[0], Text4[2]};
+    premieres[static_cast<std::size_t>(index)]->setFocus();
     listerCatalogue();
 }
 
