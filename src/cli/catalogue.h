@@ -32,6 +32,11 @@ int echecCatalogue(const char* sousCommande, const std::string& message);
 // nothing is created), counting its records.
 Erreur ouvreCatalogueExistant(Catalogue& cat, const std::string& chemin);
 
+// Why a typed text cannot go into a record as typed (a control character,
+// a character without a Windows-1252 byte), or nothing. `nom` names the
+// text in the message, with its article ("Le point M").
+Erreur verifieTexte(const std::string& texte, const std::string& nom);
+
 // A record number typed by the user: digits only, 1 to `maximum`.
 Erreur lisNumeroLigne(const std::string& texte, NumeroLigne maximum, const Catalogue& cat, NumeroLigne& n);
 

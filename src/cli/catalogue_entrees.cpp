@@ -38,23 +38,6 @@ std::string ligneSansRemplissage(const std::string& ligne)
     return ligne.substr(0, 5) + texte + ligne.substr(crochet);
 }
 
-// Why a typed text cannot go into a record as typed, or nothing.
-Erreur verifieTexte(const std::string& texte, const std::string& nom)
-{
-    // texteSur changes a text only to show its control characters (and bytes
-    // that are not UTF-8).
-    if (texteSur(texte) != texte)
-        return nom + " " + texteCite(texte) +
-                   " contient un caractère de commande : il ne peut pas être enregistré.";
-    // Every character of the record is one Windows-1252 byte: one that has
-    // none would be stored as "?".
-    if (depuisCp1252(versCp1252(texte)) != texte)
-        return nom + " " + texteCite(texte) +
-               " contient un caractère qu'un catalogue ne peut pas garder (seuls les caractères d'Europe "
-               "occidentale le peuvent).";
-    return {};
-}
-
 struct Ajout {
     std::string fichier;
     int genre = -1;
@@ -116,6 +99,21 @@ int usageAjoute(const std::string& raison)
 }
 
 }  // namespace
+
+Erreur verifieTexte(const std::string& texte, const std::string& nom)
+{
+    // texteSur changes a text only to show its control characters (and bytes
+    // that are not UTF-8).
+    if (texteSur(texte) != texte)
+        return nom + " " + texteCite(texte) + " contient un caractère de commande : il ne peut pas être enregistré.";
+    // Every character of the record is one Windows-1252 byte: one that has
+    // none would be stored as "?".
+    if (depuisCp1252(versCp1252(texte)) != texte)
+        return nom + " " + texteCite(texte) +
+               " contient un caractère qu'un catalogue ne peut pas garder (seuls les caractères d'Europe "
+               "occidentale le peuvent).";
+    return {};
+}
 
 int catalogueListe(int argc, char** argv)
 {

@@ -26,27 +26,36 @@ const FaconEcrire facon{true, remplaceLigne};
 int prepare(int argc, char** argv, bool juste, int attendus, const char* usage, Catalogue& cat)
 {
     if (argc < 2 || (juste ? argc != attendus : argc < attendus))
-        return echecCatalogue(argv[0], std::string("usage : velorin catalogue ") + argv[0] + " " + usage);
+        return echecCatalogue(argv[0], std::string(argc < 2 ? "fichier catalogue manquant" : "arguments incorrects") +
+                                           ". Usage : velorin catalogue " + argv[0] + " " + usage);
     if (auto erreur = ouvreCatalogueExistant(cat, argv[1]))
         return echecCatalogue(argv[0], erreur.message());
     return 0;
 }
 
-int termine(const char* sousCommande, const std::string& texte)
+int dis(const char* sousCommande, const std::string& texte)
 {
     std::printf("%s\n", texte.c_str());
     return termineSortieStandard((std::string("catalogue ") + sousCommande).c_str(), 0);
 }
 
+// The entry written (or found) as `liste` shows it.
+int montre(const char* sousCommande, std::int16_t genre, const Enregistrement& r)
+{
+    return dis(sousCommande, texteSur(ligneListeCatalogue(r.numero, LigneCatalogue{genre, r.texte})));
+}
+
+// "le catalogue garde 3 entrées, lignes 1 à 3", and the lines a left-over
+// compaction file added after them.
 std::string bilanTexte(const BilanReduction& bilan)
 {
-    std::string texte = "le catalogue garde " + std::to_string(bilan.gardees) + " entrée" +
-                        (bilan.gardees > 1 ? "s" : "") + ", numérotée" + (bilan.gardees > 1 ? "s" : "") +
-                        " à partir de 1";
-    if (bilan.restantes > bilan.gardees)
-        texte += ", suivie" + std::string(bilan.gardees > 1 ? "s" : "") + " de " +
-                 std::to_string(bilan.restantes - bilan.gardees) + " ligne(s) laissée(s) par " +
-                 texteCite(nomFichierReduction);
+    const NumeroLigne g = bilan.gardees, r = bilan.restantes;
+    std::string texte = "le catalogue garde " + std::to_string(g) + (g > 1 ? " entrées" : " entrée");
+    if (g > 0)
+        texte += g > 1 ? ", lignes 1 à " + std::to_string(g) : ", ligne 1";
+    if (r > g)
+        texte += " ; les lignes " + std::to_string(g + 1) + " à " + std::to_string(r) + " viennent de " +
+                 texteCite(nomFichierReduction) + ", laissé par un compactage précédent";
     return texte + ".";
 }
 
@@ -57,13 +66,15 @@ int cataloguePoint(int argc, char** argv)
     Catalogue cat;
     if (int statut = prepare(argc, argv, true, 3, "FICHIER.lsu \"(x,y,z)\"", cat))
         return statut;
+    if (auto erreur = verifieTexte(argv[2], "Le point"))
+        return echecCatalogue(argv[0], erreur.message());
     Enregistrement r;
     if (auto erreur = creePoint(cat, argv[2], r, facon))
         return echecCatalogue(argv[0], erreur.message());
     if (!r.nouveau)
-        return termine(argv[0], "Le point " + texteCite(r.texte) + " est déjà à la ligne " + std::to_string(r.numero) +
-                                    " : rien n'est écrit.");
-    return termine(argv[0], "Ligne " + std::to_string(r.numero) + " : " + texteSur(r.texte));
+        std::fprintf(stderr, "velorin catalogue point : ce point est déjà à la ligne %lld : rien n'est écrit.\n",
+                     static_cast<long long>(r.numero));
+    return montre(argv[0], genrePoint, r);
 }
 
 int catalogueRelie(int argc, char** argv)
@@ -79,7 +90,7 @@ int catalogueRelie(int argc, char** argv)
     Enregistrement r;
     if (auto erreur = reliePoints(cat, a, b, r, facon))
         return echecCatalogue(argv[0], erreur.message());
-    return termine(argv[0], "Ligne " + std::to_string(r.numero) + " : " + texteSur(r.texte));
+    return montre(argv[0], genreSegment, r);
 }
 
 int catalogueElimine(int argc, char** argv)
@@ -97,7 +108,7 @@ int catalogueElimine(int argc, char** argv)
     BilanReduction bilan;
     if (auto erreur = reduction(cat, numeros, &bilan))
         return echecCatalogue(argv[0], erreur.message());
-    return termine(argv[0], "Entrées effacées, " + bilanTexte(bilan));
+    return dis(argv[0], "Effacées et compacté : " + bilanTexte(bilan));
 }
 
 int catalogueReduis(int argc, char** argv)
@@ -108,7 +119,7 @@ int catalogueReduis(int argc, char** argv)
     BilanReduction bilan;
     if (auto erreur = reduction(cat, {}, &bilan))
         return echecCatalogue(argv[0], erreur.message());
-    return termine(argv[0], "Compacté : " + bilanTexte(bilan));
+    return dis(argv[0], "Compacté : " + bilanTexte(bilan));
 }
 
 }  // namespace velorin

@@ -26,10 +26,12 @@ std::string texteTelQueLu(const std::string& texte)
 
 Erreur verifieLongueur(const std::string& texte, const FaconEcrire& facon)
 {
-    const std::size_t longueur = versCp1252(texte).size();
-    if (facon.refuseTexteCoupe && longueur > static_cast<std::size_t>(longueurTexte))
-        return "Le texte " + texteCite(texte) + " fait " + std::to_string(longueur) +
-               " caractères : il serait coupé à " + std::to_string(longueurTexte) + ". Rien n'est écrit.";
+    const std::string octets = versCp1252(texte);
+    if (facon.refuseTexteCoupe && octets.size() > static_cast<std::size_t>(longueurTexte))
+        return "Le texte de l'entrée " + texteCite(texte) + " fait " + std::to_string(octets.size()) +
+               " caractères et une ligne du catalogue n'en garde que " + std::to_string(longueurTexte) +
+               " : il serait coupé et " + texteCite(depuisCp1252(octets.substr(longueurTexte))) +
+               " perdu. Rien n'est écrit.";
     return {};
 }
 

@@ -120,9 +120,10 @@ TEST_F(PointsMemoire, TooLongOrEmptyTexts)
         {[&](Enregistrement& r) { return creePoint(cat, c1, r, {true}); }, nullptr},  // 5
         {[&](Enregistrement& r) { return creePoint(cat, c2, r, {true}); }, nullptr},  // 6
         {[&](Enregistrement& r) { return reliePoints(cat, 5, 6, r, {true}); },
-         "fait 316 caractères : il serait coupé à 300. Rien n'est écrit."},
+         "fait 316 caractères et une ligne du catalogue n'en garde que 300 : il serait coupé et « 222222222222222)] » "
+         "perdu"},
         {[&](Enregistrement& r) { return reliePoints(cat, 5, 6, r); }, nullptr},  // 7, cut
-        {[&](Enregistrement& r) { return creePoint(cat, c3, r, {true}); }, "fait 310 caractères"},
+        {[&](Enregistrement& r) { return creePoint(cat, c3, r, {true}); }, "fait 310 caractères et une ligne"},
         {[&](Enregistrement& r) { return creePoint(cat, " \t ", r); }, "Tapez les coordonnées du point"},
     };
     for (const auto& [action, message] : pas) {
