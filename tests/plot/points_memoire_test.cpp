@@ -120,7 +120,7 @@ TEST_F(PointsMemoire, TooLongOrEmptyTexts)
         {[&](Enregistrement& r) { return creePoint(cat, c1, r, {true}); }, nullptr},  // 5
         {[&](Enregistrement& r) { return creePoint(cat, c2, r, {true}); }, nullptr},  // 6
         {[&](Enregistrement& r) { return reliePoints(cat, 5, 6, r, {true}); },
-         "fait 316 caractères et une ligne du catalogue n'en garde que 300 : il serait coupé et « 222222222222222)] » "
+         "fait 316 caractères et une ligne du catalogue n'en garde que 300 : il serait coupé et « 22222222222222)] » "
          "perdu"},
         {[&](Enregistrement& r) { return reliePoints(cat, 5, 6, r); }, nullptr},  // 7, cut
         {[&](Enregistrement& r) { return creePoint(cat, c3, r, {true}); }, "fait 310 caractères et une ligne"},
