@@ -21,6 +21,7 @@ constexpr const char* kUsage =
     "Usage : velorin                   ouvre la fenêtre (il faut un affichage)\n"
     "        velorin calcule ...       valeurs d'une formule (velorin calcule sans argument : son usage)\n"
     "        velorin exporte ...       dessine des entrées d'un catalogue en PNG, SVG, PDF ou journal .txt\n"
+    "        velorin catalogue ...     liste et modifie un catalogue .lsu (velorin catalogue sans argument : son usage)\n"
     "        velorin sansfenetre       dessine les galeries en images PNG dans le dossier Apercus\n"
     "        velorin --help, -h        affiche cette aide\n"
     "        velorin --version         affiche la version\n";
@@ -51,7 +52,7 @@ int main(int argc, char** argv)
     if (argc < 2) {
         if (!affichageDisponible()) {
             std::fputs("velorin : aucun affichage n'est disponible (ni DISPLAY ni WAYLAND_DISPLAY) : la fenêtre ne "
-                       "peut pas s'ouvrir.\nLes commandes calcule, exporte et sansfenetre marchent sans affichage "
+                       "peut pas s'ouvrir.\nLes commandes calcule, exporte, catalogue et sansfenetre marchent sans affichage "
                        "(velorin --help).\n",
                        stderr);
             return 2;
@@ -64,6 +65,8 @@ int main(int argc, char** argv)
         return commandeCalcule(argc - 1, argv + 1);
     if (egal(commande, "exporte"))
         return commandeExporte(argc - 1, argv + 1);
+    if (egal(commande, "catalogue"))
+        return commandeCatalogue(argc - 1, argv + 1);
     if (egal(commande, "sansfenetre"))
         return commandeSansFenetre(argc - 1, argv + 1);
     std::fprintf(stderr, "velorin : commande inconnue %s.\n%s", texteCite(commande).c_str(), kUsage);

@@ -8,6 +8,9 @@ int commandeCalcule(int argc, char** argv);
 // `velorin exporte ...`: draws catalogue entries into an image, SVG, PDF or
 // journal without a display.
 int commandeExporte(int argc, char** argv);
+// `velorin catalogue SOUS-COMMANDE ...`: lists and changes a catalogue file
+// (sub-commands in cli/catalogue.h).
+int commandeCatalogue(int argc, char** argv);
 // `velorin sansfenetre`: what `make run` does without a display.
 int commandeSansFenetre(int argc, char** argv);
 

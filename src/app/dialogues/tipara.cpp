@@ -11,22 +11,14 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "engine/nombres.h"
-#include "engine/normalisation.h"
-#include "engine/verification.h"
+#include "app/dialogues/entree_catalogue.h"
+#include "app/dialogues/remarques.h"
 #include "plot/demande.h"
 #include "plot/ecran.h"
+#include "plot/texte_entree.h"
 #include "qt/surface_qpainter.h"
 
 namespace velorin {
-
-const std::array<std::array<const char*, 3>, 5> invitesFonctions = {{
-    {"y = f(x)=", nullptr, nullptr},
-    {"x=f1(t)=", "y=f2(t)=", "z=f3(t)="},
-    {"x=f1(a,t)=", "y=f2(a,t)=", "z=f3(a,t)="},
-    {"R=f1(t)=", "Agh=f2(t)=", "Agv=f3(t)="},
-    {"R=f1(a,t)=", "Agh=f2(a,t)=", "Agv=f3(a,t)="},
-}};
 
 namespace {
 
@@ -39,12 +31,6 @@ const char* const legendesTypes[] = {"y = f(x) dans le plan uniquement", "x =f1(
 Famille familleDuGenre(int genre)
 {
     return genre == 2 || genre == 4 ? Famille::Plan : Famille::Espace;
-}
-
-// A typed formula as stored: brackets unified, outer blanks removed.
-std::string piece(const QLineEdit* boite)
-{
-    return std::string(sansBlancsAuxBouts(unifiecrochets(boite->text().toStdString())));
 }
 
 }  // namespace
@@ -107,11 +93,7 @@ Tipara::Tipara(Catalogue& catalogue, bool modeEspace, int typeDepart, Boites boi
     Frame6 = new QGroupBox(
         QStringLiteral("1ère ligne bleue=> création nouvelle **autre ligne=> écrasement ancienne et création "), this);
     Frame6->setObjectName(QStringLiteral("Frame6"));
-    List2 = new QListWidget(Frame6);
-    List2->setObjectName(QStringLiteral("List2"));
-    QFont fixe(QStringLiteral("Monospace"));
-    fixe.setStyleHint(QFont::TypeWriter);
-    List2->setFont(fixe);
+    List2 = nouvelleListeCatalogue(Frame6);
     connect(List2, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem* it) { List2_DblClick(List2->row(it)); });
     (new QVBoxLayout(Frame6))->addWidget(List2);
@@ -147,17 +129,7 @@ Tipara::Tipara(Catalogue& catalogue, bool modeEspace, int typeDepart, Boites boi
 
 void Tipara::listerCatalogue()
 {
-    Erreur erreur;
-    const std::vector<std::string> lignes = velorin::listerCatalogue(catalogue_, &erreur);
-    List2->clear();
-    for (const std::string& l : lignes)
-        List2->addItem(QString::fromStdString(l));
-    if (List2->count() > 0) {
-        List2->item(0)->setForeground(Qt::blue);
-        List2->setCurrentRow(0);
-    }
-    if (erreur)
-        boites_.message(this, QString::fromStdString(erreur.message()));
+    remplisListeCatalogue(List2, catalogue_, boites_, this);
 }
 
 void Tipara::mnutip_Click(int index)
@@ -174,17 +146,9 @@ void Tipara::mnutip_Click(int index)
 
 void Tipara::verifie(int boite)
 {
-    QString texte;
-    if (genreCourbe_ >= 0) {
-        const std::string formule = nettoieformule(unifiecrochets(Text2[boite]->text().toStdString()), genreCourbe_);
-        const std::vector<Remarque> remarques = verifieFormule(formule, familleDuGenre(genreCourbe_));
-        // The positions count in the formula as it is read.
-        if (!remarques.empty())
-            texte = QStringLiteral("Lue : ") + QString::fromStdString(formule);
-        for (const Remarque& r : remarques)
-            texte += QLatin1Char('\n') + QString::fromStdString(texteRemarque(r));
-    }
-    Remarques[boite]->setText(texte);
+    Remarques[boite]->setText(genreCourbe_ >= 0 ? remarquesFormule(Text2[boite]->text(), genreCourbe_,
+                                                                    familleDuGenre(genreCourbe_))
+                                                : QString());
     if (minuterieApercu)
         minuterieApercu->start();
 }
@@ -247,33 +211,18 @@ void Tipara::Command4_Click()
 
 std::string Tipara::texteEntree(int kind) const
 {
-    std::string texte = Label1[0]->text().toStdString() + piece(Text2[0]);
-    if (kind > 0)
-        texte += "][" + Label1[1]->text().toStdString() + piece(Text2[1]);
-    if (modeEspace_)
-        texte += "][" + Label1[2]->text().toStdString() + piece(Text2[2]);
-    return texte;
+    std::array<std::string, 3> invites, boites;
+    for (int i = 0; i < 3; ++i) {
+        invites[i] = Label1[i]->text().toStdString();
+        boites[i] = Text2[i]->text().toStdString();
+    }
+    return velorin::texteEntree(kind, modeEspace_, invites, boites);
 }
 
 void Tipara::memoire(int kind)
 {
-    if (Erreur erreur = ouvrirCatalogue(catalogue_)) {
-        boites_.message(this, QString::fromStdString(erreur.message()));
-        return;
-    }
-    LigneCatalogue ligne;
-    viderLigne(ligne);
-    ligne.typeFonction = static_cast<std::int16_t>(kind);
-    ligne.texte = texteEntree(kind);
-    // The header line appends; any other line is overwritten.
-    const int choisie = List2->currentRow();
-    const NumeroLigne n = choisie <= 0 ? catalogue_.nbLignesCatalogue + 1 : choisie;
-    if (Erreur erreur = ecrisLigne(catalogue_, n, ligne)) {
-        boites_.message(this, QString::fromStdString(erreur.message()));
-        return;
-    }
-    enregistre_ = true;
-    listerCatalogue();
+    if (enregistreEntree(List2, catalogue_, kind, texteEntree(kind), boites_, this))
+        enregistre_ = true;
 }
 
 void Tipara::List2_DblClick(int item)

@@ -27,10 +27,6 @@ class QTimer;
 
 namespace velorin {
 
-// The prompts of the five function types (kind 0 to 4), as stored in the
-// entry texts: first, second and third formula (kind 0 has the first only).
-extern const std::array<std::array<const char*, 3>, 5> invitesFonctions;
-
 class Tipara : public QDialog {
     Q_OBJECT
 public:

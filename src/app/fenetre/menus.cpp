@@ -106,16 +106,14 @@ void Mirado::creeMenus()
         for (QAction* a : *groupe)
             a->setCheckable(true);
 
-    // CREER FONCTIONS: 0-4 the function editor; the cloud and object
-    // editors come later.
+    // CREER FONCTIONS: 0-4 the function editor, 5 the cloud editor, 6 the
+    // object editor.
     mnut = barre->addMenu(QStringLiteral("CREER FONCTIONS"));
     tableau(mnutf, mnut,
             {"y = f(x) dans le plan", "x= f1(t):y =f2(t):z = f3(t)", "x= f1(a,t):y = f2(a,t):z = f3(a,t)",
              "R= f1(t):Agh = f2(t):Agv = f3(t)", "R=f1(a,t):Agh= f2(a,t):Agv=f3(a,t)", "Nuages d'encadrements",
              "Points*Droites*Plans*Segments"},
             &Mirado::mnutf_Click, {rien, QKeySequence(Qt::CTRL | Qt::Key_Y)});
-    mnutf[5]->setEnabled(false);
-    mnutf[6]->setEnabled(false);
 
     // ENVOYER
     mnue = barre->addMenu(QStringLiteral("ENVOYER"));
@@ -174,6 +172,11 @@ void Mirado::creeMenus()
              "      B droit +Ctrl=>Taille"},
             aucun);
     mnuaf[10]->setEnabled(false);
+
+    // Pruning and points in memory.
+    mnupara[8]->setEnabled(true);
+    relie(mnupara[8], &Mirado::mnupara_Click, 8);
+    mnuzo[5]->setEnabled(true);
 
     // Every menu and entry is named like its array; an entry's place in
     // its array is its "index".

@@ -9,6 +9,8 @@
 #include "app/dialogues/couleurs.h"
 #include "app/dialogues/licou.h"
 #include "app/dialogues/param.h"
+#include "app/dialogues/ticar.h"
+#include "app/dialogues/tinu.h"
 #include "app/dialogues/tipara.h"
 #include "app/fenetre/mirado.h"
 #include "catalogue/catalogue.h"
@@ -154,8 +156,23 @@ void Mirado::crenouveau()
 
 void Mirado::mnutf_Click(int index)
 {
-    if (index > 4 || refuseSiOccupe())
+    if (index > 6 || refuseSiOccupe())
         return;
+    if (index == 5 || index == 6) {  // the cloud and the object editors
+        bool enregistre = false;
+        if (index == 5) {
+            Tinu tinu(etat.catalogue, etat.fenetre.modeEspace, boites, this);
+            tinu.exec();
+            enregistre = tinu.aEnregistre();
+        } else {
+            Ticar ticar(etat.catalogue, etat.fenetre.modeEspace, boites, this);
+            ticar.exec();
+            enregistre = ticar.aEnregistre();
+        }
+        if (enregistre)
+            afmenu();
+        return;
+    }
     Tipara editeur(etat.catalogue, etat.fenetre.modeEspace, index, boites, &etat, this);
     editeur.exec();
     if (editeur.aEnregistre())
@@ -272,6 +289,7 @@ void Mirado::mnupara_Click(int index)
         effaceEcran(etat, *surface_);
         montreProgres();
         break;
+    case 8: ouvreMenage(); break;
     default: break;
     }
 }
@@ -385,6 +403,8 @@ void Mirado::mnuzo_Click(int index)
         grossir(index + 1);
     if (index == 4)
         mnutra_Click(0);
+    if (index == 5)
+        ouvreLipo();
 }
 
 }  // namespace velorin

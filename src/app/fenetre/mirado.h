@@ -10,6 +10,7 @@
 //   mirado_panneaux.cpp the side column (viewing and plane panels, read-outs);
 //   menus.cpp           the construction of the menu tree;
 //   menus_actions.cpp   what the menu entries do;
+//   menus_points.cpp    the pruning and points dialogs opened from the menus;
 //   mirado_trace.cpp    the tracing in progress: timers, Escape, busy state;
 //   zone_dessin.*       the drawing area (the bitmap shown, the mouse).
 // The dialogs (app/dialogues/) only edit the part of the state they are
@@ -116,6 +117,10 @@ public:
     void mnutra_Click(int index);
     void mnuzo_Click(int index);
     void mnuaide_Click(int index);  // 0 the About box, 1 the help browser (menus_aide.cpp)
+
+    // ---- Pruning and points in memory (menus_points.cpp)
+    void ouvreMenage();  // "Elaguer fonctions"
+    void ouvreLipo();    // "Points disponibles"
 
     // ---- Sending entries to the drawing (mirado_trace.cpp)
     // Draws catalogue entry `numero` as a new curve. False when nothing was
