@@ -1,5 +1,6 @@
-// `velorin exporte`: draws catalogue entries into a PNG, SVG, PDF file or the
-// text journal of the recording surface, without a display; with --tour,
+// `velorin exporte`: draws catalogue entries or a saved figure into a PNG,
+// SVG, PDF file, the text journal of the recording surface or a figure file,
+// without a display; with --tour,
 // every redraw of a full turn of the view into an animated GIF or numbered
 // files.
 #include <charconv>
@@ -25,9 +26,12 @@ namespace {
 constexpr const char* kUsage =
     "Usage : velorin exporte [--dossier DOSSIER] [--plan] [--parametres FICHIER] [--taille LxH] [--ordre 0-3]\n"
     "                        (--catalogue FICHIER.lsu --entree N [--entree N ...] | --figure FICHIER.fig)\n"
-    "                        --sortie FICHIER.(png|svg|pdf|txt) [--chrono]\n"
+    "                        --sortie FICHIER.(png|svg|pdf|txt|fig) [--chrono]\n"
     "       velorin exporte ... --tour AXE --sortie (ANIM.gif | IMAGES_%03d.(png|svg|pdf|txt))\n"
-    "                        AXE : oz+, oz-, oy+, oy-, ox+, ox-, vision+ ou vision-\n";
+    "                        AXE : oz+, oz-, oy+, oy-, ox+, ox-, vision+ ou vision-\n"
+    "  --figure : la figure est dessinée à la taille de sa fenêtre (sauf --taille), labels compris ;\n"
+    "             son catalogue est cherché dans --dossier, sinon dans le dossier des courbes de son mode.\n"
+    "  --sortie FICHIER.fig : la figure de ce qui est dessiné.\n";
 
 int erreur(const std::string& texte)
 {
@@ -48,6 +52,32 @@ bool litTaille(const std::string& texte, int& largeur, int& hauteur)
     if (x == std::string::npos)
         return false;
     return litEntier(texte.substr(0, x).c_str(), largeur) && litEntier(texte.substr(x + 1).c_str(), hauteur);
+}
+
+// Draws the request, says the warnings and the times, and gives the status.
+int termine(const DemandeRendu& d, bool chrono)
+{
+    const FormatSortie format = formatSortie(d.sortie);
+    if (format != FormatSortie::Texte && format != FormatSortie::Figure)
+        assureApplication();
+    const ResultatRendu r = rendu(d);
+    if (!r.avertissement.empty())
+        std::fprintf(stderr, "velorin exporte : %s\n", r.avertissement.c_str());
+    if (chrono && d.figure.empty() && !d.entrees.empty()) {
+        // A turn draws every entry once per picture.
+        const std::size_t n = d.entrees.size();
+        for (std::size_t i = 0; i < r.dureesMs.size(); ++i) {
+            if (d.tour >= 0 && i % n == 0)
+                std::fprintf(stderr, "image %zu :\n", i / n + 1);
+            std::fprintf(stderr, "entrée %d : %.1f ms\n", d.entrees[i % n], r.dureesMs[i]);
+        }
+    } else if (chrono) {
+        for (std::size_t i = 0; i < r.dureesMs.size(); ++i)
+            std::fprintf(stderr, "courbe tracée %zu : %.1f ms\n", i + 1, r.dureesMs[i]);
+    }
+    if (r.erreur)
+        return erreur(r.erreur.message());
+    return 0;
 }
 
 }  // namespace
@@ -82,6 +112,7 @@ int commandeExporte(int argc, char** argv)
         else if (option == "--taille") {
             if (!litTaille(argv[++i], d.largeurPx, d.hauteurPx))
                 return erreur(std::string("taille incorrecte « ") + argv[i] + " » : écrivez par exemple 1024x768");
+            d.tailleDonnee = true;
         } else if (option == "--ordre") {
             if (!litEntier(argv[++i], d.ordreBoucles) || d.ordreBoucles < 0 || d.ordreBoucles > 3)
                 return erreur(std::string("ordre des boucles incorrect « ") + argv[i] + " » : 0, 1, 2 ou 3");
@@ -99,18 +130,32 @@ int commandeExporte(int argc, char** argv)
             return erreur("option inconnue « " + option + " »\n" + kUsage);
         }
     }
-    if (!figure.empty())
-        return erreur("--figure : pas encore disponible");
+    const bool dossierDonne = !dossier.empty();
+    const Emplacements lieux = emplacements();
+    // The user's folders, made and filled from the factory files the first
+    // time (nothing the user has is replaced), when they are looked in.
+    auto prepare = [&]() -> Erreur { return dossierDonne ? Erreur{} : prepareDossiers(lieux.appli, lieux.usine); };
+    if (!figure.empty()) {
+        if (!catalogue.empty() || !d.entrees.empty() || !d.espace)
+            return erreur("--figure ne s'emploie pas avec --catalogue, --entree ou --plan : la figure les donne\n" +
+                          std::string(kUsage));
+        if (d.sortie.empty())
+            return erreur(std::string("il faut --sortie\n") + kUsage);
+        d.figure = figure;
+        d.dossierCatalogue = dossier;
+        if (dossierDonne)
+            if (auto echec = verifieDossier(dossier, "Le dossier (--dossier)"))
+                return erreur(echec.message());
+        if (auto echec = prepare())
+            return erreur(echec.message());
+        return termine(d, chrono);
+    }
     if (catalogue.empty() || d.entrees.empty() || d.sortie.empty())
         return erreur(std::string("il faut --catalogue, au moins une --entree et --sortie\n") + kUsage);
 
     const char* sousDossier = nomsDossiers[d.espace ? 0 : 2];
-    const bool dossierDonne = !dossier.empty();
-    const Emplacements lieux = emplacements();
     if (!dossierDonne) {
-        // The user's folders, made and filled from the factory files the
-        // first time (nothing the user has is replaced).
-        if (auto echec = prepareDossiers(lieux.appli, lieux.usine))
+        if (auto echec = prepare())
             return erreur(echec.message());
         dossier = (fs::path(lieux.appli.toStdString()) / sousDossier).string();
     }
@@ -126,34 +171,9 @@ int commandeExporte(int argc, char** argv)
     d.catalogue = chemin.string();
     // Parameters: the named file, else "mem.log" beside the catalogue, else
     // the factory file, else the built-in values.
-    if (!parametresDonnes) {
-        for (const fs::path& p : {chemin.parent_path() / nomFichierMemoire(true),
-                                  fs::path(lieux.usine.toStdString()) / sousDossier / nomFichierMemoire(true)}) {
-            std::error_code ec;
-            if (fs::is_regular_file(p, ec)) {
-                d.parametres = p.string();
-                break;
-            }
-        }
-    }
-
-    if (formatSortie(d.sortie) != FormatSortie::Texte)
-        assureApplication();
-    const ResultatRendu r = rendu(d);
-    if (!r.avertissement.empty())
-        std::fprintf(stderr, "velorin exporte : %s\n", r.avertissement.c_str());
-    if (chrono) {
-        // A turn draws every entry once per picture.
-        const std::size_t n = d.entrees.size();
-        for (std::size_t i = 0; i < r.dureesMs.size(); ++i) {
-            if (d.tour >= 0 && i % n == 0)
-                std::fprintf(stderr, "image %zu :\n", i / n + 1);
-            std::fprintf(stderr, "entrée %d : %.1f ms\n", d.entrees[i % n], r.dureesMs[i]);
-        }
-    }
-    if (r.erreur)
-        return erreur(r.erreur.message());
-    return 0;
+    if (!parametresDonnes)
+        d.parametres = memoireParDefaut(chemin.parent_path().string(), d.espace);
+    return termine(d, chrono);
 }
 
 }  // namespace velorin

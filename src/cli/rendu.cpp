@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 
+#include <cmath>
 #include <filesystem>
 #include <ostream>
 
@@ -18,9 +19,12 @@
 #include "base/texte_sur.h"
 #include "catalogue/catalogue.h"
 #include "plot/demande.h"
+#include "plot/dessin_etiquettes.h"
 #include "plot/ecran.h"
 #include "plot/etat.h"
+#include "plot/figure.h"
 #include "qt/demarrage.h"
+#include "qt/dossiers.h"
 #include "qt/tour_anime.h"
 #include "settings/memoire.h"
 #include "view/surface_enregistreuse.h"
@@ -30,6 +34,16 @@ namespace fs = std::filesystem;
 namespace velorin {
 
 namespace {
+
+// The frame and the viewing set-up for the size of the request.
+void ajusteTaille(const DemandeRendu& d, Etat& etat, std::string& avertissement)
+{
+    etat.fenetre.largeurVue = d.largeurPx * twipsParPixelEcran;
+    etat.fenetre.hauteurVue = d.hauteurPx * twipsParPixelEcran;
+    // A refused frame is put back to the base [-10, 10] by the calibration.
+    if (!ajusteVue(etat, etat.fenetre.largeurVue, etat.fenetre.hauteurVue))
+        avertissement = messageBaseRetablie;
+}
 
 // Prepares the state as the main window has it after reading the parameters
 // for a drawing area of that size.
@@ -59,26 +73,94 @@ Erreur prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertissement
             return "Le catalogue " + texteCite(d.catalogue) + " n'a pas d'entrée " + std::to_string(n) + " (il en a " +
                    std::to_string(etat.catalogue.nbLignesCatalogue) + ").";
     }
-    etat.fenetre.largeurVue = d.largeurPx * twipsParPixelEcran;
-    etat.fenetre.hauteurVue = d.hauteurPx * twipsParPixelEcran;
-    // A refused frame is put back to the base [-10, 10] by the calibration.
-    if (!ajusteVue(etat, etat.fenetre.largeurVue, etat.fenetre.hauteurVue))
-        avertissement = messageBaseRetablie;
+    ajusteTaille(d, etat, avertissement);
     return {};
 }
 
-// Clearing, frame, then the entries in order; stops at the first message.
+// A saved figure in the state, as the window reads it. It is read twice:
+// first to learn its mode and catalogue, whose folder gives the parameter
+// file, then over those parameters. The size drawn is the figure's window
+// unless the request chose one.
+Erreur prepareFigure(DemandeRendu& d, Etat& etat, std::string& avertissement)
+{
+    if (auto erreur = verifieFichierLisible(d.figure, "La figure"))
+        return erreur;
+    fixeDossiers(etat.fenetre, emplacements().appli);
+    OptionsFigure options;
+    if (!d.dossierCatalogue.empty())
+        options.dossierCatalogue = (fs::path(d.dossierCatalogue) / "").string();
+    options.catalogueExistant = true;  // a drawing without a window creates nothing
+    Etat essai = etat;
+    if (auto r = lisFigure(d.figure, essai, options); r.erreur)
+        return r.erreur;
+    d.catalogue = essai.catalogue.chemin;
+    if (d.parametres.empty())
+        d.parametres = memoireParDefaut(dossierDe(d.catalogue), essai.fenetre.modeEspace);
+    if (!d.parametres.empty()) {
+        if (auto erreur = verifieFichierLisible(d.parametres, "Le fichier de paramètres"))
+            return erreur;
+        if (auto erreur = lisMemoire(d.parametres, etat.param))
+            return erreur;
+    }
+    if (d.ordreBoucles >= 0)
+        etat.param.ordreBoucles = static_cast<std::uint8_t>(d.ordreBoucles);
+    const ResultatFigure r = lisFigure(d.figure, etat, options);
+    if (r.erreur)
+        return r.erreur;
+    if (auto erreur = verifieSortie(d.sortie, {d.figure, d.catalogue, d.parametres}))
+        return erreur;
+    if (!d.tailleDonnee) {
+        const double l = std::round(r.geometrie.largeur / twipsParPixelEcran);
+        const double h = std::round(r.geometrie.hauteur / twipsParPixelEcran);
+        if (!(l >= 1 && h >= 1 && l <= 20000 && h <= 20000))
+            return "La fenêtre de la figure " + texteCite(d.figure) +
+                   " est hors des limites (1 à 20000 pixels de côté) : donnez une taille avec --taille.";
+        d.largeurPx = static_cast<int>(l);
+        d.hauteurPx = static_cast<int>(h);
+    }
+    ajusteTaille(d, etat, avertissement);
+    return {};
+}
+
+// Clearing, frame, then the entries in order, or the rows of a figure each
+// with its own values, then the labels; stops at the first message.
 Erreur dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<double>& durees)
 {
     effaceEcran(etat, surface);
     traceRepere(etat, surface);
+    if (!d.figure.empty()) {
+        for (int i = 1; i <= etat.courbes.nbCourbes; ++i) {
+            OptionsTrace options;
+            options.ligne = i;
+            const ResultatTrace r = demandeTrace(etat, surface, 0, options, CrochetsTrace{});
+            durees.push_back(r.dureeMs);
+            if (r.erreur)
+                return "courbe tracée " + std::to_string(i) + " : " + r.erreur.message();
+        }
+    }
     for (int n : d.entrees) {
         const ResultatTrace r = demandeTrace(etat, surface, n, OptionsTrace{}, CrochetsTrace{});
         durees.push_back(r.dureeMs);
         if (r.erreur)
             return "entrée " + std::to_string(n) + " : " + r.erreur.message();
     }
+    dessineEtiquettes(etat.etiquettes, surface);
     return {};
+}
+
+// The figure of what was drawn: the drawing is made on a surface that
+// keeps nothing, so that the drawn-curves table holds what the window
+// would hold; line 6 is the size drawn.
+Erreur renduFigure(Etat& etat, const DemandeRendu& d, std::vector<double>& durees)
+{
+    std::ostream rien(nullptr);
+    SurfaceEnregistreuse surface(etat.vue.W, etat.vue.H);
+    surface.ecrisDans(&rien);
+    if (auto erreur = dessine(etat, surface, d, durees))
+        return erreur;
+    const GeometrieFenetre taille{0, 0, static_cast<float>(etat.fenetre.largeurVue),
+                                  static_cast<float>(etat.fenetre.hauteurVue)};
+    return ecrisFigure(d.sortie, etat, taille);
 }
 
 // One picture in PNG, SVG, PDF or the journal, written whole.
@@ -97,13 +179,15 @@ Erreur renduFichier(Etat& etat, const DemandeRendu& d, FormatSortie format, std:
 // Every redraw of a full turn. The entries are first sent once, as the user
 // sends them before turning (on a journal that goes nowhere); each redraw
 // then draws their rows of the drawn-curves table again, as the window's
-// timers do.
+// timers do. A figure's rows are in the table already.
 void renduTour(Etat& etat, const DemandeRendu& d, ResultatRendu& r)
 {
     std::ostream nulle(nullptr);
     SurfaceEnregistreuse envoi(etat.vue.W, etat.vue.H);
     envoi.ecrisDans(&nulle);
     std::vector<int> lignes;
+    for (int i = 1; !d.figure.empty() && i <= etat.courbes.nbCourbes; ++i)
+        lignes.push_back(i);
     for (int n : d.entrees) {
         const ResultatTrace t = demandeTrace(etat, envoi, n, OptionsTrace{}, CrochetsTrace{});
         if (t.erreur) {
@@ -127,7 +211,9 @@ void renduTour(Etat& etat, const DemandeRendu& d, ResultatRendu& r)
             const ResultatTrace t = demandeTrace(e, surface, 0, OptionsTrace{lignes[i]}, CrochetsTrace{});
             r.dureesMs.push_back(t.dureeMs);
             if (t.erreur)
-                return "entrée " + std::to_string(d.entrees[i]) + " : " + t.erreur.message();
+                return (d.figure.empty() ? "entrée " + std::to_string(d.entrees[i])
+                                         : "courbe tracée " + std::to_string(i + 1)) +
+                       " : " + t.erreur.message();
         }
         return {};
     };
@@ -140,16 +226,22 @@ void renduTour(Etat& etat, const DemandeRendu& d, ResultatRendu& r)
 
 }  // namespace
 
-ResultatRendu rendu(const DemandeRendu& d)
+ResultatRendu rendu(const DemandeRendu& demande)
 {
     ResultatRendu r;
+    DemandeRendu d = demande;
     const FormatSortie format = formatSortie(d.sortie);
+    if (d.tour >= 0 && format == FormatSortie::Figure) {
+        r.erreur = "Un tour complet ne s'écrit pas dans une figure " + texteCite(d.sortie) +
+                   " : un .gif, ou un nom numéroté comme images/tour_%03d.png.";
+        return r;
+    }
     if (d.tour < 0 && format == FormatSortie::Gif) {
         r.erreur = "Le format de sortie de " + texteCite(d.sortie) + " est celui d'une animation : ajoutez --tour AXE.";
         return r;
     }
     if (format == FormatSortie::Inconnu && !(d.tour >= 0 && estMotifNumerote(d.sortie))) {
-        r.erreur = "Le format de sortie de " + texteCite(d.sortie) + " est inconnu : .png, .svg, .pdf ou .txt" +
+        r.erreur = "Le format de sortie de " + texteCite(d.sortie) + " est inconnu : .png, .svg, .pdf, .txt ou .fig" +
                    (d.tour >= 0 ? ", .gif pour l'animation." : ".");
         return r;
     }
@@ -163,11 +255,13 @@ ResultatRendu rendu(const DemandeRendu& d)
         return r;
     }
     Etat etat;
-    r.erreur = prepareEtat(d, etat, r.avertissement);
+    r.erreur = d.figure.empty() ? prepareEtat(d, etat, r.avertissement) : prepareFigure(d, etat, r.avertissement);
     if (r.erreur)
         return r;
     if (d.tour >= 0)
         renduTour(etat, d, r);
+    else if (format == FormatSortie::Figure)
+        r.erreur = renduFigure(etat, d, r.dureesMs);
     else
         r.erreur = renduFichier(etat, d, format, r.dureesMs);
     return r;
@@ -190,6 +284,18 @@ void assureApplication()
     // Never destroyed: the process ends with it, and tearing Qt down in the
     // static destructors would gain nothing.
     new QGuiApplication(argc, argv);
+}
+
+std::string memoireParDefaut(const std::string& dossierCatalogue, bool espace)
+{
+    const char* sousDossier = nomsDossiers[espace ? 0 : 2];
+    for (const fs::path& p : {fs::path(dossierCatalogue) / nomFichierMemoire(true),
+                              fs::path(emplacements().usine.toStdString()) / sousDossier / nomFichierMemoire(true)}) {
+        std::error_code ec;
+        if (fs::is_regular_file(p, ec))
+            return p.string();
+    }
+    return {};
 }
 
 }  // namespace velorin

@@ -22,12 +22,23 @@ struct DemandeRendu {
     // Loop order of the surfaces (0..3), chosen in the window's menu and not
     // kept in the parameter file; -1 keeps the start-up value.
     int ordreBoucles = -1;
-    std::string sortie;  // .png, .svg, .pdf or .txt (case ignored)
+    std::string sortie;  // .png, .svg, .pdf, .txt or .fig (case ignored)
     // A full turn (index in the "Tour complet" menu, see nomDuTour), -1 for
     // one picture. With a turn, `sortie` is a .gif or a numbered name
     // (images/tour_%03d.png).
     int tour = -1;
     double pasTete = 1.0;  // the "+p"/"-p" step of the head turn: the window's default
+    // A saved figure drawn instead of catalogue entries: its mode, frame,
+    // viewer, drawn curves (each with the values of its row) and labels.
+    // Its catalogue (line 2) is looked for in `dossierCatalogue`, or when
+    // that is empty in the user's curves folder of the figure's mode;
+    // `catalogue`, `entrees` and `espace` are not read. The parameters not
+    // kept in a figure come from `parametres`, else memoireParDefaut of the
+    // catalogue's folder. A turn of a figure redraws its drawn curves.
+    std::string figure;
+    std::string dossierCatalogue;
+    // The size was chosen: otherwise a figure is drawn at its window's size.
+    bool tailleDonnee = false;
 };
 
 struct ResultatRendu {
@@ -48,5 +59,10 @@ ResultatRendu rendu(const DemandeRendu& demande);
 // platform unless QT_QPA_PLATFORM names one that can start, so that fonts
 // work without a display. The application lives until the end of the process.
 void assureApplication();
+
+// The parameter file a drawing takes when none is named: "mem.log" in
+// `dossierCatalogue`, else the factory one of the mode; empty when neither
+// exists (the built-in values).
+std::string memoireParDefaut(const std::string& dossierCatalogue, bool espace);
 
 }  // namespace velorin

@@ -75,6 +75,8 @@ FormatSortie formatSortie(const std::string& chemin)
         return FormatSortie::Texte;
     if (ext == ".gif")
         return FormatSortie::Gif;
+    if (ext == ".fig")
+        return FormatSortie::Figure;
     return FormatSortie::Inconnu;
 }
 

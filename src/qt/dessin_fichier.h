@@ -14,7 +14,9 @@
 namespace velorin {
 
 // The output formats, from the extension of the output file (case ignored).
-enum class FormatSortie { Png, Svg, Pdf, Texte, Gif, Inconnu };
+// A ".fig" is not a picture: the command line writes the figure of what it
+// drew; a ".gif" is the animation of a full turn.
+enum class FormatSortie { Png, Svg, Pdf, Texte, Gif, Figure, Inconnu };
 FormatSortie formatSortie(const std::string& chemin);
 
 // What a picture holds, drawn on the surface it is given (W x H twips of

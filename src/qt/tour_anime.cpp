@@ -25,7 +25,7 @@ ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const Demande
             r.erreur = erreur;
             return r;
         }
-        if (format == FormatSortie::Gif || format == FormatSortie::Inconnu) {
+        if (format == FormatSortie::Gif || format == FormatSortie::Figure || format == FormatSortie::Inconnu) {
             r.erreur = "Le format de sortie de " + texteCite(d.sortie) +
                        " ne convient pas à une image par instant : .png, .svg, .pdf ou .txt (un .gif sans numéro "
                        "reçoit toute l'animation).";
