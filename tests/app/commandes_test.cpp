@@ -335,9 +335,17 @@ TEST(Commandes, Lectures)
     EXPECT_EQ(espace[5], QString::number(z, 'f', 3));  // Z, the fixed coordinate
     for (int i : {1, 3, 7})                            // X, Y, R
         EXPECT_LT(std::fabs(espace[i].toDouble()), 0.1) << espace[i].toStdString();
-    EXPECT_EQ(controle<QLabel>(m, "Label6")->text(), label1->text());
-    EXPECT_TRUE(controle<QLabel>(m, "Label6")->isVisible());
-    EXPECT_TRUE(controle<QTimer>(m, "Timer6")->isActive());
+    // The bubble repeats it, readable over the drawing, until Timer6 ticks.
+    auto* label6 = controle<QLabel>(m, "Label6");
+    EXPECT_EQ(label6->text(), label1->text());
+    EXPECT_TRUE(label6->isVisible());
+    const QPalette bulle = label6->palette();
+    EXPECT_NE(bulle.color(label6->backgroundRole()), zone->palette().color(QPalette::Window));
+    EXPECT_NE(bulle.color(label6->foregroundRole()), bulle.color(label6->backgroundRole()));
+    auto* timer6 = controle<QTimer>(m, "Timer6");
+    EXPECT_TRUE(timer6->isActive());
+    QMetaObject::invokeMethod(timer6, "timeout");
+    EXPECT_FALSE(label6->isVisible());
     EXPECT_TRUE(controle<QLabel>(m, "Label5")->text().startsWith(QStringLiteral("LF:")));
     // The plane: the frame point under the mouse.
     article(m, "mnulico", 0)->trigger();
