@@ -335,19 +335,38 @@ TEST(Commandes, Lectures)
     EXPECT_EQ(espace[5], QString::number(z, 'f', 3));  // Z, the fixed coordinate
     for (int i : {1, 3, 7})                            // X, Y, R
         EXPECT_LT(std::fabs(espace[i].toDouble()), 0.1) << espace[i].toStdString();
-    EXPECT_EQ(controle<QLabel>(m, "Label6")->text(), label1->text());
-    EXPECT_TRUE(controle<QLabel>(m, "Label6")->isVisible());
-    EXPECT_TRUE(controle<QTimer>(m, "Timer6")->isActive());
+    // The bubble repeats it, readable over the drawing, until Timer6 ticks.
+    auto* label6 = controle<QLabel>(m, "Label6");
+    EXPECT_EQ(label6->text(), label1->text());
+    EXPECT_TRUE(label6->isVisible());
+    const QPalette bulle = label6->palette();
+    EXPECT_NE(bulle.color(label6->backgroundRole()), zone->palette().color(QPalette::Window));
+    EXPECT_NE(bulle.color(label6->foregroundRole()), bulle.color(label6->backgroundRole()));
+    auto* timer6 = controle<QTimer>(m, "Timer6");
+    EXPECT_TRUE(timer6->isActive());
+    QMetaObject::invokeMethod(timer6, "timeout");
+    EXPECT_FALSE(label6->isVisible());
     EXPECT_TRUE(controle<QLabel>(m, "Label5")->text().startsWith(QStringLiteral("LF:")));
     // The plane: the frame point under the mouse.
     article(m, "mnulico", 0)->trigger();
     souris(zone, QEvent::MouseMove, {150, 90}, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     const QPointF sous = pointSous(m, {150, 90});
     EXPECT_EQ(label1->text(), QStringLiteral("X=%1  Y=%2").arg(sous.x(), 0, 'f', 3).arg(sous.y(), 0, 'f', 3));
-    // A key released; Label2's tip follows its caption.
-    QKeyEvent touche(QEvent::KeyRelease, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
-    QApplication::sendEvent(zone, &touche);
-    EXPECT_EQ(label1->text(), QStringLiteral("Touche 065"));
+    // A key released: its code, or its name when it has none.
+    const std::pair<Qt::Key, const char*> touches[] = {{Qt::Key_A, "Touche 065"},      {Qt::Key_7, "Touche 055"},
+                                                       {Qt::Key_Return, "Touche 013"}, {Qt::Key_Escape, "Touche 027"},
+                                                       {Qt::Key_Left, "Touche 037"},   {Qt::Key_F11, "Touche 122"},
+                                                       {Qt::Key_Shift, "Touche 016"},  {Qt::Key_VolumeUp, nullptr}};
+    for (const auto& [cle, texte] : touches) {
+        QKeyEvent touche(QEvent::KeyRelease, cle, Qt::NoModifier);
+        QApplication::sendEvent(zone, &touche);
+        if (texte) {
+            EXPECT_EQ(label1->text(), QString::fromUtf8(texte));
+        } else {
+            EXPECT_EQ(label1->text(), QStringLiteral("Touche ") + QKeySequence(cle).toString());
+        }
+    }
+    // Label2's tip follows its caption.
     auto* label2 = controle<QLabel>(m, "Label2");
     label2->setText(QStringLiteral("Cht = 3"));
     souris(label2, QEvent::MouseMove, {2, 2}, Qt::NoButton, Qt::NoButton, Qt::NoModifier);

@@ -6,6 +6,7 @@
 #include <QListWidget>
 #include <QRadioButton>
 #include <QTimer>
+#include <utility>
 
 #include "app/fenetre/mirado.h"
 #include "app/fenetre/zone_dessin.h"
@@ -15,11 +16,37 @@
 
 namespace velorin {
 
+namespace {
+
+// The usual virtual key codes of the keys that have no character: letters,
+// digits and the space are their own codes already, and the other keys
+// that Qt numbers beyond Latin-1 are shown by their name.
+int codeDeTouche(int touche)
+{
+    static const std::pair<int, int> codes[] = {
+        {Qt::Key_Backspace, 8},   {Qt::Key_Tab, 9},       {Qt::Key_Backtab, 9},  {Qt::Key_Return, 13},
+        {Qt::Key_Enter, 13},      {Qt::Key_Shift, 16},    {Qt::Key_Control, 17}, {Qt::Key_Alt, 18},
+        {Qt::Key_Pause, 19},      {Qt::Key_CapsLock, 20}, {Qt::Key_Escape, 27},  {Qt::Key_PageUp, 33},
+        {Qt::Key_PageDown, 34},   {Qt::Key_End, 35},      {Qt::Key_Home, 36},    {Qt::Key_Left, 37},
+        {Qt::Key_Up, 38},         {Qt::Key_Right, 39},    {Qt::Key_Down, 40},    {Qt::Key_Insert, 45},
+        {Qt::Key_Delete, 46},     {Qt::Key_Meta, 91},     {Qt::Key_Menu, 93},    {Qt::Key_NumLock, 144},
+        {Qt::Key_ScrollLock, 145}};
+    if (touche < 0x100)
+        return touche;
+    if (touche >= Qt::Key_F1 && touche <= Qt::Key_F24)
+        return 112 + touche - Qt::Key_F1;
+    for (const auto& [qt, code] : codes)
+        if (qt == touche)
+            return code;
+    return -1;
+}
+
+}  // namespace
+
 void Mirado::Form_KeyUp(int touche)
 {
-    // Letters and digits are their own codes; other keys by their name.
-    const QString nom =
-        touche < 0x100 ? QString::fromStdString(formatNombre(touche, "000")) : QKeySequence(touche).toString();
+    const int code = codeDeTouche(touche);
+    const QString nom = code >= 0 ? QString::fromStdString(formatNombre(code, "000")) : QKeySequence(touche).toString();
     Label1->setText(QStringLiteral("Touche ") + nom);
 }
 

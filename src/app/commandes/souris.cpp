@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QToolTip>
 #include <functional>
 
 #include "app/fenetre/mirado.h"
@@ -39,6 +40,15 @@ private:
 
 void Mirado::brancheSouris()
 {
+    // The tip bubble over the drawing takes the colours of a tooltip; set
+    // one by one, they are not inherited from the drawing's background.
+    const QPalette bulle = QToolTip::palette();
+    QPalette p = Label6->palette();
+    p.setColor(QPalette::Window, bulle.color(QPalette::ToolTipBase));
+    p.setColor(QPalette::WindowText, bulle.color(QPalette::ToolTipText));
+    Label6->setPalette(p);
+    Label6->setFrameShape(QFrame::Box);
+    Label6->setMargin(2);
     Label2->setMouseTracking(true);
     Label2->installEventFilter(new SuiviSouris(Label2, [this] { Label2_MouseMove(); }));
     connect(zone_, &ZoneDessin::boutonEnfonce, this, &Mirado::Form_MouseDown);
