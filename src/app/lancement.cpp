@@ -22,8 +22,9 @@ int lanceFenetre(int argc, char** argv)
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("velorin"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELORIN_VERSION));
-    // The desktop entry's name, so that the window is matched with its icon.
-    QGuiApplication::setDesktopFileName(QStringLiteral("velorin"));
+    // The desktop entry's name (org.velorin.Velorin.desktop), so that the
+    // window is matched with its entry and icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.velorin.Velorin"));
     // Standard dialogs (message, input, file) speak French.
     QTranslator traducteur;
     if (traducteur.load(QLocale(QLocale::French), QStringLiteral("qtbase"), QStringLiteral("_"),

@@ -127,6 +127,9 @@ while [ ${#a_voir[@]} -gt 0 ]; do
 done
 for chemin in "$aide"/*.htm; do
     [ -n "${atteintes[$(basename "$chemin")]:-}" ] || echec "page d'aide inaccessible depuis le sommaire : $(basename "$chemin")"
+    # A button or menu is named as the user reads it: "OK", not its
+    # keyboard-marked caption "O&K".
+    ! grep -n '&amp;[[:alpha:]]' "$chemin" || echec "$(basename "$chemin") : légende avec « & » de raccourci"
 done
 
 if [ "$echecs" -ne 0 ]; then
