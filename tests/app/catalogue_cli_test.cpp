@@ -16,16 +16,14 @@
 #include <sstream>
 
 #include "catalogue/catalogue.h"
+#include "processus.h"
 
 namespace fs = std::filesystem;
 using namespace velorin;
+using velorin::essai::lanceVelorin;
+using velorin::essai::Sortie;
 
 namespace {
-
-struct Sortie {
-    int code = -1;
-    std::string sortie, erreurs;
-};
 
 // A record as the file holds it.
 std::string enregistrement(int genre, const std::string& texte)
@@ -46,13 +44,7 @@ protected:
     Sortie lance(const QStringList& arguments,
                  const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
     {
-        QProcess p;
-        p.setProcessEnvironment(environnement);
-        p.setWorkingDirectory(QString::fromStdString(dossier_.string()));
-        p.start(QString(VELORIN_BIN_DIR) + "/velorin", QStringList{"catalogue"} + arguments);
-        p.waitForFinished(60000);
-        return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, p.readAllStandardOutput().toStdString(),
-                p.readAllStandardError().toStdString()};
+        return lanceVelorin(QStringList{"catalogue"} + arguments, dossier_.string(), environnement);
     }
     std::string contenu(const char* nom) const
     {
@@ -240,17 +232,10 @@ TEST_F(CommandeCatalogue, AjouteRefuseSansRienChanger)
 TEST_F(CommandeCatalogue, SortiePleine)
 {
     ecris("c.lsu", enregistrement(9, "Point:[(1,1)]"));
-    const std::string commande =
-        "cd '" + dossier_.string() + "' && " + VELORIN_BIN_DIR + "/velorin catalogue liste c.lsu 2>&1 >/dev/full";
-    FILE* f = popen(commande.c_str(), "r");
-    ASSERT_NE(f, nullptr);
-    std::string texte;
-    char tampon[256];
-    while (std::fgets(tampon, sizeof tampon, f))
-        texte += tampon;
-    const int brut = pclose(f);
-    EXPECT_EQ(WIFEXITED(brut) ? WEXITSTATUS(brut) : -1, 2);
-    EXPECT_NE(texte.find("n'a pas pu être écrite en entier"), std::string::npos) << texte;
+    const Sortie s = lanceVelorin({"catalogue", "liste", "c.lsu"}, dossier_.string(),
+                                  QProcessEnvironment::systemEnvironment(), QStringLiteral("/dev/full"));
+    EXPECT_EQ(s.code, 2);
+    EXPECT_NE(s.erreurs.find("n'a pas pu être écrite en entier"), std::string::npos) << s.erreurs;
 }
 
 }  // namespace
