@@ -1,19 +1,13 @@
 // `velorin catalogue liste` and `velorin catalogue ajoute` run as separate
 // processes, as a script runs them: their output, their exit status, and
 // the catalogue's bytes afterwards, damaged catalogues included.
-#include <gtest/gtest.h>
-
-#include <QProcess>
 #include <QProcessEnvironment>
-#include <QStringList>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <set>
-#include <sstream>
+#include <string>
 
 #include "catalogue/catalogue.h"
 #include "commande_catalogue.h"
@@ -174,17 +168,10 @@ TEST_F(CommandeCatalogue, AjouteRefuseSansRienChanger)
 TEST_F(CommandeCatalogue, SortiePleine)
 {
     ecris("c.lsu", enregistrement(9, "Point:[(1,1)]"));
-    const std::string commande =
-        "cd '" + dossier_.string() + "' && " + VELORIN_BIN_DIR + "/velorin catalogue liste c.lsu 2>&1 >/dev/full";
-    FILE* f = popen(commande.c_str(), "r");
-    ASSERT_NE(f, nullptr);
-    std::string texte;
-    char tampon[256];
-    while (std::fgets(tampon, sizeof tampon, f))
-        texte += tampon;
-    const int brut = pclose(f);
-    EXPECT_EQ(WIFEXITED(brut) ? WEXITSTATUS(brut) : -1, 2);
-    EXPECT_NE(texte.find("n'a pas pu être écrite en entier"), std::string::npos) << texte;
+    const Sortie s = lanceVelorin({"catalogue", "liste", "c.lsu"}, dossier_.string(),
+                                  QProcessEnvironment::systemEnvironment(), QStringLiteral("/dev/full"));
+    EXPECT_EQ(s.code, 2);
+    EXPECT_NE(s.erreurs.find("n'a pas pu être écrite en entier"), std::string::npos) << s.erreurs;
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include <QProcess>
 #include <QProcessEnvironment>
 #include <QStringList>
 
@@ -17,15 +16,11 @@
 #include <string>
 
 #include "catalogue/catalogue.h"
+#include "processus.h"
 
 namespace velorin::essai {
 
 namespace fs = std::filesystem;
-
-struct Sortie {
-    int code = -1;
-    std::string sortie, erreurs;
-};
 
 // A record as the file holds it.
 inline std::string enregistrement(int genre, const std::string& texte)
@@ -46,13 +41,7 @@ protected:
     Sortie lance(const QStringList& arguments,
                  const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
     {
-        QProcess p;
-        p.setProcessEnvironment(environnement);
-        p.setWorkingDirectory(QString::fromStdString(dossier_.string()));
-        p.start(QString(VELORIN_BIN_DIR) + "/velorin", QStringList{"catalogue"} + arguments);
-        p.waitForFinished(60000);
-        return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, p.readAllStandardOutput().toStdString(),
-                p.readAllStandardError().toStdString()};
+        return lanceVelorin(QStringList{"catalogue"} + arguments, dossier_.string(), environnement);
     }
     std::string contenu(const char* nom) const
     {
