@@ -1,94 +1,22 @@
 // `velorin catalogue liste` and `velorin catalogue ajoute` run as separate
 // processes, as a script runs them: their output, their exit status, and
 // the catalogue's bytes afterwards, damaged catalogues included.
-#include <gtest/gtest.h>
-
-#include <QProcess>
 #include <QProcessEnvironment>
-#include <QStringList>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <set>
-#include <sstream>
+#include <string>
 
 #include "catalogue/catalogue.h"
+#include "commande_catalogue.h"
 
 namespace fs = std::filesystem;
 using namespace velorin;
+using namespace velorin::essai;
 
 namespace {
-
-struct Sortie {
-    int code = -1;
-    std::string sortie, erreurs;
-};
-
-// A record as the file holds it.
-std::string enregistrement(int genre, const std::string& texte)
-{
-    return octetsEnregistrement({static_cast<std::int16_t>(genre), texte});
-}
-
-class CommandeCatalogue : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        dossier_ = fs::temp_directory_path() / ("velorin_catalogue_" + std::to_string(::getpid()));
-        fs::remove_all(dossier_);
-        fs::create_directories(dossier_);
-    }
-    void TearDown() override { fs::remove_all(dossier_); }
-
-    Sortie lance(const QStringList& arguments,
-                 const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
-    {
-        QProcess p;
-        p.setProcessEnvironment(environnement);
-        p.setWorkingDirectory(QString::fromStdString(dossier_.string()));
-        p.start(QString(VELORIN_BIN_DIR) + "/velorin", QStringList{"catalogue"} + arguments);
-        p.waitForFinished(60000);
-        return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, p.readAllStandardOutput().toStdString(),
-                p.readAllStandardError().toStdString()};
-    }
-    std::string contenu(const char* nom) const
-    {
-        std::ifstream f(dossier_ / nom, std::ios::binary);
-        std::stringstream s;
-        s << f.rdbuf();
-        return s.str();
-    }
-    void ecris(const char* nom, const std::string& octets) const
-    {
-        std::ofstream(dossier_ / nom, std::ios::binary) << octets;
-    }
-    std::set<std::string> noms() const
-    {
-        std::set<std::string> n;
-        for (const auto& e : fs::directory_iterator(dossier_))
-            n.insert(e.path().filename().string());
-        return n;
-    }
-    // Refused with exit 2 and `message`, the folder's files unchanged.
-    void refuse(const QStringList& arguments, const std::string& message,
-                const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
-    {
-        const std::string nom = arguments.join(' ').toStdString();
-        const std::set<std::string> avant = noms();
-        const std::string catalogue = contenu("c.lsu");
-        const Sortie s = lance(arguments, environnement);
-        EXPECT_EQ(s.code, 2) << nom;
-        EXPECT_NE(s.erreurs.find(message), std::string::npos) << nom << " : " << s.erreurs;
-        EXPECT_EQ(s.sortie, "") << nom;
-        EXPECT_EQ(noms(), avant) << nom;
-        EXPECT_EQ(contenu("c.lsu"), catalogue) << nom;
-    }
-
-    fs::path dossier_;
-};
 
 // Each entry is stored as the editor of its kind stores it, then listed.
 TEST_F(CommandeCatalogue, AjouteCommeLesEditeursPuisListe)
@@ -240,17 +168,10 @@ TEST_F(CommandeCatalogue, AjouteRefuseSansRienChanger)
 TEST_F(CommandeCatalogue, SortiePleine)
 {
     ecris("c.lsu", enregistrement(9, "Point:[(1,1)]"));
-    const std::string commande =
-        "cd '" + dossier_.string() + "' && " + VELORIN_BIN_DIR + "/velorin catalogue liste c.lsu 2>&1 >/dev/full";
-    FILE* f = popen(commande.c_str(), "r");
-    ASSERT_NE(f, nullptr);
-    std::string texte;
-    char tampon[256];
-    while (std::fgets(tampon, sizeof tampon, f))
-        texte += tampon;
-    const int brut = pclose(f);
-    EXPECT_EQ(WIFEXITED(brut) ? WEXITSTATUS(brut) : -1, 2);
-    EXPECT_NE(texte.find("n'a pas pu être écrite en entier"), std::string::npos) << texte;
+    const Sortie s = lanceVelorin({"catalogue", "liste", "c.lsu"}, dossier_.string(),
+                                  QProcessEnvironment::systemEnvironment(), QStringLiteral("/dev/full"));
+    EXPECT_EQ(s.code, 2);
+    EXPECT_NE(s.erreurs.find("n'a pas pu être écrite en entier"), std::string::npos) << s.erreurs;
 }
 
 }  // namespace

@@ -19,18 +19,16 @@
 #include <sstream>
 
 #include "catalogue/catalogue.h"
+#include "processus.h"
 #include "settings/memoire.h"
 #include "view/rotation.h"
 
 namespace fs = std::filesystem;
 using namespace velorin;
+using velorin::essai::lanceVelorin;
+using velorin::essai::Sortie;
 
 namespace {
-
-struct Sortie {
-    int code = -1;
-    std::string erreurs;
-};
 
 // English from Qt or from the C++ library never reaches the user.
 void sansAnglais(const std::string& erreurs, const std::string& cas)
@@ -68,12 +66,7 @@ protected:
     Sortie lance(const QStringList& arguments,
                  const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
     {
-        QProcess p;
-        p.setProcessEnvironment(environnement);
-        p.setWorkingDirectory(QString::fromStdString(dossier_.string()));
-        p.start(QString(VELORIN_BIN_DIR) + "/velorin", QStringList{"exporte"} + arguments);
-        p.waitForFinished(60000);
-        return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, p.readAllStandardError().toStdString()};
+        return lanceVelorin(QStringList{"exporte"} + arguments, dossier_.string(), environnement);
     }
     QString chemin(const char* nom) const { return QString::fromStdString((dossier_ / nom).string()); }
     std::string contenu(const char* nom) const

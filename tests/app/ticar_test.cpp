@@ -13,37 +13,10 @@
 
 #include "app/dialogues/ticar.h"
 #include "app/dialogues/tinu.h"
-#include "banc_fenetre.h"
+#include "fichier_editeur.h"
 
 namespace velorin::essai {
 namespace {
-
-struct Fichier {
-    Banc banc;
-    Catalogue cat;
-    QStringList messages;
-    Boites boites;
-    explicit Fichier(int nb)
-    {
-        banc.ecrisCatalogue(QStringLiteral("Espace_courbes/essai.lsu"), nb);
-        EXPECT_FALSE(ouvrirCatalogue(cat, banc.chemin(QStringLiteral("Espace_courbes/essai.lsu")).toStdString()));
-        boites.message = [this](QWidget*, const QString& texte) { messages << texte; };
-    }
-    QByteArray octets() const
-    {
-        QFile f(QString::fromStdString(cat.chemin));
-        EXPECT_TRUE(f.open(QIODevice::ReadOnly));
-        return f.readAll();
-    }
-};
-
-QByteArray enregistrement(int genre, const char* texte)
-{
-    QByteArray r;
-    r.append(char(genre & 0xff)).append(char((genre >> 8) & 0xff));
-    r.append(QByteArray(texte).leftJustified(300, ' '));
-    return r;
-}
 
 void tape(const QObject& dialogue, const QString& boite, const char* texte)
 {

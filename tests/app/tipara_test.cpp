@@ -10,37 +10,11 @@
 #include <QTimer>
 
 #include "app/dialogues/tipara.h"
-#include "banc_fenetre.h"
+#include "fichier_editeur.h"
 #include "plot/texte_entree.h"
 
 namespace velorin::essai {
 namespace {
-
-// The catalogue file of the bench, empty or with `nb` curves.
-struct Fichier {
-    Banc banc;
-    Catalogue cat;
-    explicit Fichier(int nb)
-    {
-        banc.ecrisCatalogue(QStringLiteral("Espace_courbes/essai.lsu"), nb);
-        EXPECT_FALSE(ouvrirCatalogue(cat, banc.chemin(QStringLiteral("Espace_courbes/essai.lsu")).toStdString()));
-    }
-    QByteArray octets() const
-    {
-        QFile f(QString::fromStdString(cat.chemin));
-        EXPECT_TRUE(f.open(QIODevice::ReadOnly));
-        return f.readAll();
-    }
-};
-
-// What a record holds: kind (16 bits, little-endian) and 300 padded bytes.
-QByteArray enregistrement(int genre, const char* texte)
-{
-    QByteArray r;
-    r.append(char(genre & 0xff)).append(char((genre >> 8) & 0xff));
-    r.append(QByteArray(texte).leftJustified(300, ' '));
-    return r;
-}
 
 void tape(Tipara& t, std::initializer_list<const char*> formules)
 {

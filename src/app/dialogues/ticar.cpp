@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "app/dialogues/entree_catalogue.h"
+#include "app/dialogues/menus_dialogue.h"
 #include "plot/texte_entree.h"
 
 namespace velorin {
@@ -42,16 +43,10 @@ Ticar::Ticar(Catalogue& catalogue, bool modeEspace, Boites boites, QWidget* pare
 
     // The designer's captions; afflabel puts those of the mode.
     auto* barre = new QMenuBar(this);
-    QMenu* mnuL = barre->addMenu(QStringLiteral("CHOISISSEZ"));
-    mnuL->setObjectName(QStringLiteral("mnuL"));
-    const char* const articles[] = {"Droite D(M,u)", "Plan: P(M,u,v)", "Plan: ax + by + cz + e = 0", "Segment [ MN ]",
-                                    "Point M(x,y,z)"};
-    for (int i = 0; i < 5; ++i) {
-        mnuf[i] = mnuL->addAction(QString::fromUtf8(articles[i]));
-        mnuf[i]->setObjectName(QStringLiteral("mnuf"));
-        mnuf[i]->setProperty("index", i);
-        connect(mnuf[i], &QAction::triggered, this, [this, i] { mnuf_Click(i); });
-    }
+    mnuf = menuTableau(
+        barre, "CHOISISSEZ", "mnuL",
+        {"Droite D(M,u)", "Plan: P(M,u,v)", "Plan: ax + by + cz + e = 0", "Segment [ MN ]", "Point M(x,y,z)"}, "mnuf",
+        [this](int i) { mnuf_Click(i); });
     mnuret = barre->addAction(QStringLiteral("RETOUR"));
     mnuret->setObjectName(QStringLiteral("mnuret"));
     connect(mnuret, &QAction::triggered, this, &QDialog::reject);

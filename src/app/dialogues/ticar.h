@@ -16,6 +16,7 @@
 #include <QDialog>
 #include <array>
 #include <string>
+#include <vector>
 
 #include "app/boites.h"
 #include "catalogue/catalogue.h"
@@ -60,7 +61,7 @@ private:
     int genreCourbe_ = -1;
     bool enregistre_ = false;
 
-    std::array<QAction*, 5> mnuf{};
+    std::vector<QAction*> mnuf;
     QAction* mnuret = nullptr;
     std::array<QGroupBox*, 5> Frame1{};
     std::array<QLineEdit*, 2> Text1{};

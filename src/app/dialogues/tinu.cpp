@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "app/dialogues/entree_catalogue.h"
+#include "app/dialogues/menus_dialogue.h"
 #include "app/dialogues/remarques.h"
 #include "catalogue/genre.h"
 #include "plot/texte_entree.h"
@@ -34,20 +35,9 @@ Tinu::Tinu(Catalogue& catalogue, bool modeEspace, Boites boites, QWidget* parent
     setWindowTitle(QStringLiteral("Nuages "));
 
     auto* barre = new QMenuBar(this);
-    QMenu* mnuc = barre->addMenu(QStringLiteral("CHOIX"));
-    mnuc->setObjectName(QStringLiteral("mnuc"));
-    const char* const types[] = {"g(x) < f(x) < h(x)", "g(x,y) < f(x,y) < h(x,y)"};
-    for (int i = 0; i < 2; ++i) {
-        mnuch[i] = mnuc->addAction(QString::fromUtf8(types[i]));
-        mnuch[i]->setObjectName(QStringLiteral("mnuch"));
-        mnuch[i]->setProperty("index", i);
-        connect(mnuch[i], &QAction::triggered, this, [this, i] { mnuch_Click(i); });
-    }
-    QMenu* mnur = barre->addMenu(QStringLiteral("RETOUR"));
-    mnur->setObjectName(QStringLiteral("mnur"));
-    mnurt = mnur->addAction(QStringLiteral("Page Principale"));
-    mnurt->setObjectName(QStringLiteral("mnurt"));
-    connect(mnurt, &QAction::triggered, this, &QDialog::reject);
+    mnuch = menuTableau(barre, "CHOIX", "mnuc", {"g(x) < f(x) < h(x)", "g(x,y) < f(x,y) < h(x,y)"}, "mnuch",
+                        [this](int i) { mnuch_Click(i); });
+    mnurt = menuRetour(barre, "RETOUR", "mnur", "Page Principale", "mnurt", this);
 
     Frame1 = new QGroupBox(this);
     Frame1->setObjectName(QStringLiteral("Frame1"));

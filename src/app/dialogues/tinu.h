@@ -14,6 +14,7 @@
 #include <QDialog>
 #include <array>
 #include <string>
+#include <vector>
 
 #include "app/boites.h"
 #include "catalogue/catalogue.h"
@@ -49,7 +50,7 @@ private:
     int genreCourbe_ = -1;
     bool enregistre_ = false;
 
-    std::array<QAction*, 2> mnuch{};
+    std::vector<QAction*> mnuch;
     QAction* mnurt = nullptr;
     QGroupBox *Frame1 = nullptr, *Frame6 = nullptr;
     std::array<QLineEdit*, 3> Text1{};

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "app/dialogues/entree_catalogue.h"
+#include "app/dialogues/menus_dialogue.h"
 #include "app/dialogues/remarques.h"
 #include "plot/demande.h"
 #include "plot/ecran.h"
@@ -22,9 +23,9 @@ namespace velorin {
 
 namespace {
 
-const char* const legendesTypes[] = {"y = f(x) dans le plan uniquement", "x =f1(t),y = f2(t),z = f3(t)",
-                                     "x=f1(a,t),y=f2(a,t),z=f3(a,t)", "Rayon,Longitude et Azimut f(t)",
-                                     "Rayon,Longitude,Azimut f(a,t)"};
+const std::vector<const char*> legendesTypes = {"y = f(x) dans le plan uniquement", "x =f1(t),y = f2(t),z = f3(t)",
+                                                "x=f1(a,t),y=f2(a,t),z=f3(a,t)", "Rayon,Longitude et Azimut f(t)",
+                                                "Rayon,Longitude,Azimut f(a,t)"};
 
 // Formulas of t alone are read by the space family, those of (a, t) by the
 // plane family, as the tracers read them.
@@ -43,19 +44,9 @@ Tipara::Tipara(Catalogue& catalogue, bool modeEspace, int typeDepart, Boites boi
     setWindowTitle(QStringLiteral("Choix des fonctions paramétrées"));
 
     auto* barre = new QMenuBar(this);
-    QMenu* mnut = barre->addMenu(QStringLiteral("Type de fonction"));
-    mnut->setObjectName(QStringLiteral("mnut"));
-    for (int i = 0; i < 5; ++i) {
-        mnutip[i] = mnut->addAction(QString::fromUtf8(legendesTypes[i]));
-        mnutip[i]->setObjectName(QStringLiteral("mnutip"));
-        mnutip[i]->setProperty("index", i);
-        connect(mnutip[i], &QAction::triggered, this, [this, i] { mnutip_Click(i); });
-    }
-    QMenu* mnur = barre->addMenu(QStringLiteral("RETOUR"));
-    mnur->setObjectName(QStringLiteral("mnur"));
-    mnuret = mnur->addAction(QStringLiteral("Menu Principal"));
-    mnuret->setObjectName(QStringLiteral("mnuret"));
-    connect(mnuret, &QAction::triggered, this, &QDialog::reject);
+    mnutip =
+        menuTableau(barre, "Type de fonction", "mnut", legendesTypes, "mnutip", [this](int i) { mnutip_Click(i); });
+    mnuret = menuRetour(barre, "RETOUR", "mnur", "Menu Principal", "mnuret", this);
 
     Frame5 =
         new QGroupBox(QStringLiteral("Rentrez le bon énoncé/n'oubliez pas les parenthèses et les * de la mult"), this);
@@ -146,9 +137,9 @@ void Tipara::mnutip_Click(int index)
 
 void Tipara::verifie(int boite)
 {
-    Remarques[boite]->setText(genreCourbe_ >= 0 ? remarquesFormule(Text2[boite]->text(), genreCourbe_,
-                                                                    familleDuGenre(genreCourbe_))
-                                                : QString());
+    Remarques[boite]->setText(genreCourbe_ >= 0
+                                  ? remarquesFormule(Text2[boite]->text(), genreCourbe_, familleDuGenre(genreCourbe_))
+                                  : QString());
     if (minuterieApercu)
         minuterieApercu->start();
 }

@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <array>
 #include <memory>
+#include <vector>
 
 #include "app/boites.h"
 #include "catalogue/catalogue.h"
@@ -67,7 +68,7 @@ private:
     QTimer* minuterieApercu = nullptr;
     void montreApercu();
 
-    std::array<QAction*, 5> mnutip{};
+    std::vector<QAction*> mnutip;
     QAction* mnuret = nullptr;
     QGroupBox *Frame5 = nullptr, *Frame6 = nullptr;
     std::array<QLabel*, 3> Label1{}, Remarques{};

@@ -1,0 +1,82 @@
+// The bench of the `velorin catalogue` tests: each sub-command runs as a
+// separate process in a fresh folder, as a script runs it; its output, its
+// exit status and the folder's files afterwards are what the tests read.
+#pragma once
+#include <gtest/gtest.h>
+
+#include <QProcessEnvironment>
+#include <QStringList>
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <string>
+
+#include "catalogue/catalogue.h"
+#include "processus.h"
+
+namespace velorin::essai {
+
+namespace fs = std::filesystem;
+
+// A record as the file holds it.
+inline std::string enregistrement(int genre, const std::string& texte)
+{
+    return octetsEnregistrement({static_cast<std::int16_t>(genre), texte});
+}
+
+class CommandeCatalogue : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        dossier_ = fs::temp_directory_path() / ("velorin_catalogue_" + std::to_string(::getpid()));
+        fs::remove_all(dossier_);
+        fs::create_directories(dossier_);
+    }
+    void TearDown() override { fs::remove_all(dossier_); }
+
+    Sortie lance(const QStringList& arguments,
+                 const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
+    {
+        return lanceVelorin(QStringList{"catalogue"} + arguments, dossier_.string(), environnement);
+    }
+    std::string contenu(const char* nom) const
+    {
+        std::ifstream f(dossier_ / nom, std::ios::binary);
+        std::stringstream s;
+        s << f.rdbuf();
+        return s.str();
+    }
+    void ecris(const char* nom, const std::string& octets) const
+    {
+        std::ofstream(dossier_ / nom, std::ios::binary) << octets;
+    }
+    std::set<std::string> noms() const
+    {
+        std::set<std::string> n;
+        for (const auto& e : fs::directory_iterator(dossier_))
+            n.insert(e.path().filename().string());
+        return n;
+    }
+    // Refused with exit 2 and `message`, the folder's files unchanged.
+    void refuse(const QStringList& arguments, const std::string& message,
+                const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
+    {
+        const std::string nom = arguments.join(' ').toStdString();
+        const std::set<std::string> avant = noms();
+        const std::string catalogue = contenu("c.lsu");
+        const Sortie s = lance(arguments, environnement);
+        EXPECT_EQ(s.code, 2) << nom;
+        EXPECT_NE(s.erreurs.find(message), std::string::npos) << nom << " : " << s.erreurs;
+        EXPECT_EQ(s.sortie, "") << nom;
+        EXPECT_EQ(noms(), avant) << nom;
+        EXPECT_EQ(contenu("c.lsu"), catalogue) << nom;
+    }
+
+    fs::path dossier_;
+};
+
+}  // namespace velorin::essai
