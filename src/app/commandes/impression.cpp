@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPageLayout>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
@@ -44,8 +45,9 @@ QString cite(const QString& chemin)
     return QString::fromStdString(texteCite(chemin.toStdString()));
 }
 
-// The page into a PDF file, written whole through the one write routine.
-Erreur ecrisPdf(const Etat& etat, const QString& chemin)
+// The page into a PDF file of the given layout, written whole through the
+// one write routine.
+Erreur ecrisPdf(const Etat& etat, const QString& chemin, const QPageLayout& mise)
 {
     QByteArray octets;
     QBuffer tampon(&octets);
@@ -53,8 +55,7 @@ Erreur ecrisPdf(const Etat& etat, const QString& chemin)
     {
         QPdfWriter pdf(&tampon);
         pdf.setResolution(300);
-        pdf.setPageSize(QPageSize(QPageSize::A4));
-        pdf.setPageOrientation(orientation(etat));
+        pdf.setPageLayout(mise);
         pdf.setTitle(QStringLiteral("TRACE DES COURBES"));
         pdf.setCreator(QStringLiteral("Velorin"));
         if (auto erreur = imprimage(etat, pdf))
@@ -62,6 +63,13 @@ Erreur ecrisPdf(const Etat& etat, const QString& chemin)
     }
     tampon.close();
     return ecrisFichierEntier(chemin.toStdString(), std::string_view(octets.constData(), std::size_t(octets.size())));
+}
+
+// An A4 page in the menu's orientation, for the PDF file written when no
+// printer is installed.
+QPageLayout pageA4(const Etat& etat)
+{
+    return QPageLayout(QPageSize(QPageSize::A4), orientation(etat), QMarginsF());
 }
 
 // The printer of the menu's orientation.
@@ -77,6 +85,17 @@ void dit(Mirado& m, const Erreur& erreur)
 {
     if (erreur)
         m.boites.message(&m, QString::fromStdString(erreur.message()));
+}
+
+// The page on a printer set up by the print dialog or the preview. Printing
+// into a PDF file chosen there goes through the one write routine too
+// (whole or not at all), in the layout chosen; the preview's own rendering
+// and a real printer are painted on directly.
+void imprimeSur(Mirado& m, QPrinter& p)
+{
+    const bool versFichier = p.outputFormat() == QPrinter::PdfFormat && !p.outputFileName().isEmpty() &&
+                             p.paintEngine() && p.paintEngine()->type() == QPaintEngine::Pdf;
+    dit(m, versFichier ? ecrisPdf(m.etat, p.outputFileName(), p.pageLayout()) : imprimage(m.etat, p));
 }
 
 }  // namespace
@@ -134,7 +153,7 @@ void imprimeGraphique(Mirado& m, const Imprimantes& imprimantes)
         const std::optional<QString> chemin = imprimantes.fichierPdf(&m, proposition);
         if (!chemin)
             return;
-        if (auto erreur = ecrisPdf(m.etat, *chemin))
+        if (auto erreur = ecrisPdf(m.etat, *chemin, pageA4(m.etat)))
             return dit(m, erreur);
         m.boites.message(&m, QStringLiteral("Aucune imprimante n'est installée : le graphique est enregistré dans ") +
                                  cite(*chemin) + QStringLiteral("."));
@@ -143,11 +162,7 @@ void imprimeGraphique(Mirado& m, const Imprimantes& imprimantes)
     const auto p = imprimante(m.etat);
     if (!imprimantes.dialogue(&m, *p))
         return;
-    // Printing to a file chosen in the dialog goes through the one write
-    // routine too: whole or not at all.
-    if (p->outputFormat() == QPrinter::PdfFormat && !p->outputFileName().isEmpty())
-        return dit(m, ecrisPdf(m.etat, p->outputFileName()));
-    dit(m, imprimage(m.etat, *p));
+    imprimeSur(m, *p);
 }
 
 void apercuGraphique(Mirado& m, const Imprimantes& imprimantes)
@@ -155,7 +170,7 @@ void apercuGraphique(Mirado& m, const Imprimantes& imprimantes)
     if (m.refuseSiOccupe())
         return;
     const auto p = imprimante(m.etat);
-    imprimantes.apercu(&m, *p, [&m](QPrinter& q) { dit(m, imprimage(m.etat, q)); });
+    imprimantes.apercu(&m, *p, [&m](QPrinter& q) { imprimeSur(m, q); });
 }
 
 QImage imageAvecEtiquettes(const Mirado& m)
