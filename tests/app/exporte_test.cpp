@@ -150,7 +150,7 @@ TEST_F(Exporte, ErreursSansFichier)
         {{"--catalogue", "essai.lsu", "--entree", "1", "--taille", "12", "--sortie", "x.png"}, "taille"},
         {{"--catalogue", "essai.lsu", "--entree", "1", "--vite", "--sortie", "x.png"}, "option inconnue"},
         {{"--catalogue", "essai.lsu", "--sortie", "x.png"}, "--entree"},
-        {{"--figure", "a.fig", "--sortie", "x.png"}, "pas encore disponible"},
+        {{"--figure", "a.fig", "--sortie", "x.png"}, "La figure « a.fig » n'existe pas"},
         {{"--catalogue", "essai.lsu", "--entree", "1", "--parametres", "absent.log", "--sortie", "x.png"},
          "absent.log"},
         {{"--catalogue", "essai.lsu", "--entree", "1", "--entree", "3", "--sortie", "x.png"}, "est incorrecte"},
