@@ -19,13 +19,12 @@
 #include <sstream>
 
 #include "catalogue/catalogue.h"
-#include "processus.h"
+#include "dossier_exporte.h"
 #include "settings/memoire.h"
 #include "view/rotation.h"
 
 namespace fs = std::filesystem;
 using namespace velorin;
-using velorin::essai::lanceVelorin;
 using velorin::essai::Sortie;
 
 namespace {
@@ -38,44 +37,15 @@ void sansAnglais(const std::string& erreurs, const std::string& cas)
         EXPECT_EQ(erreurs.find(anglais), std::string::npos) << cas << " : " << erreurs;
 }
 
-class Exporte : public ::testing::Test {
+class Exporte : public essai::DossierExporte {
 protected:
-    void SetUp() override
-    {
-        dossier_ = fs::temp_directory_path() / ("velorin_exporte_" + std::to_string(::getpid()));
-        fs::remove_all(dossier_);
-        fs::create_directories(dossier_);
-        Catalogue cat;
-        ASSERT_FALSE(ouvrirCatalogue(cat, (dossier_ / "essai.lsu").string()));
-        const std::pair<int, const char*> entrees[] = {
-            {8, "Segment:[(-5,-5,0)][(5,5,8)]"},
-            {2, "x=f1(a,t)=(3+cos(a))*cos(t)][y=f2(a,t)=(3+cos(a))*sin(t)][z=f3(a,t)=sin(a)"},
-            {1, "x=f1(t)=cos(t][y=f2(t)=t][z=f3(t)=t"},
-            {9, "Point:[(1,A,2)]"},
-        };
-        int n = 1;
-        for (auto [genre, texte] : entrees) {
-            LigneCatalogue l;
-            l.typeFonction = static_cast<std::int16_t>(genre);
-            l.texte = texte;
-            ASSERT_FALSE(ecrisLigne(cat, n++, l));
-        }
-    }
-    void TearDown() override { fs::remove_all(dossier_); }
-
-    Sortie lance(const QStringList& arguments,
-                 const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
-    {
-        return lanceVelorin(QStringList{"exporte"} + arguments, dossier_.string(), environnement);
-    }
-    QString chemin(const char* nom) const { return QString::fromStdString((dossier_ / nom).string()); }
-    std::string contenu(const char* nom) const
-    {
-        std::ifstream f(dossier_ / nom, std::ios::binary);
-        std::stringstream s;
-        s << f.rdbuf();
-        return s.str();
-    }
+    Exporte()
+        : DossierExporte("velorin_exporte_",
+                         {{8, "Segment:[(-5,-5,0)][(5,5,8)]"},
+                          {2, "x=f1(a,t)=(3+cos(a))*cos(t)][y=f2(a,t)=(3+cos(a))*sin(t)][z=f3(a,t)=sin(a)"},
+                          {1, "x=f1(t)=cos(t][y=f2(t)=t][z=f3(t)=t"},
+                          {9, "Point:[(1,A,2)]"}})
+    { }
     // Names in the folder, links included (a loop too), sorted.
     std::set<std::string> noms() const
     {
@@ -83,10 +53,6 @@ protected:
         for (const auto& e : fs::directory_iterator(dossier_))
             n.insert(e.path().filename().string());
         return n;
-    }
-    void ecris(const char* nom, const std::string& texte) const
-    {
-        std::ofstream(dossier_ / nom, std::ios::binary) << texte;
     }
     // Refused with `message` in a French sentence; an export that failed
     // leaves no file behind, not even a temporary one.
@@ -101,8 +67,6 @@ protected:
         sansAnglais(s.erreurs, nom);
         EXPECT_EQ(noms(), avant) << nom;
     }
-
-    fs::path dossier_;
 };
 
 TEST_F(Exporte, QuatreFormats)
