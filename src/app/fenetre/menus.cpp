@@ -164,6 +164,7 @@ void Mirado::creeMenus()
     mnuipcop = article(mnup, "Copie d'écran", rien, false);
     mnumemo = barre->addMenu(QStringLiteral("Mémorisation"));
     tableau(mnumemfig, mnumemo, {"Sauver cet écran", "Lire un écran mémorisé"}, aucun, {}, false);
+    creeMenuExporter();
     mnua = barre->addMenu(QStringLiteral("?"));
     tableau(mnuaide, mnua, {"A propos ", "Fichiers d'aide"}, aucun, {}, false);
     tableau(mnuaf, mnua,

@@ -110,6 +110,9 @@ public:
     void mnuipo_Click(int index);
     void mnutra_Click(int index);
     void mnuzo_Click(int index);
+    // "Exporter" (commandes/exporter.cpp): 0 the picture on screen, 1 the
+    // animation of a full turn.
+    void mnuexpo_Click(int index);
 
     // ---- Sending entries to the drawing (mirado_trace.cpp)
     // Draws catalogue entry `numero` as a new curve. False when nothing was
@@ -134,6 +137,7 @@ protected:
 
 private:
     void creeMenus();
+    void creeMenuExporter();  // commandes/exporter.cpp
     void creePanneaux();
     void creeMinuteries();
     void placeFenetre();
@@ -184,6 +188,8 @@ private:
         mnuf, mnufa, mnurotu, mnuroti, mnurotan, mnuzo, mnutra, mnumemfig, mnuaide, mnuaf;
     QAction *mnupari = nullptr, *mnumet = nullptr, *mnuipr = nullptr, *mnuip = nullptr, *mnuipcop = nullptr;
     QAction* mnufaReste = nullptr;  // "... more in the full list", when over 30 entries
+    QMenu* mnuexp = nullptr;        // "Exporter", with its entries mnuexpo
+    std::vector<QAction*> mnuexpo;
     QString titreTrace_;            // the whole caption of mnutrace
 
     ZoneDessin* zone_ = nullptr;
