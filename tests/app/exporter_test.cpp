@@ -18,6 +18,29 @@ namespace {
 
 const ::testing::Environment* const environnement = ::testing::AddGlobalTestEnvironment(new EnvironnementQt);
 
+// The file dialog answers `relatif` in the test folder (nothing: cancelled)
+// and keeps the title it was asked with.
+void repondFichier(Banc& banc, const std::optional<QString>& relatif, QString& titre)
+{
+    banc.fichierAEcrire = [&banc, relatif, &titre](const QString& t) -> std::optional<QString> {
+        titre = t;
+        if (!relatif)
+            return std::nullopt;
+        return banc.chemin(*relatif);
+    };
+}
+
+// The one message shown holds `attendu`; none was shown when it is null.
+void verifieMessage(const Banc& banc, const char* attendu)
+{
+    if (!attendu) {
+        EXPECT_TRUE(banc.messages.isEmpty()) << banc.messages.join('|').toStdString();
+        return;
+    }
+    ASSERT_EQ(banc.messages.size(), 1);
+    EXPECT_TRUE(banc.messages[0].contains(QString::fromUtf8(attendu))) << banc.messages[0].toStdString();
+}
+
 TEST(Exporter, MenuJusteAvantLAideSansDeplacerLesAutres)
 {
     Banc banc;
@@ -58,21 +81,11 @@ TEST(Exporter, ImageDeLEcran)
         Mirado& m = banc.demarre();
         ASSERT_TRUE(m.envoie(1));
         QString titre;
-        banc.fichierAEcrire = [&](const QString& t) -> std::optional<QString> {
-            titre = t;
-            if (!c.reponse)
-                return std::nullopt;
-            return banc.chemin(*c.reponse);
-        };
+        repondFichier(banc, c.reponse, titre);
         const QStringList avant = QDir(banc.dossier.path()).entryList(QDir::Files);
         article(m, "mnuexpo", 0)->trigger();
         EXPECT_EQ(titre, QStringLiteral("Image de l'écran"));
-        if (c.message) {
-            ASSERT_EQ(banc.messages.size(), 1);
-            EXPECT_TRUE(banc.messages[0].contains(QString::fromUtf8(c.message))) << banc.messages[0].toStdString();
-        } else {
-            EXPECT_TRUE(banc.messages.isEmpty()) << banc.messages.join('|').toStdString();
-        }
+        verifieMessage(banc, c.message);
         QStringList attendus = avant;
         if (c.ecrit) {
             attendus << QString::fromUtf8(c.ecrit);
@@ -183,23 +196,13 @@ TEST(Exporter, AnimationAnnuleeOuRefusee)
         banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 1);
         Mirado& m = banc.demarre();
         ASSERT_TRUE(m.envoie(1));
-        bool fichierDemande = false;
         banc.choixListe = [&](const QStringList&) { return c.tour; };
-        banc.fichierAEcrire = [&](const QString&) -> std::optional<QString> {
-            fichierDemande = true;
-            if (!c.sortie)
-                return std::nullopt;
-            return banc.chemin(*c.sortie);
-        };
+        QString titre;
+        repondFichier(banc, c.sortie, titre);
         const QStringList avant = QDir(banc.dossier.path()).entryList(QDir::Files);
         article(m, "mnuexpo", 1)->trigger();
-        EXPECT_EQ(fichierDemande, c.tour.has_value());
-        if (c.message) {
-            ASSERT_EQ(banc.messages.size(), 1);
-            EXPECT_TRUE(banc.messages[0].contains(QString::fromUtf8(c.message))) << banc.messages[0].toStdString();
-        } else {
-            EXPECT_TRUE(banc.messages.isEmpty()) << banc.messages.join('|').toStdString();
-        }
+        EXPECT_EQ(!titre.isEmpty(), c.tour.has_value());
+        verifieMessage(banc, c.message);
         EXPECT_EQ(QDir(banc.dossier.path()).entryList(QDir::Files), avant);
     }
 }
