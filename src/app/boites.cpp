@@ -2,6 +2,7 @@
 
 #include <QColorDialog>
 #include <QCoreApplication>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -34,6 +35,21 @@ Boites Boites::standard()
     // Leaves every event loop, the main one included: the program ends
     // without saving anything.
     b.fin = [] { QCoreApplication::exit(1); };
+    b.fichierAEcrire = [](QWidget* parent, const QString& titre, const QString& proposition,
+                          const QString& filtres) -> std::optional<QString> {
+        const QString nom = QFileDialog::getSaveFileName(parent, titre, proposition, filtres);
+        if (nom.isEmpty())
+            return std::nullopt;
+        return nom;
+    };
+    b.choixListe = [](QWidget* parent, const QString& invite, const QString& titre,
+                      const QStringList& elements) -> std::optional<int> {
+        bool ok = false;
+        const QString choisi = QInputDialog::getItem(parent, titre, invite, elements, 0, false, &ok);
+        if (!ok)
+            return std::nullopt;
+        return int(elements.indexOf(choisi));
+    };
     return b;
 }
 

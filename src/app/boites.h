@@ -5,6 +5,7 @@
 #pragma once
 #include <QColor>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <optional>
 
@@ -24,8 +25,19 @@ struct Boites {
     std::function<std::optional<QColor>(QWidget* parent, const QColor& initiale, const QString& titre)> choixCouleur;
     // Ends the program (after the evaluator's "Formule incorrecte").
     std::function<void()> fin;
+    // The name of a file to write, proposed as `proposition`, with the
+    // file-type filters of a file dialog ("Animation GIF (*.gif)"); nothing
+    // when the user cancelled. Left empty, no file is ever chosen.
+    std::function<std::optional<QString>(QWidget* parent, const QString& titre, const QString& proposition,
+                                         const QString& filtres)>
+        fichierAEcrire;
+    // One of `elements`, by its index; nothing when the user cancelled. Left
+    // empty, nothing is ever chosen.
+    std::function<std::optional<int>(QWidget* parent, const QString& invite, const QString& titre,
+                                     const QStringList& elements)>
+        choixListe;
 
-    // The real boxes (QMessageBox, QInputDialog, QColorDialog), titled with the program's name.
+    // The real boxes (QMessageBox, QInputDialog, QColorDialog, QFileDialog), titled with the program's name.
     static Boites standard();
 };
 

@@ -4,9 +4,11 @@
 // the range included, like the walk of the plane curve tracer.
 #include "plot/nuages.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "catalogue/genre.h"
+#include "engine/compilation.h"
 #include "engine/lecture.h"
 #include "plot/point_trace.h"
 #include "view/projection.h"
@@ -65,37 +67,52 @@ void traceNuage(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
     GlobalesMoteur& m = etat.moteur;
     const Vue& v = etat.vue;
     const Couleur couleur = etat.couleurs.couleurTrace;
-    long compteur = 0;
-    for (long i = 0; i <= axes[0].n; ++i) {
-        const double x = axes[0].valeur(i);
-        for (long j = 0; j <= axes[1].n; ++j) {
-            const double y = axes[1].valeur(j);
-            for (long k = 0; k <= axes[2].n; ++k) {
-                if (++compteur % kPointsEntreTests == 0 && crochets.interrompu && crochets.interrompu())
-                    return;
-                const double z = axes[2].valeur(k);
+    // g, f and h are evaluated a run of grid points at a time (the same
+    // values as point by point, in the same walk order). A run that meets
+    // unreadable brackets is evaluated again point by point, so that the
+    // points before the faulty one are set as they always were.
+    const FormulesCompilees formules(Famille::Nuage, {m.formuleF1, m.formuleF2, m.formuleF3});
+    constexpr long kRun = 256;
+    double xs[kRun], ys[kRun], zs[kRun], gs[kRun], fs[kRun], hs[kRun];
+    double* sorties[3] = {gs, fs, hs};
+    const long nz = axes[2].n + 1, nyz = (axes[1].n + 1) * nz, points = (axes[0].n + 1) * nyz;
+    for (long debut = 0; debut < points; debut += kRun) {
+        const long nb = std::min(kRun, points - debut);
+        for (long q = 0; q < nb; ++q) {
+            const long rang = debut + q;
+            xs[q] = axes[0].valeur(rang / nyz);
+            ys[q] = axes[1].valeur(rang % nyz / nz);
+            zs[q] = axes[2].valeur(rang % nz);
+        }
+        const bool lisible = evalueBloc(formules, xs, ys, zs, sorties, std::size_t(nb));
+        for (long q = 0; q < nb; ++q) {
+            if ((debut + q + 1) % kPointsEntreTests == 0 && crochets.interrompu && crochets.interrompu())
+                return;
+            const double x = xs[q], y = ys[q], z = zs[q];
+            double g = gs[q], f = fs[q], h = hs[q];
+            if (!lisible) {
                 Issue issues[3];
-                const double g = m.formules.valeur(Famille::Nuage, m.formuleF1, x, y, z, &issues[0]);
-                const double f = m.formules.valeur(Famille::Nuage, m.formuleF2, x, y, z, &issues[1]);
-                const double h = m.formules.valeur(Famille::Nuage, m.formuleF3, x, y, z, &issues[2]);
+                g = m.formules.valeur(Famille::Nuage, m.formuleF1, x, y, z, &issues[0]);
+                f = m.formules.valeur(Famille::Nuage, m.formuleF2, x, y, z, &issues[1]);
+                h = m.formules.valeur(Famille::Nuage, m.formuleF3, x, y, z, &issues[2]);
                 for (Issue issue : issues) {
                     if (issue == Issue::Incorrecte) {
                         m.erreurFormule = messageIncorrecte(Famille::Nuage);
                         return;
                     }
                 }
-                if (!(g < f && f < h))
-                    continue;
-                double sx = 0, sy = 0;
-                if (!projette(p, v, etat.fenetre.modeEspace, x, y, z, sx, sy))
-                    continue;
-                if (!dansAireDessin(v, sx, sy))
-                    continue;
-                m.pointX = x;
-                m.pointY = y;
-                m.pointZ = z;
-                surface.PSet(sx, sy, couleur);
             }
+            if (!(g < f && f < h))
+                continue;
+            double sx = 0, sy = 0;
+            if (!projette(p, v, etat.fenetre.modeEspace, x, y, z, sx, sy))
+                continue;
+            if (!dansAireDessin(v, sx, sy))
+                continue;
+            m.pointX = x;
+            m.pointY = y;
+            m.pointZ = z;
+            surface.PSet(sx, sy, couleur);
         }
     }
 }

@@ -76,9 +76,13 @@ struct Banc {
     std::vector<std::optional<QString>> reponses;  // answers of the input boxes, in turn
     // The colour chooser's answer for a title; none (cancel) when unset.
     std::function<std::optional<QColor>(const QString& titre)> choixCouleur;
-    QStringList questions;       // "title: text" of the yes/no questions asked
+    QStringList questions;         // "title: text" of the yes/no questions asked
     bool reponseQuestion = false;  // their answer
-    QStringList saisies;         // "title: prompt" of the input boxes shown
+    QStringList saisies;           // "title: prompt" of the input boxes shown
+    // The file dialog's answer for a title, and the list chooser's for its
+    // entries; none (cancel) when unset.
+    std::function<std::optional<QString>(const QString& titre)> fichierAEcrire;
+    std::function<std::optional<int>(const QStringList& elements)> choixListe;
     std::unique_ptr<Mirado> fenetre;
 
     Banc()
@@ -140,6 +144,14 @@ struct Banc {
         boites.fin = [this] { ++fins; };
         boites.choixCouleur = [this](QWidget*, const QColor&, const QString& titre) -> std::optional<QColor> {
             return choixCouleur ? choixCouleur(titre) : std::nullopt;
+        };
+        boites.fichierAEcrire = [this](QWidget*, const QString& titre, const QString&,
+                                       const QString&) -> std::optional<QString> {
+            return fichierAEcrire ? fichierAEcrire(titre) : std::nullopt;
+        };
+        boites.choixListe = [this](QWidget*, const QString&, const QString&,
+                                   const QStringList& elements) -> std::optional<int> {
+            return choixListe ? choixListe(elements) : std::nullopt;
         };
         fenetre = std::make_unique<Mirado>(etat, dossier.path(), boites);
         fenetre->resize(900, 650);

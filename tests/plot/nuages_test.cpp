@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <vector>
 
 #include "view/projection.h"
 #include "view/surface_enregistreuse.h"
@@ -15,8 +16,8 @@ namespace {
 // Points set by a cloud drawn in the plane on [-10,10] x [-10,10] (z too).
 // The frame is calibrated a little wider so that every grid point, x = 10
 // included, lies inside the drawing area.
-std::size_t pointsNuage(int genre, const char* g, const char* f, const char* h, double nx, double ny, double nz,
-                        const CrochetsTrace& crochets = {})
+std::vector<OperationDessin> dessinNuage(int genre, const char* g, const char* f, const char* h, double nx, double ny,
+                                         double nz, const CrochetsTrace& crochets = {}, Etat* apres = nullptr)
 {
     Etat etat;
     etat.fenetre.metsModeEspace(false);
@@ -40,7 +41,15 @@ std::size_t pointsNuage(int genre, const char* g, const char* f, const char* h, 
         EXPECT_EQ(o.genre, OperationDessin::Genre::Point);
         EXPECT_EQ(o.couleur, etat.couleurs.couleurTrace);
     }
-    return surface.operations().size();
+    if (apres)
+        *apres = etat;
+    return surface.operations();
+}
+
+std::size_t pointsNuage(int genre, const char* g, const char* f, const char* h, double nx, double ny, double nz,
+                        const CrochetsTrace& crochets = {})
+{
+    return dessinNuage(genre, g, f, h, nx, ny, nz, crochets).size();
 }
 
 TEST(Nuages, PointsDuQuadrillage)
@@ -86,6 +95,42 @@ TEST(Nuages, GrilleEnormeInterrompue)
     EXPECT_EQ(appels, 2);
     EXPECT_LT(n, 2 * 4096u);
     EXPECT_GT(n, 0u);
+}
+
+// The grid walked x outer, then y, then z, over many runs of points: the
+// points of x + 2y + 4z = 0 on the integer grid of [-10, 10]^3 come in that
+// order, each where the plane frame puts its (x, y), the last one included.
+TEST(Nuages, OrdreDuParcours)
+{
+    Etat etat;
+    const auto operations = dessinNuage(15, "-0.5", "X+2*Y+4*Z", "0.5", 20, 20, 20, {}, &etat);
+    std::vector<std::pair<double, double>> attendus;
+    for (int x = -10; x <= 10; ++x)
+        for (int y = -10; y <= 10; ++y)
+            for (int z = -10; z <= 10; ++z)
+                if (x + 2 * y + 4 * z == 0) {
+                    double sx = 0, sy = 0;
+                    ASSERT_TRUE(projette(etat.param, etat.vue, false, x, y, z, sx, sy));
+                    attendus.emplace_back(sx, sy);
+                }
+    ASSERT_EQ(operations.size(), attendus.size());
+    for (std::size_t i = 0; i < attendus.size(); ++i) {
+        EXPECT_EQ(operations[i].x1, attendus[i].first) << i;
+        EXPECT_EQ(operations[i].y1, attendus[i].second) << i;
+    }
+    // The engine's point is the last one set.
+    EXPECT_EQ(etat.moteur.pointX, 10);
+    EXPECT_EQ(etat.moteur.pointY, 9);
+    EXPECT_EQ(etat.moteur.pointZ, -7);
+    EXPECT_TRUE(etat.moteur.erreurFormule.empty());
+}
+
+// Unbalanced brackets: nothing is set and the cloud's message is left.
+TEST(Nuages, FormuleIllisible)
+{
+    Etat etat;
+    EXPECT_TRUE(dessinNuage(15, "-1", "(X+Y", "1", 20, 20, 20, {}, &etat).empty());
+    EXPECT_EQ(etat.moteur.erreurFormule, messageIncorrecte(Famille::Nuage));
 }
 
 }  // namespace

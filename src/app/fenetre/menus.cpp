@@ -161,6 +161,7 @@ void Mirado::creeMenus()
     mnuipcop = article(mnup, "Copie d'écran", rien, false);
     mnumemo = barre->addMenu(QStringLiteral("Mémorisation"));
     tableau(mnumemfig, mnumemo, {"Sauver cet écran", "Lire un écran mémorisé"}, aucun, {}, false);
+    creeMenuExporter();
     mnua = barre->addMenu(QStringLiteral("?"));
     tableau(mnuaide, mnua, {"A propos ", "Fichiers d'aide"}, &Mirado::mnuaide_Click);
     tableau(mnuaf, mnua,

@@ -121,6 +121,9 @@ public:
     // ---- Pruning and points in memory (menus_points.cpp)
     void ouvreMenage();  // "Elaguer fonctions"
     void ouvreLipo();    // "Points disponibles"
+    // "Exporter" (commandes/exporter.cpp): 0 the picture on screen, 1 the
+    // animation of a full turn.
+    void mnuexpo_Click(int index);
 
     // ---- Sending entries to the drawing (mirado_trace.cpp)
     // Draws catalogue entry `numero` as a new curve. False when nothing was
@@ -140,12 +143,12 @@ public:
     CrochetsTrace crochets();
 
     // ---- Rotation, zoom and the mouse (app/commandes/)
-    void Command5_Click(int index);   // one 5-degree step about an axis
-    void mnuroti_Click(int index);    // "Tour complet"
-    void mnurotan_Click(int index);   // "D'un certain angle entre -pi et pi"
-    void Timer2_Timer();              // a tick of the full turn
-    void Timer3_Timer();              // a tick of the head rotation
-    void grossir(int mode);           // "ZOOM" 1..4
+    void Command5_Click(int index);    // one 5-degree step about an axis
+    void mnuroti_Click(int index);     // "Tour complet"
+    void mnurotan_Click(int index);    // "D'un certain angle entre -pi et pi"
+    void Timer2_Timer();               // a tick of the full turn
+    void Timer3_Timer();               // a tick of the head rotation
+    void grossir(int mode);            // "ZOOM" 1..4
     void dessineloupe(QPoint pixels);  // the rubber rectangle to the mouse
     void demandeloupe(QPoint pixels);  // offer to zoom into it
     void redes(QPoint depart, QPoint arrivee);
@@ -167,6 +170,7 @@ protected:
 
 private:
     void creeMenus();
+    void creeMenuExporter();  // commandes/exporter.cpp
     void creePanneaux();
     void creeMinuteries();
     void placeFenetre();
@@ -217,7 +221,9 @@ private:
         mnuf, mnufa, mnurotu, mnuroti, mnurotan, mnuzo, mnutra, mnumemfig, mnuaide, mnuaf;
     QAction *mnupari = nullptr, *mnumet = nullptr, *mnuipr = nullptr, *mnuip = nullptr, *mnuipcop = nullptr;
     QAction* mnufaReste = nullptr;  // "... more in the full list", when over 30 entries
-    QString titreTrace_;            // the whole caption of mnutrace
+    QMenu* mnuexp = nullptr;        // "Exporter", with its entries mnuexpo
+    std::vector<QAction*> mnuexpo;
+    QString titreTrace_;  // the whole caption of mnutrace
 
     void brancheSouris();  // the drawing area's mouse and keys to the commands
     EtatRotation rotation_;

@@ -1,0 +1,120 @@
+// The "Exporter" menu: the picture on screen into a PNG file, and the full
+// turn of the view drawn at once, every redraw the timers would make, into an
+// animated GIF or one numbered file per redraw. The turn is drawn on a copy
+// of the session: the window's viewing values and picture stay as they are.
+#include <QApplication>
+#include <QFileInfo>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "app/fenetre/mirado.h"
+#include "base/chemins.h"
+#include "base/texte_sur.h"
+#include "plot/demande.h"
+#include "qt/dessin_fichier.h"
+#include "qt/png_rapide.h"
+#include "qt/tour_anime.h"
+#include "settings/memoire.h"
+#include "view/rotation.h"
+
+namespace velorin {
+
+namespace {
+
+// The file the user chose, with `extension` added when it has none.
+std::string avecExtension(const QString& nom, const char* extension)
+{
+    return (QFileInfo(nom).suffix().isEmpty() ? nom + QLatin1String(extension) : nom).toStdString();
+}
+
+}  // namespace
+
+void Mirado::creeMenuExporter()
+{
+    mnuexp = menuBar()->addMenu(QStringLiteral("Exporter"));
+    mnuexp->setObjectName(QStringLiteral("mnuexp"));
+    for (const char* legende : {"Image de l'écran…", "Animation du tour complet…"}) {
+        const int index = int(mnuexpo.size());
+        QAction* a = mnuexp->addAction(QString::fromUtf8(legende));
+        nommeArticle(a, "mnuexpo", index);
+        connect(a, &QAction::triggered, this, [this, index] { mnuexpo_Click(index); });
+        mnuexpo.push_back(a);
+    }
+}
+
+void Mirado::mnuexpo_Click(int index)
+{
+    if (refuseSiOccupe() || !boites.fichierAEcrire)
+        return;
+    const QString dossier = QString::fromStdString(etat.fenetre.dossierCourbes);
+    const double ratio = image_.devicePixelRatio();
+    if (index == 0) {
+        const auto nom =
+            boites.fichierAEcrire(this, QStringLiteral("Image de l'écran"), dossier + QStringLiteral("ecran.png"),
+                                  QStringLiteral("Image PNG (*.png)"));
+        if (!nom)
+            return;
+        const std::string chemin = avecExtension(*nom, ".png");
+        if (surface_)
+            surface_->Acheve();
+        Erreur erreur = formatSortie(chemin) != FormatSortie::Png
+                            ? Erreur("L'image de l'écran s'écrit en PNG : nommez-la " +
+                                     texteCite(QFileInfo(*nom).completeBaseName().toStdString() + ".png") + ".")
+                            : verifieSortie(chemin, {});
+        if (!erreur)
+            erreur = ecrisPngRapide(image_, chemin);
+        if (erreur)
+            boites.message(this, QString::fromStdString(erreur.message()));
+        return;
+    }
+
+    // The animation of a full turn: which turn, then where.
+    if (!boites.choixListe)
+        return;
+    QStringList tours;
+    for (const QAction* a : mnuroti)
+        tours << a->text();
+    const auto tour = boites.choixListe(this, QStringLiteral("Quel tour complet ?"),
+                                        QStringLiteral("Animation du tour complet"), tours);
+    if (!tour || *tour < 0 || *tour >= nbToursComplets)
+        return;
+    const auto nom = boites.fichierAEcrire(
+        this, QStringLiteral("Animation du tour complet"), dossier + QStringLiteral("tour.gif"),
+        QStringLiteral("Animation GIF (*.gif);;Une image par instant, numérotée par %03d (*.png *.svg *.pdf *.txt)"));
+    if (!nom)
+        return;
+    DemandeTour d;
+    d.tour = *tour;
+    const QListWidgetItem* pas = List2->currentItem();
+    d.pasTete = pas ? pas->text().toDouble() : 0.0;
+    d.sortie = avecExtension(*nom, ".gif");
+    d.largeurPx = int(image_.width() / ratio);
+    d.hauteurPx = int(image_.height() / ratio);
+    d.titre = etat.fenetre.fichierCatalogue;
+    d.lus = {cheminCatalogue().toStdString(), etat.fenetre.dossierCourbes + nomFichierMemoire(true)};
+    // Every drawn curve again, as the redraw of everything does. The turn
+    // starts from the window's own rotation state, as its timers would.
+    auto courbes = [](Etat& e, Surface& surface) -> Erreur {
+        for (int i = 1; i <= int(e.courbes.lignes.size()); ++i) {
+            const int numero = int(e.courbes.lignes[std::size_t(i - 1)][colNumero]);
+            const ResultatTrace t = demandeTrace(e, surface, numero, OptionsTrace{i}, CrochetsTrace{});
+            if (t.erreur)
+                return t.erreur;
+        }
+        return {};
+    };
+    Etat copie = etat;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const ResultatTour r = exporteTour(copie, rotation_, d, courbes);
+    QApplication::restoreOverrideCursor();
+    QString texte = r.erreur ? QString::fromStdString(r.erreur.message())
+                             : QStringLiteral("Animation écrite : %1 images, %2.")
+                                   .arg(r.images)
+                                   .arg(QString::fromStdString(texteCite(d.sortie)));
+    if (!r.avertissement.empty())
+        texte += QLatin1Char('\n') + QString::fromUtf8(r.avertissement.c_str());
+    boites.message(this, texte);
+}
+
+}  // namespace velorin
