@@ -82,6 +82,9 @@ QFont SurfaceQPainter::police() const
 {
     QFont f(QString::fromStdString(FontName));
     f.setPointSizeF(FontSize > 0 ? FontSize : 8);
+    f.setBold(FontBold);
+    f.setItalic(FontItalic);
+    f.setUnderline(FontUnderline);
     return f;
 }
 

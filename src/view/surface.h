@@ -48,6 +48,7 @@ public:
     int DrawStyle = 0;  // 0 solid, 2 dotted
     std::string FontName = "Arial";
     double FontSize = 8;  // points
+    bool FontBold = false, FontItalic = false, FontUnderline = false;
 };
 
 // The 16-colour console palette (QBColor 0..15).

@@ -74,6 +74,7 @@ struct Banc {
     QStringList messages;                          // what the message boxes said
     int fins = 0;                                  // times the program asked to end
     std::vector<std::optional<QString>> reponses;  // answers of the input boxes, in turn
+    QStringList questions;                         // "title|prompt" of each input box asked
     // The colour chooser's answer for a title; none (cancel) when unset.
     std::function<std::optional<QColor>(const QString& titre)> choixCouleur;
     std::unique_ptr<Mirado> fenetre;
@@ -119,7 +120,8 @@ struct Banc {
     {
         Boites boites;
         boites.message = [this](QWidget*, const QString& texte) { messages << texte; };
-        boites.saisie = [this](QWidget*, const QString&, const QString&) -> std::optional<QString> {
+        boites.saisie = [this](QWidget*, const QString& invite, const QString& titre) -> std::optional<QString> {
+            questions << titre + '|' + invite;
             if (reponses.empty())
                 return std::nullopt;
             const bool annule = !reponses.front();

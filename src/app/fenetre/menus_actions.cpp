@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QProcess>
 
+#include "app/commandes/etiquettes.h"
 #include "app/dialogues/coli.h"
 #include "app/dialogues/couleurs.h"
 #include "app/dialogues/licou.h"
@@ -348,6 +349,8 @@ void Mirado::mnuipo_Click(int index)
 
 void Mirado::vidage()
 {
+    if (etiquettes_)
+        etiquettes_->videlabel();
     vide_mnutra();
     videCourbes(etat.courbes);
 }

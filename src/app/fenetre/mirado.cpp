@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include "app/commandes/etiquettes.h"
 #include "app/fenetre/zone_dessin.h"
 #include "catalogue/catalogue.h"
 #include "plot/ecran.h"
@@ -31,6 +32,7 @@ Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
     creePanneaux();
     creeMenus();
     creeMinuteries();
+    etiquettes_ = new CommandesEtiquettes(etat, boites, zone_, this);
     menuBar()->installEventFilter(this);
 
     // Form_Load
@@ -82,6 +84,7 @@ void Mirado::debutravail()
     // The rows of the drawing name records of the catalogue they were drawn
     // from: another catalogue forgets them before anything is redrawn.
     vidage();
+    reinitialiseSuivi(etat.etiquettes);
     if (auto erreur = ouvrirCatalogue(etat.catalogue, cheminCatalogue().toStdString()))
         boites.message(this, QString::fromStdString(erreur.message()));
     setWindowTitle(QString::fromUtf8(legendeMirado));

@@ -45,6 +45,7 @@ class QWidget;
 
 namespace velorin {
 
+class CommandesEtiquettes;
 class Surface;
 class ZoneDessin;
 
@@ -187,6 +188,7 @@ private:
     QString titreTrace_;            // the whole caption of mnutrace
 
     ZoneDessin* zone_ = nullptr;
+    CommandesEtiquettes* etiquettes_ = nullptr;  // the label controls (app/commandes/etiquettes.*)
     QScrollArea* defile_ = nullptr;  // scrolls the side column when it is taller than the window
     QWidget* colonne_ = nullptr;     // the side column that holds the panels
     QImage image_;

@@ -1,5 +1,6 @@
 #include "app/fenetre/zone_dessin.h"
 
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -38,6 +39,12 @@ void ZoneDessin::paintEvent(QPaintEvent* e)
 void ZoneDessin::resizeEvent(QResizeEvent*)
 {
     emit tailleChangee();
+}
+
+void ZoneDessin::mouseReleaseEvent(QMouseEvent* e)
+{
+    if (e->button() == Qt::RightButton && (e->modifiers() & Qt::AltModifier))
+        emit demandeEtiquette(e->position().toPoint());
 }
 
 }  // namespace velorin

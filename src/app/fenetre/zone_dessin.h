@@ -17,10 +17,13 @@ public:
 
 signals:
     void tailleChangee();
+    // Right button + Alt released on the drawing, at `pixels` of the area.
+    void demandeEtiquette(QPoint pixels);
 
 protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
+    void mouseReleaseEvent(QMouseEvent* e) override;
 
 private:
     const QImage* image_ = nullptr;
