@@ -22,7 +22,10 @@ namespace {
 constexpr const char* kUsage =
     "Usage : velorin exporte [--dossier DOSSIER] [--plan] [--parametres FICHIER] [--taille LxH] [--ordre 0-3]\n"
     "                        (--catalogue FICHIER.lsu --entree N [--entree N ...] | --figure FICHIER.fig)\n"
-    "                        --sortie FICHIER.(png|svg|pdf|txt) [--chrono]\n";
+    "                        --sortie FICHIER.(png|svg|pdf|txt|fig) [--chrono]\n"
+    "  --figure : la figure est dessinée à la taille de sa fenêtre (sauf --taille), labels compris ;\n"
+    "             son catalogue est cherché dans --dossier, sinon dans le dossier des courbes de son mode.\n"
+    "  --sortie FICHIER.fig : la figure de ce qui est dessiné.\n";
 
 int erreur(const std::string& texte)
 {
@@ -43,6 +46,28 @@ bool litTaille(const std::string& texte, int& largeur, int& hauteur)
     if (x == std::string::npos)
         return false;
     return litEntier(texte.substr(0, x).c_str(), largeur) && litEntier(texte.substr(x + 1).c_str(), hauteur);
+}
+
+// Draws the request, says the warnings and the times, and gives the status.
+int termine(const DemandeRendu& d, bool chrono)
+{
+    const FormatSortie format = formatSortie(d.sortie);
+    if (format != FormatSortie::Texte && format != FormatSortie::Figure)
+        assureApplication();
+    const ResultatRendu r = rendu(d);
+    if (!r.avertissement.empty())
+        std::fprintf(stderr, "velorin exporte : %s\n", r.avertissement.c_str());
+    if (chrono) {
+        for (std::size_t i = 0; i < r.dureesMs.size(); ++i) {
+            if (d.figure.empty())
+                std::fprintf(stderr, "entrée %d : %.1f ms\n", d.entrees[i], r.dureesMs[i]);
+            else
+                std::fprintf(stderr, "courbe tracée %zu : %.1f ms\n", i + 1, r.dureesMs[i]);
+        }
+    }
+    if (r.erreur)
+        return erreur(r.erreur.message());
+    return 0;
 }
 
 }  // namespace
@@ -77,6 +102,7 @@ int commandeExporte(int argc, char** argv)
         else if (option == "--taille") {
             if (!litTaille(argv[++i], d.largeurPx, d.hauteurPx))
                 return erreur(std::string("taille incorrecte « ") + argv[i] + " » : écrivez par exemple 1024x768");
+            d.tailleDonnee = true;
         } else if (option == "--ordre") {
             if (!litEntier(argv[++i], d.ordreBoucles) || d.ordreBoucles < 0 || d.ordreBoucles > 3)
                 return erreur(std::string("ordre des boucles incorrect « ") + argv[i] + " » : 0, 1, 2 ou 3");
@@ -89,8 +115,19 @@ int commandeExporte(int argc, char** argv)
             return erreur("option inconnue « " + option + " »\n" + kUsage);
         }
     }
-    if (!figure.empty())
-        return erreur("--figure : pas encore disponible");
+    if (!figure.empty()) {
+        if (!catalogue.empty() || !d.entrees.empty() || !d.espace)
+            return erreur("--figure ne s'emploie pas avec --catalogue, --entree ou --plan : la figure les donne\n" +
+                          std::string(kUsage));
+        if (d.sortie.empty())
+            return erreur(std::string("il faut --sortie\n") + kUsage);
+        d.figure = figure;
+        d.dossierCatalogue = dossier;
+        if (!dossier.empty())
+            if (auto echec = verifieDossier(dossier, "Le dossier (--dossier)"))
+                return erreur(echec.message());
+        return termine(d, chrono);
+    }
     if (catalogue.empty() || d.entrees.empty() || d.sortie.empty())
         return erreur(std::string("il faut --catalogue, au moins une --entree et --sortie\n") + kUsage);
 
@@ -110,29 +147,9 @@ int commandeExporte(int argc, char** argv)
     d.catalogue = chemin.string();
     // Parameters: the named file, else "mem.log" beside the catalogue, else
     // the factory file, else the built-in values.
-    if (!parametresDonnes) {
-        for (const fs::path& p : {chemin.parent_path() / nomFichierMemoire(true),
-                                  fs::path(dossierExecutable()) / "usine" / sousDossier / nomFichierMemoire(true)}) {
-            std::error_code ec;
-            if (fs::is_regular_file(p, ec)) {
-                d.parametres = p.string();
-                break;
-            }
-        }
-    }
-
-    if (formatSortie(d.sortie) != FormatSortie::Texte)
-        assureApplication();
-    const ResultatRendu r = rendu(d);
-    if (!r.avertissement.empty())
-        std::fprintf(stderr, "velorin exporte : %s\n", r.avertissement.c_str());
-    if (chrono) {
-        for (std::size_t i = 0; i < r.dureesMs.size(); ++i)
-            std::fprintf(stderr, "entrée %d : %.1f ms\n", d.entrees[i], r.dureesMs[i]);
-    }
-    if (r.erreur)
-        return erreur(r.erreur.message());
-    return 0;
+    if (!parametresDonnes)
+        d.parametres = memoireParDefaut(chemin.parent_path().string(), d.espace);
+    return termine(d, chrono);
 }
 
 }  // namespace velorin

@@ -18,17 +18,22 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <filesystem>
 #include <memory>
+#include <ostream>
 
 #include "base/chemins.h"
 #include "base/ecriture.h"
 #include "base/texte_sur.h"
 #include "catalogue/catalogue.h"
 #include "plot/demande.h"
+#include "plot/dessin_etiquettes.h"
 #include "plot/ecran.h"
 #include "plot/etat.h"
+#include "plot/figure.h"
 #include "qt/demarrage.h"
+#include "qt/dossiers.h"
 #include "qt/png_rapide.h"
 #include "qt/surface_qpainter.h"
 #include "settings/memoire.h"
@@ -39,6 +44,16 @@ namespace fs = std::filesystem;
 namespace velorin {
 
 namespace {
+
+// The frame and the viewing set-up for the size of the request.
+void ajusteTaille(const DemandeRendu& d, Etat& etat, std::string& avertissement)
+{
+    etat.fenetre.largeurVue = d.largeurPx * twipsParPixelEcran;
+    etat.fenetre.hauteurVue = d.hauteurPx * twipsParPixelEcran;
+    // A refused frame is put back to the base [-10, 10] by the calibration.
+    if (!ajusteVue(etat, etat.fenetre.largeurVue, etat.fenetre.hauteurVue))
+        avertissement = messageBaseRetablie;
+}
 
 // Prepares the state as the main window has it after reading the parameters
 // for a drawing area of that size.
@@ -68,26 +83,94 @@ Erreur prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertissement
             return "Le catalogue " + texteCite(d.catalogue) + " n'a pas d'entrée " + std::to_string(n) + " (il en a " +
                    std::to_string(etat.catalogue.nbLignesCatalogue) + ").";
     }
-    etat.fenetre.largeurVue = d.largeurPx * twipsParPixelEcran;
-    etat.fenetre.hauteurVue = d.hauteurPx * twipsParPixelEcran;
-    // A refused frame is put back to the base [-10, 10] by the calibration.
-    if (!ajusteVue(etat, etat.fenetre.largeurVue, etat.fenetre.hauteurVue))
-        avertissement = messageBaseRetablie;
+    ajusteTaille(d, etat, avertissement);
     return {};
 }
 
-// Clearing, frame, then the entries in order; stops at the first message.
+// A saved figure in the state, as the window reads it. It is read twice:
+// first to learn its mode and catalogue, whose folder gives the parameter
+// file, then over those parameters. The size drawn is the figure's window
+// unless the request chose one.
+Erreur prepareFigure(DemandeRendu& d, Etat& etat, std::string& avertissement)
+{
+    if (auto erreur = verifieFichierLisible(d.figure, "La figure"))
+        return erreur;
+    fixeDossiers(etat.fenetre, QString::fromStdString(dossierExecutable()));
+    OptionsFigure options;
+    if (!d.dossierCatalogue.empty())
+        options.dossierCatalogue = (fs::path(d.dossierCatalogue) / "").string();
+    options.catalogueExistant = true;  // a drawing without a window creates nothing
+    Etat essai = etat;
+    if (auto r = lisFigure(d.figure, essai, options); r.erreur)
+        return r.erreur;
+    d.catalogue = essai.catalogue.chemin;
+    if (d.parametres.empty())
+        d.parametres = memoireParDefaut(dossierDe(d.catalogue), essai.fenetre.modeEspace);
+    if (!d.parametres.empty()) {
+        if (auto erreur = verifieFichierLisible(d.parametres, "Le fichier de paramètres"))
+            return erreur;
+        if (auto erreur = lisMemoire(d.parametres, etat.param))
+            return erreur;
+    }
+    if (d.ordreBoucles >= 0)
+        etat.param.ordreBoucles = static_cast<std::uint8_t>(d.ordreBoucles);
+    const ResultatFigure r = lisFigure(d.figure, etat, options);
+    if (r.erreur)
+        return r.erreur;
+    if (auto erreur = verifieSortie(d.sortie, {d.figure, d.catalogue, d.parametres}))
+        return erreur;
+    if (!d.tailleDonnee) {
+        const double l = std::round(r.geometrie.largeur / twipsParPixelEcran);
+        const double h = std::round(r.geometrie.hauteur / twipsParPixelEcran);
+        if (!(l >= 1 && h >= 1 && l <= 20000 && h <= 20000))
+            return "La fenêtre de la figure " + texteCite(d.figure) +
+                   " est hors des limites (1 à 20000 pixels de côté) : donnez une taille avec --taille.";
+        d.largeurPx = static_cast<int>(l);
+        d.hauteurPx = static_cast<int>(h);
+    }
+    ajusteTaille(d, etat, avertissement);
+    return {};
+}
+
+// Clearing, frame, then the entries in order, or the rows of a figure each
+// with its own values, then the labels; stops at the first message.
 Erreur dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<double>& durees)
 {
     effaceEcran(etat, surface);
     traceRepere(etat, surface);
+    if (!d.figure.empty()) {
+        for (int i = 1; i <= etat.courbes.nbCourbes; ++i) {
+            OptionsTrace options;
+            options.ligne = i;
+            const ResultatTrace r = demandeTrace(etat, surface, 0, options, CrochetsTrace{});
+            durees.push_back(r.dureeMs);
+            if (r.erreur)
+                return "courbe tracée " + std::to_string(i) + " : " + r.erreur.message();
+        }
+    }
     for (int n : d.entrees) {
         const ResultatTrace r = demandeTrace(etat, surface, n, OptionsTrace{}, CrochetsTrace{});
         durees.push_back(r.dureeMs);
         if (r.erreur)
             return "entrée " + std::to_string(n) + " : " + r.erreur.message();
     }
+    dessineEtiquettes(etat.etiquettes, surface);
     return {};
+}
+
+// The figure of what was drawn: the drawing is made on a surface that
+// keeps nothing, so that the drawn-curves table holds what the window
+// would hold; line 6 is the size drawn.
+Erreur renduFigure(Etat& etat, const DemandeRendu& d, std::vector<double>& durees)
+{
+    std::ostream rien(nullptr);
+    SurfaceEnregistreuse surface(etat.vue.W, etat.vue.H);
+    surface.ecrisDans(&rien);
+    if (auto erreur = dessine(etat, surface, d, durees))
+        return erreur;
+    const GeometrieFenetre taille{0, 0, static_cast<float>(etat.fenetre.largeurVue),
+                                  static_cast<float>(etat.fenetre.hauteurVue)};
+    return ecrisFigure(d.sortie, etat, taille);
 }
 
 // The journal of the recording surface, written whole through the checked
@@ -183,15 +266,18 @@ FormatSortie formatSortie(const std::string& chemin)
         return FormatSortie::Pdf;
     if (ext == ".txt")
         return FormatSortie::Texte;
+    if (ext == ".fig")
+        return FormatSortie::Figure;
     return FormatSortie::Inconnu;
 }
 
-ResultatRendu rendu(const DemandeRendu& d)
+ResultatRendu rendu(const DemandeRendu& demande)
 {
     ResultatRendu r;
+    DemandeRendu d = demande;
     const FormatSortie format = formatSortie(d.sortie);
     if (format == FormatSortie::Inconnu) {
-        r.erreur = "Le format de sortie de " + texteCite(d.sortie) + " est inconnu : .png, .svg, .pdf ou .txt.";
+        r.erreur = "Le format de sortie de " + texteCite(d.sortie) + " est inconnu : .png, .svg, .pdf, .txt ou .fig.";
         return r;
     }
     if (d.largeurPx < 1 || d.hauteurPx < 1 || d.largeurPx > 20000 || d.hauteurPx > 20000) {
@@ -199,10 +285,15 @@ ResultatRendu rendu(const DemandeRendu& d)
         return r;
     }
     Etat etat;
-    r.erreur = prepareEtat(d, etat, r.avertissement);
+    r.erreur = d.figure.empty() ? prepareEtat(d, etat, r.avertissement) : prepareFigure(d, etat, r.avertissement);
     if (r.erreur)
         return r;
-    r.erreur = format == FormatSortie::Texte ? renduJournal(etat, d, r.dureesMs) : renduQt(etat, d, format, r.dureesMs);
+    if (format == FormatSortie::Texte)
+        r.erreur = renduJournal(etat, d, r.dureesMs);
+    else if (format == FormatSortie::Figure)
+        r.erreur = renduFigure(etat, d, r.dureesMs);
+    else
+        r.erreur = renduQt(etat, d, format, r.dureesMs);
     return r;
 }
 
@@ -223,6 +314,18 @@ void assureApplication()
     // Never destroyed: the process ends with it, and tearing Qt down in the
     // static destructors would gain nothing.
     new QGuiApplication(argc, argv);
+}
+
+std::string memoireParDefaut(const std::string& dossierCatalogue, bool espace)
+{
+    const char* sousDossier = nomsDossiers[espace ? 0 : 2];
+    for (const fs::path& p : {fs::path(dossierCatalogue) / nomFichierMemoire(true),
+                              fs::path(dossierExecutable()) / "usine" / sousDossier / nomFichierMemoire(true)}) {
+        std::error_code ec;
+        if (fs::is_regular_file(p, ec))
+            return p.string();
+    }
+    return {};
 }
 
 std::string dossierExecutable()

@@ -19,7 +19,18 @@ struct DemandeRendu {
     // Loop order of the surfaces (0..3), chosen in the window's menu and not
     // kept in the parameter file; -1 keeps the start-up value.
     int ordreBoucles = -1;
-    std::string sortie;  // .png, .svg, .pdf or .txt (case ignored)
+    std::string sortie;  // .png, .svg, .pdf, .txt or .fig (case ignored)
+    // A saved figure drawn instead of catalogue entries: its mode, frame,
+    // viewer, drawn curves (each with the values of its row) and labels.
+    // Its catalogue (line 2) is looked for in `dossierCatalogue`, or when
+    // that is empty in the curves folder of the figure's mode beside the
+    // executable; `catalogue`, `entrees` and `espace` are not read. The
+    // parameters not kept in a figure come from `parametres`, else
+    // memoireParDefaut of the catalogue's folder.
+    std::string figure;
+    std::string dossierCatalogue;
+    // The size was chosen: otherwise a figure is drawn at its window's size.
+    bool tailleDonnee = false;
 };
 
 struct ResultatRendu {
@@ -29,7 +40,10 @@ struct ResultatRendu {
 };
 
 // The output formats, from the extension of the output file.
-enum class FormatSortie { Png, Svg, Pdf, Texte, Inconnu };
+// A ".fig" output is the figure of what was drawn: mode, catalogue name,
+// frame, viewer, drawn curves, the labels of a figure drawn, and on line 6
+// the size drawn (left and top 0).
+enum class FormatSortie { Png, Svg, Pdf, Texte, Figure, Inconnu };
 FormatSortie formatSortie(const std::string& chemin);
 
 // Draws the request and writes `sortie` whole or not at all: every path is
@@ -43,6 +57,11 @@ ResultatRendu rendu(const DemandeRendu& demande);
 // platform unless QT_QPA_PLATFORM names one that can start, so that fonts
 // work without a display. The application lives until the end of the process.
 void assureApplication();
+
+// The parameter file a drawing takes when none is named: "mem.log" in
+// `dossierCatalogue`, else the factory one of the mode beside the
+// executable; empty when neither exists (the built-in values).
+std::string memoireParDefaut(const std::string& dossierCatalogue, bool espace);
 
 // Folder of the running executable (with a final '/').
 std::string dossierExecutable();

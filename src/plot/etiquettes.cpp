@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "engine/nombres.h"
-#include "view/surface.h"
 
 namespace velorin {
 
@@ -113,37 +112,6 @@ std::string bulleEtiquette(const Etiquettes& e, int index)
 {
     const std::string texte = index >= 0 && index < int(e.lb.size()) ? e.lb[index].texte : std::string();
     return "Label n° " + std::to_string(index) + "/" + std::to_string(e.nombre()) + "__" + texte;
-}
-
-void dessineEtiquettes(Surface& surface, const Etiquettes& e)
-{
-    const double x = surface.CurrentX, y = surface.CurrentY;
-    const Couleur couleur = surface.ForeColor;
-    const std::string police = surface.FontName;
-    const double taille = surface.FontSize;
-    const bool gras = surface.FontBold, italique = surface.FontItalic, souligne = surface.FontUnderline;
-    for (std::size_t k = 1; k < e.lb.size(); ++k) {
-        const Etiquette& l = e.lb[k];
-        if (!l.visible || l.texte.empty())
-            continue;
-        surface.FontName = l.police;
-        surface.FontSize = l.taille;
-        surface.FontBold = l.gras;
-        surface.FontItalic = l.italique;
-        surface.FontUnderline = l.souligne;
-        surface.ForeColor = static_cast<Couleur>(l.couleur) & 0xFFFFFF;
-        surface.CurrentX = l.gauche;
-        surface.CurrentY = l.haut;
-        surface.Print(l.texte);
-    }
-    surface.CurrentX = x;
-    surface.CurrentY = y;
-    surface.ForeColor = couleur;
-    surface.FontName = police;
-    surface.FontSize = taille;
-    surface.FontBold = gras;
-    surface.FontItalic = italique;
-    surface.FontUnderline = souligne;
 }
 
 }  // namespace velorin

@@ -38,8 +38,6 @@ struct Etiquettes {
     int nombre() const { return static_cast<int>(lb.size()) - 1; }
 };
 
-class Surface;
-
 // Loads the next label from the template at (gauche, haut), in twips, made
 // visible, and grows the bookkeeping arrays to it. Returns its index.
 int ajouteEtiquette(Etiquettes& e, float gauche, float haut);
@@ -79,11 +77,5 @@ std::optional<float> tailleChoisie(const std::string& reponse);
 
 // The tip of label `index`: "Label n° " index "/" highest index "__" caption.
 std::string bulleEtiquette(const Etiquettes& e, int index);
-
-// Draws every visible label above the template on `surface`, as the window
-// shows it: its caption printed with its top left corner at its position,
-// in its font, size, style and colour. The surface's pen and font are put
-// back afterwards.
-void dessineEtiquettes(Surface& surface, const Etiquettes& e);
 
 }  // namespace velorin

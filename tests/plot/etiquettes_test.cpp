@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "view/surface_enregistreuse.h"
 
 using namespace velorin;
 
@@ -127,26 +126,11 @@ TEST(Etiquettes, CompactageApresEffacement)
     }
 }
 
-TEST(Etiquettes, BulleEtDessinSurLaSurface)
+TEST(Etiquettes, Bulle)
 {
-    Etiquettes e = quelques(3);
+    const Etiquettes e = quelques(3);
     EXPECT_EQ(bulleEtiquette(e, 2), "Label n° 2/3__b");
-    e.lb[3].visible = false;
-
-    SurfaceEnregistreuse s;
-    s.CurrentX = 11;
-    s.CurrentY = 22;
-    s.FontName = "Base";
-    s.ForeColor = 5;
-    dessineEtiquettes(s, e);
-    // The template and the hidden label are not drawn.
-    EXPECT_EQ(s.journal(), "PRINT 100 50 1000 \"Police1\" 9 \"a\"\n"
-                           "PRINT 200 100 2000 \"Police2\" 10 \"b\"\n");
-    EXPECT_EQ(s.CurrentX, 11);
-    EXPECT_EQ(s.CurrentY, 22);
-    EXPECT_EQ(s.FontName, "Base");
-    EXPECT_EQ(s.ForeColor, 5U);
-    EXPECT_FALSE(s.FontBold);
+    EXPECT_EQ(bulleEtiquette(e, 3), "Label n° 3/3__c");
 }
 
 }  // namespace

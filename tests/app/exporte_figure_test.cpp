@@ -1,0 +1,190 @@
+// `velorin exporte --figure` and `--sortie X.fig`, run as separate processes.
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QProcess>
+#include <QStringList>
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "base/texte_sur.h"
+#include "catalogue/catalogue.h"
+
+namespace fs = std::filesystem;
+using namespace velorin;
+
+namespace {
+
+class ExporteFigure : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        dossier_ = fs::temp_directory_path() / ("velorin_figure_" + std::to_string(::getpid()));
+        fs::remove_all(dossier_);
+        fs::create_directories(dossier_);
+        Catalogue cat;
+        ASSERT_FALSE(ouvrirCatalogue(cat, (dossier_ / "essai.lsu").string()));
+        const std::pair<int, const char*> entrees[] = {
+            {1, "x=f1(t)=3*cos(t)][y=f2(t)=3*sin(t)][z=f3(t)=t/2"},
+            {8, "Segment:[(-5,-5,0)][(5,5,8)]"},
+        };
+        int n = 1;
+        for (auto [genre, texte] : entrees) {
+            LigneCatalogue l;
+            l.typeFonction = static_cast<std::int16_t>(genre);
+            l.texte = texte;
+            ASSERT_FALSE(ecrisLigne(cat, n++, l));
+        }
+    }
+    void TearDown() override { fs::remove_all(dossier_); }
+
+    std::pair<int, std::string> lance(const QStringList& arguments)
+    {
+        QProcess p;
+        p.setWorkingDirectory(QString::fromStdString(dossier_.string()));
+        p.start(QString(VELORIN_BIN_DIR) + "/velorin", QStringList{"exporte"} + arguments);
+        p.waitForFinished(60000);
+        return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, p.readAllStandardError().toStdString()};
+    }
+    QString chemin(const char* nom) const { return QString::fromStdString((dossier_ / nom).string()); }
+    std::string contenu(const char* nom) const
+    {
+        std::ifstream f(dossier_ / nom, std::ios::binary);
+        std::stringstream s;
+        s << f.rdbuf();
+        return s.str();
+    }
+    void ecris(const char* nom, const std::string& texte) const
+    {
+        std::ofstream(dossier_ / nom, std::ios::binary) << texte;
+    }
+    // The two entries drawn into a figure of 640 x 400 pixels.
+    std::string figureDesEntrees()
+    {
+        const auto [code, erreurs] = lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1",
+                                            "--entree", "2", "--taille", "640x400", "--sortie", chemin("a.fig")});
+        EXPECT_EQ(code, 0) << erreurs;
+        return contenu("a.fig");
+    }
+
+    fs::path dossier_;
+};
+
+std::vector<std::string> lignes(const std::string& texte)
+{
+    return lignesDuTexte(texte);
+}
+
+TEST_F(ExporteFigure, TheFigureOfWhatWasDrawnFollowsTheLayout)
+{
+    const std::string fig = figureDesEntrees();
+    const auto l = lignes(fig);
+    ASSERT_EQ(l.size(), 6U + 2 * 32);
+    EXPECT_EQ(l[0], "False");
+    EXPECT_EQ(l[1], "essai.lsu");
+    EXPECT_EQ(l[4], " 2  0 False True ");
+    EXPECT_EQ(l[5], " 0  0  9600  6000 ");  // the size drawn, in twips
+    EXPECT_EQ(l[6 + 30], " 1 ");            // record number of the first curve
+    EXPECT_EQ(l[6 + 31], " 1 ");            // its kind
+    EXPECT_EQ(l[6 + 32 + 30], " 2 ");
+    EXPECT_EQ(l[6 + 32 + 31], " 8 ");
+    // Every line ends with CR LF.
+    std::size_t crlf = 0;
+    for (std::size_t i = 0; (i = fig.find("\r\n", i)) != std::string::npos; i += 2)
+        ++crlf;
+    EXPECT_EQ(crlf, l.size());
+}
+
+TEST_F(ExporteFigure, AFigureDrawsWhatItsEntriesDrewThenItsLabels)
+{
+    figureDesEntrees();
+    ASSERT_EQ(lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--entree", "2", "--taille",
+                     "640x400", "--sortie", chemin("entrees.txt")})
+                  .first,
+              0);
+    // Redrawn from the rows, at the figure's size: the same journal.
+    auto [code, erreurs] = lance({"--figure", chemin("a.fig"), "--dossier", chemin(""), "--sortie", chemin("a.txt")});
+    ASSERT_EQ(code, 0) << erreurs;
+    EXPECT_EQ(contenu("a.txt"), contenu("entrees.txt"));
+
+    // Two labels added by hand: drawn last, where they stand, in their font.
+    std::string avecLabels = contenu("a.fig");
+    avecLabels.replace(avecLabels.find(" 2  0 False"), 11, " 2  2 False");
+    avecLabels += "Times New Roman\r\n 20 \r\nTrue\r\nFalse\r\nFalse\r\n 255 \r\nSommet\r\n 3000 \r\n 1500 \r\n"
+                  "Arial\r\n 12,5 \r\nFalse\r\nFalse\r\nTrue\r\n 65280 \r\nBase\r\n 600 \r\n 4500 \r\n";
+    ecris("b.fig", avecLabels);
+    std::tie(code, erreurs) =
+        lance({"--figure", chemin("b.fig"), "--dossier", chemin(""), "--sortie", chemin("b.txt")});
+    ASSERT_EQ(code, 0) << erreurs;
+    const auto journal = lignes(contenu("b.txt"));
+    ASSERT_GE(journal.size(), 2U);
+    EXPECT_EQ(journal[journal.size() - 2], "PRINT 3000 1500 255 \"Times New Roman\" 20 \"Sommet\"");
+    EXPECT_EQ(journal.back(), "PRINT 600 4500 65280 \"Arial\" 12.5 \"Base\"");
+    EXPECT_EQ(contenu("b.txt").rfind(contenu("a.txt"), 0), 0U);
+
+    // The image takes the figure's window size unless --taille is given.
+    struct Cas {
+        QStringList taille;
+        QSize attendue;
+    };
+    for (const Cas& c : {Cas{{}, QSize(640, 400)}, Cas{{"--taille", "300x200"}, QSize(300, 200)}}) {
+        std::tie(code, erreurs) = lance(
+            QStringList{"--figure", chemin("b.fig"), "--dossier", chemin(""), "--sortie", chemin("b.png")} + c.taille);
+        ASSERT_EQ(code, 0) << erreurs;
+        EXPECT_EQ(QImage(chemin("b.png")).size(), c.attendue);
+    }
+    // A figure written from a figure keeps its labels and reads back the same.
+    std::tie(code, erreurs) =
+        lance({"--figure", chemin("b.fig"), "--dossier", chemin(""), "--sortie", chemin("c.fig")});
+    ASSERT_EQ(code, 0) << erreurs;
+    avecLabels.replace(avecLabels.find(" 12,5 "), 6, " 12.5 ");
+    EXPECT_EQ(contenu("c.fig"), avecLabels);
+}
+
+TEST_F(ExporteFigure, WithoutFolderTheCatalogueIsInTheCurvesFolderOfTheMode)
+{
+    ecris("plan.fig", "True\r\nLico.lsu\r\n-5  5 -3  3 -10  10 \r\n 30  20  15  5 -30 -20 -15  0 \r\n"
+                      " 0  0 False True \r\n 0  0  6000  4500 \r\n");
+    const auto [code, erreurs] = lance({"--figure", chemin("plan.fig"), "--sortie", chemin("plan.txt")});
+    ASSERT_EQ(code, 0) << erreurs;
+    // The plane frame names its axes "x" and "y".
+    EXPECT_NE(contenu("plan.txt").find("\"x\""), std::string::npos);
+}
+
+TEST_F(ExporteFigure, RefusalsNameTheFigureAndTheLineAndWriteNothing)
+{
+    const std::string bonne = figureDesEntrees();
+    std::string abimee = bonne;
+    abimee.replace(abimee.find(" 2  0 False True"), 16, " 2  0 False Oui ");
+    ecris("abimee.fig", abimee);
+    std::string absent = bonne;
+    absent.replace(absent.find("essai.lsu"), 9, "absent.lsu");
+    ecris("absent.fig", absent);
+    ecris("courte.fig", bonne.substr(0, bonne.size() - 8));
+    struct Cas {
+        QStringList arguments;
+        const char* message;
+    };
+    const QString dossier = chemin("");
+    const Cas cas[] = {
+        {{"--figure", chemin("abimee.fig"), "--dossier", dossier}, "ligne 5 : « Oui » pour la couleur de référence"},
+        {{"--figure", chemin("absent.fig"), "--dossier", dossier}, "ligne 2 :"},
+        {{"--figure", chemin("courte.fig"), "--dossier", dossier}, "ligne 70 : la figure s'arrête là"},
+        {{"--figure", chemin("nulle.fig"), "--dossier", dossier}, "nulle.fig"},
+        {{"--figure", chemin("a.fig"), "--catalogue", "essai.lsu"}, "ne s'emploie pas avec --catalogue"},
+        {{"--figure", chemin("a.fig"), "--dossier", chemin("pas_la")}, "pas_la"},
+    };
+    for (const Cas& c : cas) {
+        const auto [code, erreurs] = lance(c.arguments + QStringList{"--sortie", chemin("sortie.png")});
+        EXPECT_EQ(code, 2) << c.message;
+        EXPECT_NE(erreurs.find(c.message), std::string::npos) << erreurs;
+        EXPECT_FALSE(fs::exists(dossier_ / "sortie.png")) << c.message;
+    }
+    EXPECT_FALSE(fs::exists(dossier_ / "absent.lsu"));
+}
+
+}  // namespace
