@@ -33,6 +33,7 @@ Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
     creeMenus();
     creeMinuteries();
     etiquettes_ = new CommandesEtiquettes(etat, boites, zone_, this);
+    relieFigures();
     menuBar()->installEventFilter(this);
 
     // Form_Load

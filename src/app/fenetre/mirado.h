@@ -23,7 +23,9 @@
 #include <QImage>
 #include <QMainWindow>
 #include <array>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "app/boites.h"
@@ -46,6 +48,7 @@ class QWidget;
 namespace velorin {
 
 class CommandesEtiquettes;
+struct GeometrieFenetre;
 class Surface;
 class ZoneDessin;
 
@@ -129,6 +132,13 @@ public:
     void Timer1_Timer();
     CrochetsTrace crochets();
 
+    // ---- Figure files (app/commandes/figures.cpp)
+    void memorisons();  // asks for a name, writes the figure of the screen
+    void lecmemoire();  // lets the user choose a figure, draws it again
+    // The figure chooser (folder, filter): the file chosen, or nothing when
+    // cancelled. Left empty, the standard file dialog.
+    std::function<std::optional<QString>(QWidget* parent, const QString& dossier, const QString& filtre)> choixFigure;
+
 protected:
     void closeEvent(QCloseEvent* e) override;
     bool eventFilter(QObject* objet, QEvent* evenement) override;
@@ -137,6 +147,8 @@ private:
     void creeMenus();
     void creePanneaux();
     void creeMinuteries();
+    void relieFigures();  // "Mémorisation" and "&Mem" (app/commandes/figures.cpp)
+    GeometrieFenetre geometrieFigure() const;
     void placeFenetre();
     void nouvelleImage();
     void montreProgres();  // shows what the tracer drew so far
