@@ -12,6 +12,7 @@
 #include "app/dialogues/etiquette.h"
 #include "app/fenetre/zone_dessin.h"
 #include "banc_fenetre.h"
+#include "plot/ecran.h"
 #include "qt/surface_qpainter.h"
 
 namespace velorin::essai {
@@ -71,6 +72,8 @@ TEST(EtiquettesFenetre, CreationAltBoutonDroitALaSouris)
     EXPECT_EQ(l.gauche, 40 * 15);
     EXPECT_EQ(l.haut, 30 * 15);
     EXPECT_EQ(l.police, "Arial");
+    EXPECT_EQ(l.couleur, std::int32_t(couleursRepere(b.etat).axes));  // not the black of the template
+    EXPECT_NE(l.couleur, 0);
     EXPECT_EQ(b.textes(), QStringList{"Sommet=Sommet"});
     EXPECT_EQ(b.lb(1)->pos(), QPoint(40, 30));
     EXPECT_TRUE(b.lb(1)->isVisible());
@@ -123,7 +126,7 @@ TEST(EtiquettesFenetre, BoutonDroitCouleurPoliceTaille)
         const std::string cas = c.reponse.value_or("(annulé)").toStdString();
         EXPECT_EQ(b.questions, QStringList{QString::fromUtf8(c.question)}) << cas;
         const Etiquette& l = b.etat.etiquettes.lb[1];
-        EXPECT_EQ(l.couleur, c.couleur < 0 ? std::int32_t(b.etat.couleurs.couleurAxes) : c.couleur) << cas;
+        EXPECT_EQ(l.couleur, c.couleur < 0 ? std::int32_t(couleursRepere(b.etat).axes) : c.couleur) << cas;
         EXPECT_EQ(l.police, c.police) << cas;
         EXPECT_EQ(l.taille, c.taille) << cas;
         // The control shows what the state holds.

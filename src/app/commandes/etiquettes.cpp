@@ -5,6 +5,7 @@
 
 #include "app/dialogues/etiquette.h"
 #include "app/fenetre/zone_dessin.h"
+#include "plot/ecran.h"
 #include "qt/surface_qpainter.h"
 #include "view/surface.h"
 
@@ -136,6 +137,9 @@ void CommandesEtiquettes::creation(QPoint pixels)
 {
     Etiquettes& e = etat_.etiquettes;
     const int k = ajouteEtiquette(e, enTwips(pixels.x()), enTwips(pixels.y()));
+    // A new label is written in the window's drawing colour, which stands
+    // out on the background in force (the template's black would not).
+    e.lb[k].couleur = std::int32_t(couleursRepere(etat_).axes);
     montre(k);
     Etiquette edite = e.lb[k];
     const bool garde = editeur && editeur(fenetre_, edite) && !edite.texte.empty();
@@ -162,7 +166,7 @@ void CommandesEtiquettes::Lb3_MouseUp(int index, Qt::MouseButton bouton, Qt::Key
         reponse = boites_.saisie(fenetre_, QStringLiteral("0)Blanc ou noir 1)Bleu 2)Rouge 3 Jaune 4) Vert"),
                                  QStringLiteral("Couleur du texte de ce label"));
         if (reponse)
-            l.couleur = std::int32_t(couleurChoisie(reponse->toStdString(), etat_.defaut, etat_.couleurs.couleurAxes));
+            l.couleur = std::int32_t(couleurChoisie(reponse->toStdString(), etat_.defaut, couleursRepere(etat_).axes));
     } else if (t == Qt::ShiftModifier) {
         reponse = boites_.saisie(fenetre_, QStringLiteral("0)Arial 1)Courier 2)Times 3 Grec 4) Algerian"),
                                  QStringLiteral("Police du texte de ce label"));
