@@ -13,55 +13,19 @@
 
 #include "base/texte_sur.h"
 #include "catalogue/catalogue.h"
+#include "dossier_exporte.h"
 
 namespace fs = std::filesystem;
 using namespace velorin;
 
 namespace {
 
-class ExporteFigure : public ::testing::Test {
+class ExporteFigure : public essai::DossierExporte {
 protected:
-    void SetUp() override
-    {
-        dossier_ = fs::temp_directory_path() / ("velorin_figure_" + std::to_string(::getpid()));
-        fs::remove_all(dossier_);
-        fs::create_directories(dossier_);
-        Catalogue cat;
-        ASSERT_FALSE(ouvrirCatalogue(cat, (dossier_ / "essai.lsu").string()));
-        const std::pair<int, const char*> entrees[] = {
-            {1, "x=f1(t)=3*cos(t)][y=f2(t)=3*sin(t)][z=f3(t)=t/2"},
-            {8, "Segment:[(-5,-5,0)][(5,5,8)]"},
-        };
-        int n = 1;
-        for (auto [genre, texte] : entrees) {
-            LigneCatalogue l;
-            l.typeFonction = static_cast<std::int16_t>(genre);
-            l.texte = texte;
-            ASSERT_FALSE(ecrisLigne(cat, n++, l));
-        }
-    }
-    void TearDown() override { fs::remove_all(dossier_); }
-
-    std::pair<int, std::string> lance(const QStringList& arguments)
-    {
-        QProcess p;
-        p.setWorkingDirectory(QString::fromStdString(dossier_.string()));
-        p.start(QString(VELORIN_BIN_DIR) + "/velorin", QStringList{"exporte"} + arguments);
-        p.waitForFinished(60000);
-        return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, p.readAllStandardError().toStdString()};
-    }
-    QString chemin(const char* nom) const { return QString::fromStdString((dossier_ / nom).string()); }
-    std::string contenu(const char* nom) const
-    {
-        std::ifstream f(dossier_ / nom, std::ios::binary);
-        std::stringstream s;
-        s << f.rdbuf();
-        return s.str();
-    }
-    void ecris(const char* nom, const std::string& texte) const
-    {
-        std::ofstream(dossier_ / nom, std::ios::binary) << texte;
-    }
+    ExporteFigure()
+        : DossierExporte("velorin_figure_",
+                         {{1, "x=f1(t)=3*cos(t)][y=f2(t)=3*sin(t)][z=f3(t)=t/2"}, {8, "Segment:[(-5,-5,0)][(5,5,8)]"}})
+    { }
     // The two entries drawn into a figure of 640 x 400 pixels.
     std::string figureDesEntrees()
     {
@@ -70,8 +34,6 @@ protected:
         EXPECT_EQ(code, 0) << erreurs;
         return contenu("a.fig");
     }
-
-    fs::path dossier_;
 };
 
 std::vector<std::string> lignes(const std::string& texte)
@@ -104,11 +66,11 @@ TEST_F(ExporteFigure, AFigureDrawsWhatItsEntriesDrewThenItsLabels)
     figureDesEntrees();
     ASSERT_EQ(lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--entree", "2", "--taille",
                      "640x400", "--sortie", chemin("entrees.txt")})
-                  .first,
+                  .code,
               0);
     // Redrawn from the rows, at the figure's size: the same journal.
-    auto [code, erreurs] = lance({"--figure", chemin("a.fig"), "--dossier", chemin(""), "--sortie", chemin("a.txt")});
-    ASSERT_EQ(code, 0) << erreurs;
+    essai::Sortie s = lance({"--figure", chemin("a.fig"), "--dossier", chemin(""), "--sortie", chemin("a.txt")});
+    ASSERT_EQ(s.code, 0) << s.erreurs;
     EXPECT_EQ(contenu("a.txt"), contenu("entrees.txt"));
 
     // Two labels added by hand: drawn last, where they stand, in their font.
@@ -117,9 +79,8 @@ TEST_F(ExporteFigure, AFigureDrawsWhatItsEntriesDrewThenItsLabels)
     avecLabels += "Times New Roman\r\n 20 \r\nTrue\r\nFalse\r\nFalse\r\n 255 \r\nSommet\r\n 3000 \r\n 1500 \r\n"
                   "Arial\r\n 12,5 \r\nFalse\r\nFalse\r\nTrue\r\n 65280 \r\nBase\r\n 600 \r\n 4500 \r\n";
     ecris("b.fig", avecLabels);
-    std::tie(code, erreurs) =
-        lance({"--figure", chemin("b.fig"), "--dossier", chemin(""), "--sortie", chemin("b.txt")});
-    ASSERT_EQ(code, 0) << erreurs;
+    s = lance({"--figure", chemin("b.fig"), "--dossier", chemin(""), "--sortie", chemin("b.txt")});
+    ASSERT_EQ(s.code, 0) << s.erreurs;
     const auto journal = lignes(contenu("b.txt"));
     ASSERT_GE(journal.size(), 2U);
     EXPECT_EQ(journal[journal.size() - 2], "PRINT 3000 1500 255 \"Times New Roman\" 20 \"Sommet\"");
@@ -132,15 +93,14 @@ TEST_F(ExporteFigure, AFigureDrawsWhatItsEntriesDrewThenItsLabels)
         QSize attendue;
     };
     for (const Cas& c : {Cas{{}, QSize(640, 400)}, Cas{{"--taille", "300x200"}, QSize(300, 200)}}) {
-        std::tie(code, erreurs) = lance(
-            QStringList{"--figure", chemin("b.fig"), "--dossier", chemin(""), "--sortie", chemin("b.png")} + c.taille);
-        ASSERT_EQ(code, 0) << erreurs;
+        s = lance(QStringList{"--figure", chemin("b.fig"), "--dossier", chemin(""), "--sortie", chemin("b.png")} +
+                  c.taille);
+        ASSERT_EQ(s.code, 0) << s.erreurs;
         EXPECT_EQ(QImage(chemin("b.png")).size(), c.attendue);
     }
     // A figure written from a figure keeps its labels and reads back the same.
-    std::tie(code, erreurs) =
-        lance({"--figure", chemin("b.fig"), "--dossier", chemin(""), "--sortie", chemin("c.fig")});
-    ASSERT_EQ(code, 0) << erreurs;
+    s = lance({"--figure", chemin("b.fig"), "--dossier", chemin(""), "--sortie", chemin("c.fig")});
+    ASSERT_EQ(s.code, 0) << s.erreurs;
     avecLabels.replace(avecLabels.find(" 12,5 "), 6, " 12.5 ");
     EXPECT_EQ(contenu("c.fig"), avecLabels);
 }

@@ -16,16 +16,13 @@
 #include <sstream>
 
 #include "catalogue/catalogue.h"
+#include "dossier_exporte.h"
 
 namespace fs = std::filesystem;
 using namespace velorin;
+using velorin::essai::Sortie;
 
 namespace {
-
-struct Sortie {
-    int code = -1;
-    std::string erreurs;
-};
 
 // English from Qt or from the C++ library never reaches the user.
 void sansAnglais(const std::string& erreurs, const std::string& cas)
@@ -35,49 +32,15 @@ void sansAnglais(const std::string& erreurs, const std::string& cas)
         EXPECT_EQ(erreurs.find(anglais), std::string::npos) << cas << " : " << erreurs;
 }
 
-class Exporte : public ::testing::Test {
+class Exporte : public essai::DossierExporte {
 protected:
-    void SetUp() override
-    {
-        dossier_ = fs::temp_directory_path() / ("velorin_exporte_" + std::to_string(::getpid()));
-        fs::remove_all(dossier_);
-        fs::create_directories(dossier_);
-        Catalogue cat;
-        ASSERT_FALSE(ouvrirCatalogue(cat, (dossier_ / "essai.lsu").string()));
-        const std::pair<int, const char*> entrees[] = {
-            {8, "Segment:[(-5,-5,0)][(5,5,8)]"},
-            {2, "x=f1(a,t)=(3+cos(a))*cos(t)][y=f2(a,t)=(3+cos(a))*sin(t)][z=f3(a,t)=sin(a)"},
-            {1, "x=f1(t)=cos(t][y=f2(t)=t][z=f3(t)=t"},
-            {9, "Point:[(1,A,2)]"},
-        };
-        int n = 1;
-        for (auto [genre, texte] : entrees) {
-            LigneCatalogue l;
-            l.typeFonction = static_cast<std::int16_t>(genre);
-            l.texte = texte;
-            ASSERT_FALSE(ecrisLigne(cat, n++, l));
-        }
-    }
-    void TearDown() override { fs::remove_all(dossier_); }
-
-    Sortie lance(const QStringList& arguments,
-                 const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
-    {
-        QProcess p;
-        p.setProcessEnvironment(environnement);
-        p.setWorkingDirectory(QString::fromStdString(dossier_.string()));
-        p.start(QString(VELORIN_BIN_DIR) + "/velorin", QStringList{"exporte"} + arguments);
-        p.waitForFinished(60000);
-        return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, p.readAllStandardError().toStdString()};
-    }
-    QString chemin(const char* nom) const { return QString::fromStdString((dossier_ / nom).string()); }
-    std::string contenu(const char* nom) const
-    {
-        std::ifstream f(dossier_ / nom, std::ios::binary);
-        std::stringstream s;
-        s << f.rdbuf();
-        return s.str();
-    }
+    Exporte()
+        : DossierExporte("velorin_exporte_",
+                         {{8, "Segment:[(-5,-5,0)][(5,5,8)]"},
+                          {2, "x=f1(a,t)=(3+cos(a))*cos(t)][y=f2(a,t)=(3+cos(a))*sin(t)][z=f3(a,t)=sin(a)"},
+                          {1, "x=f1(t)=cos(t][y=f2(t)=t][z=f3(t)=t"},
+                          {9, "Point:[(1,A,2)]"}})
+    { }
     // Names in the folder, links included (a loop too), sorted.
     std::set<std::string> noms() const
     {
@@ -85,10 +48,6 @@ protected:
         for (const auto& e : fs::directory_iterator(dossier_))
             n.insert(e.path().filename().string());
         return n;
-    }
-    void ecris(const char* nom, const std::string& texte) const
-    {
-        std::ofstream(dossier_ / nom, std::ios::binary) << texte;
     }
     // Refused with `message` in a French sentence; an export that failed
     // leaves no file behind, not even a temporary one.
@@ -103,8 +62,6 @@ protected:
         sansAnglais(s.erreurs, nom);
         EXPECT_EQ(noms(), avant) << nom;
     }
-
-    fs::path dossier_;
 };
 
 TEST_F(Exporte, QuatreFormats)
@@ -150,7 +107,7 @@ TEST_F(Exporte, ErreursSansFichier)
         {{"--catalogue", "essai.lsu", "--entree", "1", "--taille", "12", "--sortie", "x.png"}, "taille"},
         {{"--catalogue", "essai.lsu", "--entree", "1", "--vite", "--sortie", "x.png"}, "option inconnue"},
         {{"--catalogue", "essai.lsu", "--sortie", "x.png"}, "--entree"},
-        {{"--figure", "a.fig", "--sortie", "x.png"}, "pas encore disponible"},
+        {{"--figure", "a.fig", "--sortie", "x.png"}, "La figure « a.fig » n'existe pas"},
         {{"--catalogue", "essai.lsu", "--entree", "1", "--parametres", "absent.log", "--sortie", "x.png"},
          "absent.log"},
         {{"--catalogue", "essai.lsu", "--entree", "1", "--entree", "3", "--sortie", "x.png"}, "est incorrecte"},

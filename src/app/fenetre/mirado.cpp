@@ -13,6 +13,7 @@
 #include <QToolButton>
 
 #include "app/commandes/etiquettes.h"
+#include "app/commandes/impression.h"
 #include "app/fenetre/zone_dessin.h"
 #include "catalogue/catalogue.h"
 #include "plot/ecran.h"
@@ -31,6 +32,7 @@ Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
     setWindowTitle(QString::fromUtf8(legendeMirado));
     creePanneaux();
     creeMenus();
+    installeImpression(*this);
     creeMinuteries();
     etiquettes_ = new CommandesEtiquettes(etat, boites, zone_, this);
     relieFigures();
