@@ -6,8 +6,11 @@
 // the printing read them from here, so a label is part of the picture.
 #pragma once
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "settings/couleurs.h"
 
 namespace velorin {
 
@@ -16,7 +19,7 @@ struct Etiquette {
     std::string police = "Arial";
     float taille = 10.0F;  // points
     bool gras = false, italique = false, souligne = false;
-    std::int32_t couleur = 0;  // red + 256 green + 65536 blue
+    std::int32_t couleur = 0;    // red + 256 green + 65536 blue
     float gauche = 0, haut = 0;  // position in the window, twips
     bool visible = false;
 };
@@ -34,5 +37,45 @@ struct Etiquettes {
 
     int nombre() const { return static_cast<int>(lb.size()) - 1; }
 };
+
+// Loads the next label from the template at (gauche, haut), in twips, made
+// visible, and grows the bookkeeping arrays to it. Returns its index.
+int ajouteEtiquette(Etiquettes& e, float gauche, float haut);
+
+// Compacts the labels after one was emptied (an empty caption): each label
+// after it takes, one index lower, the caption, size, bold, italic,
+// underline, colour and position of its successor, and the last one is
+// unloaded. The font name stays with its index. Positions are copied, so
+// the labels that move down stay where they were on the screen.
+void arralb3(Etiquettes& e);
+
+// Unloads every label above the template, from the highest down.
+void videlabel(Etiquettes& e);
+
+// The bookkeeping arrays back to one element each (the drawing forgotten
+// or a figure read).
+void reinitialiseSuivi(Etiquettes& e);
+
+// Grows the bookkeeping arrays to hold index `k`, keeping their contents.
+void agrandisSuivi(Etiquettes& e, int k);
+
+// The colour chosen by the answer to "0)Blanc ou noir 1)Bleu 2)Rouge 3 Jaune
+// 4) Vert": its leading number 1 blue, 2 red, 3 yellow, 4 green; anything
+// else (0, 7, nothing) gives `blancOuNoir`, the window's drawing colour.
+Couleur couleurChoisie(const std::string& reponse, const CouleursDefaut& couleurs, Couleur blancOuNoir);
+
+// The font chosen by the answer to "0)Arial 1)Courier 2)Times 3 Grec 4)
+// Algerian": 0 "Arial", 1 "Bookman Old Style", 2 "Courier New", 3 "Symbol",
+// 4 and more "Algerian" (the words of the prompt and the fonts given for 1
+// and 2 differ: that pairing is the program's). A negative answer changes
+// nothing.
+std::optional<std::string> policeChoisie(const std::string& reponse);
+
+// The size typed for "Tapez la nouvelle taille de police": a positive
+// number, or nothing (the size stays).
+std::optional<float> tailleChoisie(const std::string& reponse);
+
+// The tip of label `index`: "Label n° " index "/" highest index "__" caption.
+std::string bulleEtiquette(const Etiquettes& e, int index);
 
 }  // namespace velorin

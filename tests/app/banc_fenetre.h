@@ -16,6 +16,7 @@
 #include <memory>
 #include <set>
 
+#include "app/commandes/etiquettes.h"
 #include "app/fenetre/mirado.h"
 #include "catalogue/catalogue.h"
 
@@ -154,6 +155,8 @@ struct Banc {
             return choixListe ? choixListe(elements) : std::nullopt;
         };
         fenetre = std::make_unique<Mirado>(etat, dossier.path(), boites);
+        // The label editor is modal: unless a test answers it, it is cancelled.
+        fenetre->findChild<CommandesEtiquettes*>()->editeur = [](QWidget*, Etiquette&) { return false; };
         fenetre->resize(900, 650);
         fenetre->show();
         QApplication::processEvents();

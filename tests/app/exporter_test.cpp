@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "app/commandes/impression.h"
 #include "banc_fenetre.h"
 #include "base/motif_numerote.h"
 #include "settings/memoire.h"
@@ -80,6 +81,13 @@ TEST(Exporter, ImageDeLEcran)
         banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 1);
         Mirado& m = banc.demarre();
         ASSERT_TRUE(m.envoie(1));
+        // A label over the drawing is part of the picture written.
+        Etiquette l;
+        l.texte = "Sommet";
+        l.couleur = 0x00FFFF;
+        l.gauche = l.haut = 1500;
+        l.visible = true;
+        m.etat.etiquettes.lb.push_back(l);
         QString titre;
         repondFichier(banc, c.reponse, titre);
         const QStringList avant = QDir(banc.dossier.path()).entryList(QDir::Files);
@@ -90,7 +98,9 @@ TEST(Exporter, ImageDeLEcran)
         if (c.ecrit) {
             attendus << QString::fromUtf8(c.ecrit);
             const QImage lue(banc.chemin(QString::fromUtf8(c.ecrit)));
-            EXPECT_EQ(lue.convertToFormat(QImage::Format_RGB32), m.ecran().convertToFormat(QImage::Format_RGB32));
+            EXPECT_EQ(lue.convertToFormat(QImage::Format_RGB32),
+                      imageAvecEtiquettes(m).convertToFormat(QImage::Format_RGB32));
+            EXPECT_NE(lue.convertToFormat(QImage::Format_RGB32), m.ecran().convertToFormat(QImage::Format_RGB32));
         }
         attendus.sort();
         EXPECT_EQ(QDir(banc.dossier.path()).entryList(QDir::Files, QDir::Name), attendus);

@@ -1,6 +1,7 @@
-// The "Exporter" menu: the picture on screen into a PNG file, and the full
-// turn of the view drawn at once, every redraw the timers would make, into an
-// animated GIF or one numbered file per redraw. The turn is drawn on a copy
+// The "Exporter" menu: the picture on screen with its labels into a PNG
+// file, and the full turn of the view drawn at once, every redraw the timers
+// would make (labels included), into an animated GIF or one numbered file per
+// redraw. The turn is drawn on a copy
 // of the session: the window's viewing values and picture stay as they are.
 #include <QApplication>
 #include <QFileInfo>
@@ -8,10 +9,12 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "app/commandes/impression.h"
 #include "app/fenetre/mirado.h"
 #include "base/chemins.h"
 #include "base/texte_sur.h"
 #include "plot/demande.h"
+#include "plot/dessin_etiquettes.h"
 #include "qt/dessin_fichier.h"
 #include "qt/png_rapide.h"
 #include "qt/tour_anime.h"
@@ -63,7 +66,7 @@ void Mirado::mnuexpo_Click(int index)
                                      texteCite(QFileInfo(*nom).completeBaseName().toStdString() + ".png") + ".")
                             : verifieSortie(chemin, {});
         if (!erreur)
-            erreur = ecrisPngRapide(image_, chemin);
+            erreur = ecrisPngRapide(imageAvecEtiquettes(*this), chemin);
         if (erreur)
             boites.message(this, QString::fromStdString(erreur.message()));
         return;
@@ -93,8 +96,9 @@ void Mirado::mnuexpo_Click(int index)
     d.hauteurPx = int(image_.height() / ratio);
     d.titre = etat.fenetre.fichierCatalogue;
     d.lus = {cheminCatalogue().toStdString(), etat.fenetre.dossierCourbes + nomFichierMemoire(true)};
-    // Every drawn curve again, as the redraw of everything does. The turn
-    // starts from the window's own rotation state, as its timers would.
+    // Every drawn curve again, as the redraw of everything does, and the
+    // labels where they stand over the drawing. The turn starts from the
+    // window's own rotation state, as its timers would.
     auto courbes = [](Etat& e, Surface& surface) -> Erreur {
         for (int i = 1; i <= int(e.courbes.lignes.size()); ++i) {
             const int numero = int(e.courbes.lignes[std::size_t(i - 1)][colNumero]);
@@ -102,6 +106,7 @@ void Mirado::mnuexpo_Click(int index)
             if (t.erreur)
                 return t.erreur;
         }
+        dessineEtiquettes(e.etiquettes, surface);
         return {};
     };
     Etat copie = etat;

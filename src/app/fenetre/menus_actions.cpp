@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QMenu>
 
+#include "app/commandes/etiquettes.h"
 #include "app/dialogues/coli.h"
 #include "app/dialogues/couleurs.h"
 #include "app/dialogues/licou.h"
@@ -365,6 +366,8 @@ void Mirado::mnuipo_Click(int index)
 
 void Mirado::vidage()
 {
+    if (etiquettes_)
+        etiquettes_->videlabel();
     vide_mnutra();
     videCourbes(etat.courbes);
 }

@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include "app/commandes/etiquettes.h"
 #include "app/commandes/impression.h"
 #include "app/fenetre/zone_dessin.h"
 #include "catalogue/catalogue.h"
@@ -35,6 +36,8 @@ Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
     installeImpression(*this);
     creeMinuteries();
     brancheSouris();
+    etiquettes_ = new CommandesEtiquettes(etat, boites, zone_, this);
+    relieFigures();
     menuBar()->installEventFilter(this);
 
     // Form_Load
@@ -86,6 +89,7 @@ void Mirado::debutravail()
     // The rows of the drawing name records of the catalogue they were drawn
     // from: another catalogue forgets them before anything is redrawn.
     vidage();
+    reinitialiseSuivi(etat.etiquettes);
     if (auto erreur = ouvrirCatalogue(etat.catalogue, cheminCatalogue().toStdString()))
         boites.message(this, QString::fromStdString(erreur.message()));
     setWindowTitle(QString::fromUtf8(legendeMirado));

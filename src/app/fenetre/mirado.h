@@ -24,7 +24,9 @@
 #include <QImage>
 #include <QMainWindow>
 #include <array>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "app/boites.h"
@@ -49,6 +51,8 @@ class QWidget;
 
 namespace velorin {
 
+class CommandesEtiquettes;
+struct GeometrieFenetre;
 class Surface;
 class ZoneDessin;
 
@@ -163,6 +167,12 @@ public:
     // The redraw of a resize or of the mouse: without the per-point pause.
     void redessineSansPause();
     const EtatRotation& rotation() const { return rotation_; }
+    // ---- Figure files (app/commandes/figures.cpp)
+    void memorisons();  // asks for a name, writes the figure of the screen
+    void lecmemoire();  // lets the user choose a figure, draws it again
+    // The figure chooser (folder, filter): the file chosen, or nothing when
+    // cancelled. Left empty, the standard file dialog.
+    std::function<std::optional<QString>(QWidget* parent, const QString& dossier, const QString& filtre)> choixFigure;
 
 protected:
     void closeEvent(QCloseEvent* e) override;
@@ -173,6 +183,8 @@ private:
     void creeMenuExporter();  // commandes/exporter.cpp
     void creePanneaux();
     void creeMinuteries();
+    void relieFigures();  // "Mémorisation" and "&Mem" (app/commandes/figures.cpp)
+    GeometrieFenetre geometrieFigure() const;
     void placeFenetre();
     void nouvelleImage();
     void montreProgres();  // shows what the tracer drew so far
@@ -231,8 +243,9 @@ private:
     QPointF enTwips(QPoint pixels) const;
 
     ZoneDessin* zone_ = nullptr;
-    QScrollArea* defile_ = nullptr;  // scrolls the side column when it is taller than the window
-    QWidget* colonne_ = nullptr;     // the side column that holds the panels
+    CommandesEtiquettes* etiquettes_ = nullptr;  // the label controls (app/commandes/etiquettes.*)
+    QScrollArea* defile_ = nullptr;              // scrolls the side column when it is taller than the window
+    QWidget* colonne_ = nullptr;                 // the side column that holds the panels
     QImage image_;
     std::unique_ptr<Surface> surface_;
     QTimer* attenteTaille_ = nullptr;  // gathers the resize events of a drag

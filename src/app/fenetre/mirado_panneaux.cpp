@@ -81,7 +81,7 @@ void Mirado::creePanneaux()
     Command3 = new QPushButton(QStringLiteral("O&K"), colonne_);
     connect(Command3, &QPushButton::clicked, this, [this] { Command3_Click(); });
     Command6 = new QPushButton(QStringLiteral("&Mem"), colonne_);
-    Command6->setEnabled(false);  // figure files come later
+    Command6->setEnabled(false);  // enabled with the figure files (relieFigures)
 
     // Viewing panel.
     Frame1 = new QGroupBox(QStringLiteral("Point de vue"), colonne_);

@@ -1,0 +1,105 @@
+// Figure files from the window: "Sauver cet écran" and "&Mem" write the
+// whole screen to a ".fig" file of the figures folder of the mode in force;
+// "Lire un écran mémorisé" reads one back and draws it again. The file
+// itself is read and written by the core (plot/figure.h); here the window
+// asks for the name or the file, gives itself the figure's place, size and
+// colours, and rebuilds what shows the state (panels, menus, labels).
+#include <QAction>
+#include <QFileDialog>
+#include <QPushButton>
+#include <algorithm>
+#include <cmath>
+
+#include "app/commandes/etiquettes.h"
+#include "app/fenetre/mirado.h"
+#include "app/fenetre/zone_dessin.h"
+#include "plot/figure.h"
+#include "view/surface.h"
+
+namespace velorin {
+
+namespace {
+
+// The filter of the figure chooser, in the file dialog's own syntax.
+const char* const filtreFigures = "Figures (*.fig)";
+
+}  // namespace
+
+void Mirado::relieFigures()
+{
+    for (int i = 0; i < int(mnumemfig.size()); ++i) {
+        mnumemfig[i]->setEnabled(true);
+        connect(mnumemfig[i], &QAction::triggered, this, [this, i] { i == 0 ? memorisons() : lecmemoire(); });
+    }
+    Command6->setEnabled(true);
+    connect(Command6, &QPushButton::clicked, this, &Mirado::memorisons);
+}
+
+GeometrieFenetre Mirado::geometrieFigure() const
+{
+    const QRect r = geometry();
+    const auto twips = [](int pixels) { return float(pixels * twipsParPixelEcran); };
+    return {twips(r.x()), twips(r.y()), twips(r.width()), twips(r.height())};
+}
+
+void Mirado::memorisons()
+{
+    if (refuseSiOccupe())
+        return;
+    const QString dossier = QString::fromStdString(etat.fenetre.dossierFig);
+    const std::optional<QString> nom =
+        boites.saisie(this, QStringLiteral("Entrez un nom simple pour mémoriser cette figure"),
+                      QStringLiteral("mise en mémoire dans ") + dossier);
+    if (!nom || nom->isEmpty())
+        return;  // cancelled: nothing is written
+    const std::string chemin = etat.fenetre.dossierFig + nom->toStdString() + ".fig";
+    if (auto erreur = ecrisFigure(chemin, etat, geometrieFigure()))
+        boites.message(this, QString::fromStdString(erreur.message()));
+}
+
+void Mirado::lecmemoire()
+{
+    if (refuseSiOccupe())
+        return;
+    etiquettes_->videlabel();
+    const QString dossier = QString::fromStdString(etat.fenetre.dossierFig);
+    const QString filtre = QString::fromUtf8(filtreFigures);
+    const std::optional<QString> choisi =
+        choixFigure ? choixFigure(this, dossier, filtre) : [&]() -> std::optional<QString> {
+        const QString f = QFileDialog::getOpenFileName(this, QString(), dossier, filtre);
+        return f.isEmpty() ? std::nullopt : std::optional<QString>(f);
+    }();
+    if (!choisi)
+        return;  // cancelled: the labels are already gone
+    const ResultatFigure r = lisFigure(choisi->toStdString(), etat);
+    if (r.lignesLues > 0) {
+        // Line 1 may have switched the mode, line 2 the catalogue.
+        vide_mnutra();
+        montrePanneau();
+        afmenu();
+        titreTrace_ = QStringLiteral("Dans ") + cheminCatalogue();
+        ajusteTitreTrace();
+    }
+    if (r.geometrieLue) {
+        const GeometrieFenetre& g = r.geometrie;
+        const auto pixels = [](float twips, int plancher) {
+            const double p = std::round(twips / twipsParPixelEcran);
+            return std::isfinite(p) ? int(std::clamp(p, double(plancher), 20000.0)) : plancher;
+        };
+        setGeometry(pixels(g.gauche, -20000), pixels(g.haut, -20000), pixels(g.largeur, 200), pixels(g.hauteur, 150));
+        boites.message(this, QString::fromStdString(messageFigure(r)));
+    }
+    if (r.lignesLues > 0) {
+        lecouleurs();
+        suisTaille();  // the bitmap at the new size, cleared, frame and every row drawn again
+        for (int i = 1; i <= etat.courbes.nbCourbes; ++i)
+            ajoute_mnutra();
+        affviseur();
+        affou();
+        etiquettes_->reconstruit();
+    }
+    if (r.erreur)
+        boites.message(this, QString::fromStdString(r.erreur.message()));
+}
+
+}  // namespace velorin
