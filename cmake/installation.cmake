@@ -7,7 +7,8 @@
 #   share/applications/org.velorin.Velorin.desktop
 #   share/icons/hicolor/{scalable,NxN}/apps/org.velorin.Velorin.{svg,png}
 #   share/metainfo/org.velorin.Velorin.metainfo.xml
-#   share/man/{fr/,}man1/velorin.1
+#   share/man/{fr/,}man1/velorin.1.gz   the manual page, gzip -9n at build time
+#   share/doc/velorin/copyright         the Debian copyright file
 include(GNUInstallDirs)
 
 set(VELORIN_ID org.velorin.Velorin)
@@ -28,6 +29,16 @@ add_custom_command(OUTPUT ${sorties_icones}
   COMMENT "Icônes PNG de Velorin")
 add_custom_target(icones ALL DEPENDS ${sorties_icones})
 
+# The manual page compressed as Debian installs them: best compression, no
+# file name nor time stamp inside (the same bytes at every build).
+set(VELORIN_MAN ${CMAKE_BINARY_DIR}/man/velorin.1)
+add_custom_command(OUTPUT ${VELORIN_MAN}.gz
+  COMMAND ${CMAKE_COMMAND} -E copy ${VELORIN_PAQUET}/velorin.1 ${VELORIN_MAN}
+  COMMAND gzip -9nf ${VELORIN_MAN}
+  DEPENDS ${VELORIN_PAQUET}/velorin.1
+  COMMENT "Page de manuel compressée")
+add_custom_target(page_manuel ALL DEPENDS ${VELORIN_MAN}.gz)
+
 configure_file(${VELORIN_PAQUET}/${VELORIN_ID}.metainfo.xml.in ${CMAKE_BINARY_DIR}/${VELORIN_ID}.metainfo.xml @ONLY)
 
 install(TARGETS velorin RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -38,8 +49,9 @@ install(FILES ${VELORIN_PAQUET}/${VELORIN_ID}.desktop DESTINATION ${CMAKE_INSTAL
 install(FILES ${VELORIN_PAQUET}/${VELORIN_ID}.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(DIRECTORY ${VELORIN_ICONES}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 install(FILES ${CMAKE_BINARY_DIR}/${VELORIN_ID}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
-install(FILES ${VELORIN_PAQUET}/velorin.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/fr/man1)
-install(FILES ${VELORIN_PAQUET}/velorin.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${VELORIN_MAN}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/fr/man1)
+install(FILES ${VELORIN_MAN}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${VELORIN_PAQUET}/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/velorin)
 
 # The Debian package: `make paquet` (the target `package`).
 set(CPACK_GENERATOR DEB)

@@ -52,10 +52,10 @@ TEST_F(CommandeCatalogue, AjouteCommeLesEditeursPuisListe)
         const std::string ligneListe = entierFormate(ligne, 4) + "]" + c.texte + "[" + entierFormate(c.genre, 2);
         EXPECT_EQ(s.sortie, ligneListe + "\n") << nom;
         if (ecrase) {
-            attendu.replace(302, 302, enregistrement(c.genre, c.texte));
+            attendu.replace(302, 302, octetsFiche(c.genre, c.texte));
             lignes[1] = ligneListe;
         } else {
-            attendu += enregistrement(c.genre, c.texte);
+            attendu += octetsFiche(c.genre, c.texte);
             lignes.push_back(ligneListe);
         }
         EXPECT_EQ(contenu("c.lsu"), attendu) << nom;
@@ -80,8 +80,8 @@ TEST_F(CommandeCatalogue, ListeDesCataloguesAbimes)
     };
     const Cas cas[] = {
         {"", ""},
-        {enregistrement(1, "x=f1(t)=t") + std::string(301, 'z'), "0001]x=f1(t)=t[01\n"},
-        {enregistrement(-1, "") + enregistrement(12, "a<b") + enregistrement(300, "   "),
+        {octetsFiche(1, "x=f1(t)=t") + std::string(301, 'z'), "0001]x=f1(t)=t[01\n"},
+        {octetsFiche(-1, "") + octetsFiche(12, "a<b") + octetsFiche(300, "   "),
          "0001][-01\n0002]a<b[12\n0003][300\n"},
         {std::string("\x09\x00", 2) + "a\x1b[2Jb\rc" + std::string(1, '\0') + "\xe9\x81" + std::string(289, ' '),
          "0001]a\\e[2Jb\\rc\\0é\\xC2\\x81[09\n"},
@@ -116,7 +116,7 @@ TEST_F(CommandeCatalogue, ListeDesCataloguesAbimes)
 
 TEST_F(CommandeCatalogue, AjouteRefuseSansRienChanger)
 {
-    const std::string deux = enregistrement(9, "Point:[(1,1)]") + enregistrement(5, "D(M,u):[(0,0)][(1,0)]");
+    const std::string deux = octetsFiche(9, "Point:[(1,1)]") + octetsFiche(5, "D(M,u):[(0,0)][(1,0)]");
     ecris("c.lsu", deux + "reste");
     fs::create_directory(dossier_ / "dossier.lsu");
     ASSERT_EQ(mkfifo((dossier_ / "tube.lsu").c_str(), 0600), 0);
@@ -161,13 +161,13 @@ TEST_F(CommandeCatalogue, AjouteRefuseSansRienChanger)
     // Appending over the partial record replaces it, as the editors do.
     const Sortie ajout = lance({"ajoute", "c.lsu", "--genre", "9", "--plan", "(7,7)"});
     EXPECT_EQ(ajout.code, 0) << ajout.erreurs;
-    EXPECT_EQ(contenu("c.lsu"), deux + enregistrement(9, "Point:[(7,7)]"));
+    EXPECT_EQ(contenu("c.lsu"), deux + octetsFiche(9, "Point:[(7,7)]"));
 }
 
 // A list that cannot reach the standard output whole is a failure.
 TEST_F(CommandeCatalogue, SortiePleine)
 {
-    ecris("c.lsu", enregistrement(9, "Point:[(1,1)]"));
+    ecris("c.lsu", octetsFiche(9, "Point:[(1,1)]"));
     const Sortie s = lanceVelorin({"catalogue", "liste", "c.lsu"}, dossier_.string(),
                                   QProcessEnvironment::systemEnvironment(), QStringLiteral("/dev/full"));
     EXPECT_EQ(s.code, 2);

@@ -15,7 +15,7 @@ std::string enregistrements(std::initializer_list<std::pair<int, const char*>> f
 {
     std::string octets;
     for (const auto& [genre, texte] : fiches)
-        octets += enregistrement(genre, texte);
+        octets += octetsFiche(genre, texte);
     return octets;
 }
 
@@ -129,7 +129,7 @@ TEST_F(MenageCommande, TropDEntreesAGarder)
 {
     std::string octets;
     for (NumeroLigne n = 0; n <= limiteCompteurReduction; ++n)
-        octets += enregistrement(9, "Point:[(1,1)]");
+        octets += octetsFiche(9, "Point:[(1,1)]");
     ecris("c.lsu", octets);
     refuse({"reduis", "c.lsu"}, "garderait 32 768 entrées : le compactage n'en numérote que 32 767. Rien n'est écrit.");
     const Sortie s = lance({"elimine", "c.lsu", "32768"});

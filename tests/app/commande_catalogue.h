@@ -22,8 +22,9 @@ namespace velorin::essai {
 
 namespace fs = std::filesystem;
 
-// A record as the file holds it.
-inline std::string enregistrement(int genre, const std::string& texte)
+// A record as the file holds it, as a std::string (fichier_editeur.h's
+// `enregistrement` gives the same bytes as a QByteArray).
+inline std::string octetsFiche(int genre, const std::string& texte)
 {
     return octetsEnregistrement({static_cast<std::int16_t>(genre), texte});
 }

@@ -13,12 +13,11 @@
 #include <fstream>
 #include <string>
 
+#include "processus.h"
+
 namespace {
 
-struct Sortie {
-    int code = -1;
-    std::string sortie, erreurs;
-};
+using velorin::essai::Sortie;
 
 // Runs velorin with an environment that has no display at all, plus `ajouts`.
 Sortie lanceSansAffichage(const QStringList& arguments, const QStringList& ajouts = {})
@@ -28,12 +27,7 @@ Sortie lanceSansAffichage(const QStringList& arguments, const QStringList& ajout
         env.remove(nom);
     for (const QString& a : ajouts)
         env.insert(a.section('=', 0, 0), a.section('=', 1));
-    QProcess p;
-    p.setProcessEnvironment(env);
-    p.start(QString(VELORIN_BIN_DIR) + "/velorin", arguments);
-    p.waitForFinished(60000);
-    return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, p.readAllStandardOutput().toStdString(),
-            p.readAllStandardError().toStdString()};
+    return velorin::essai::lanceVelorin(arguments, std::filesystem::temp_directory_path().string(), env);
 }
 
 TEST(Demarrage, AideEtVersionSansAffichage)
@@ -81,7 +75,8 @@ TEST(Demarrage, RefusEnFrancais)
 
 // `sansfenetre` in a copy of the program's folder: a folder for the images
 // that cannot be made is said, not announced as filled; an output that
-// cannot be written whole is a failure.
+// cannot be written whole is a failure. The copy, not the built program, is
+// started: it works beside the copied factory files.
 TEST(Demarrage, SansFenetreSignaleSesEchecs)
 {
     namespace fs = std::filesystem;

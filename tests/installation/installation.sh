@@ -25,9 +25,21 @@ for f in bin/velorin share/velorin/Espace_courbes/Lisurf.lsu share/velorin/Espac
          share/velorin/Plan_courbes/mem.log share/velorin/Plan_courbes/memprovi.log share/velorin/Aide/index.htm \
          share/applications/org.velorin.Velorin.desktop share/metainfo/org.velorin.Velorin.metainfo.xml \
          share/icons/hicolor/scalable/apps/org.velorin.Velorin.svg share/icons/hicolor/48x48/apps/org.velorin.Velorin.png \
-         share/man/fr/man1/velorin.1; do
+         share/man/fr/man1/velorin.1.gz share/man/man1/velorin.1.gz share/doc/velorin/copyright; do
     [ -s "$prefixe/$f" ] || echec "fichier installé absent ou vide : $f"
 done
+# The manual pages as Debian wants them: gzip at best compression, without
+# name nor time stamp, and read by groff without a warning.
+for f in share/man/fr/man1/velorin.1.gz share/man/man1/velorin.1.gz; do
+    page=$prefixe/$f
+    [ "$(od -An -tx1 -j3 -N6 "$page" 2>/dev/null | tr -d ' ')" = "000000000002" ] ||
+        echec "$f : pas compressée par gzip -9n (nom ou date gardés, ou compression moindre)"
+    avertissements=$(gzip -dc "$page" | groff -man -Tutf8 -ww -z 2>&1) || echec "$f : illisible"
+    [ -z "$avertissements" ] || echec "$f : groff dit $avertissements"
+done
+head -1 "$prefixe/share/doc/velorin/copyright" |
+    grep -qx 'Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/' ||
+    echec "share/doc/velorin/copyright n'est pas au format des fichiers copyright de Debian"
 for dossier in Espace_fig Plan_fig usine; do
     [ ! -e "$donnees/$dossier" ] || echec "share/velorin/$dossier ne doit pas être installé"
 done
