@@ -185,20 +185,31 @@ TEST_F(Exporte, CheminsRefuses)
     fs::permissions(d / "fige", fs::perms::owner_all);
 }
 
-// A disk that fills up in the middle of the file: every format is refused
-// with the output's name, the user's previous file stays byte for byte and
-// no temporary is left beside it.
+// A disk that fills up in the middle of the file, or on the way through a
+// turn: every format is refused with the output's name, the user's previous
+// file stays byte for byte, no temporary and no picture of a series is left.
 TEST_F(Exporte, DisquePlein)
 {
-    QProcessEnvironment plein = QProcessEnvironment::systemEnvironment();
-    plein.insert("VELORIN_ESSAI_DISQUE_PLEIN", "100");
-    for (const char* nom : {"prec.png", "prec.svg", "prec.pdf", "prec.txt"}) {
-        const std::string ancien = std::string("ancien contenu de ") + nom + "\n";
-        ecris(nom, ancien);
-        refuse({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--entree", "2", "--sortie",
-                chemin(nom)},
-               std::string(nom) + " » : le disque est plein", plein);
-        EXPECT_EQ(contenu(nom), ancien) << nom;
+    struct Cas {
+        const char *sortie, *ancien, *octets;  // the file named in the refusal and kept; bytes before the disk is full
+        QStringList tour;
+    };
+    const Cas cas[] = {{"prec.png", "prec.png", "100", {}},
+                       {"prec.svg", "prec.svg", "100", {}},
+                       {"prec.pdf", "prec.pdf", "100", {}},
+                       {"prec.txt", "prec.txt", "100", {}},
+                       {"t_%02d.png", "t_01.png", "3000", {"--tour", "oz+"}},
+                       {"b.gif", "b.gif", "3000", {"--tour", "oz+"}}};
+    for (const Cas& c : cas) {
+        QProcessEnvironment plein = QProcessEnvironment::systemEnvironment();
+        plein.insert("VELORIN_ESSAI_DISQUE_PLEIN", c.octets);
+        const std::string ancien = std::string("ancien contenu de ") + c.ancien + "\n";
+        ecris(c.ancien, ancien);
+        refuse(QStringList{"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "2", "--sortie",
+                           chemin(c.sortie)} +
+                   c.tour,
+               std::string(c.ancien) + " » : le disque est plein", plein);
+        EXPECT_EQ(contenu(c.ancien), ancien) << c.sortie;
     }
 }
 
@@ -416,17 +427,6 @@ TEST_F(Exporte, TourRefuse)
     fs::copy_file(dossier_ / "essai.lsu", dossier_ / "t_3.txt");
     refuse({"--dossier", ici, "--catalogue", "t_3.txt", "--entree", "1", "--tour", "oz-", "--sortie", "t_%d.txt"},
            "est aussi lu par cette commande");
-    // A disk that fills up on the way: no picture of the series and no GIF
-    // is written, the previous files stay.
-    QProcessEnvironment plein = QProcessEnvironment::systemEnvironment();
-    plein.insert("VELORIN_ESSAI_DISQUE_PLEIN", "3000");
-    ecris("t_01.png", "ancienne image\n");
-    ecris("b.gif", "ancienne animation\n");
-    for (const char* sortie : {"t_%02d.png", "b.gif"})
-        refuse({"--dossier", ici, "--catalogue", "essai.lsu", "--entree", "2", "--tour", "oz+", "--sortie", sortie},
-               "le disque est plein", plein);
-    EXPECT_EQ(contenu("t_01.png"), "ancienne image\n");
-    EXPECT_EQ(contenu("b.gif"), "ancienne animation\n");
 }
 
 }  // namespace
