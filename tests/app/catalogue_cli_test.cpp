@@ -33,7 +33,6 @@ TEST_F(CommandeCatalogue, AjouteCommeLesEditeursPuisListe)
         {{"--genre", "7", "2x+y-z=0"}, 7, "Plan:[2x+y-z=0]"},
         {{"--genre", "14", "x^2", "2*x+1", "10"}, 14, "x^2<2*x+1<10"},
         {{"--plan", "--genre", "1", "cos[t]", "sin(t)"}, 1, "x=f1(t)=cos(t)][y=f2(t)=sin(t)"},
-        {{"--genre", "4", "2", "a", "t"}, 4, "R=f1(a,t)=2][Agh=f2(a,t)=a][Agv=f3(a,t)=t"},
         {{"--genre", "0", "--plan", "--", "-x^2"}, 0, "y = f(x)=-x^2"},
         {{"--genre", "0", "-x", "t"}, 0, "y = f(x)=-x][t"},
         {{"--genre", "6", "(0,0,0)", "(1,0,0)", "(0,1,0)"}, 6, "P(M,u,v):[(0,0,0)][(1,0,0)][(0,1,0)]"},

@@ -29,22 +29,18 @@ protected:
     // The two entries drawn into a figure of 640 x 400 pixels.
     std::string figureDesEntrees()
     {
-        const auto [code, sortie, erreurs] = lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1",
-                                            "--entree", "2", "--taille", "640x400", "--sortie", chemin("a.fig")});
+        const auto [code, sortie, erreurs] =
+            lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--entree", "2", "--taille",
+                   "640x400", "--sortie", chemin("a.fig")});
         EXPECT_EQ(code, 0) << erreurs;
         return contenu("a.fig");
     }
 };
 
-std::vector<std::string> lignes(const std::string& texte)
-{
-    return lignesDuTexte(texte);
-}
-
 TEST_F(ExporteFigure, TheFigureOfWhatWasDrawnFollowsTheLayout)
 {
     const std::string fig = figureDesEntrees();
-    const auto l = lignes(fig);
+    const auto l = lignesDuTexte(fig);
     ASSERT_EQ(l.size(), 6U + 2 * 32);
     EXPECT_EQ(l[0], "False");
     EXPECT_EQ(l[1], "essai.lsu");
@@ -81,7 +77,7 @@ TEST_F(ExporteFigure, AFigureDrawsWhatItsEntriesDrewThenItsLabels)
     ecris("b.fig", avecLabels);
     s = lance({"--figure", chemin("b.fig"), "--dossier", chemin(""), "--sortie", chemin("b.txt")});
     ASSERT_EQ(s.code, 0) << s.erreurs;
-    const auto journal = lignes(contenu("b.txt"));
+    const auto journal = lignesDuTexte(contenu("b.txt"));
     ASSERT_GE(journal.size(), 2U);
     EXPECT_EQ(journal[journal.size() - 2], "PRINT 3000 1500 255 \"Times New Roman\" 20 \"Sommet\"");
     EXPECT_EQ(journal.back(), "PRINT 600 4500 65280 \"Arial\" 12.5 \"Base\"");

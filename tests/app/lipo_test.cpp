@@ -7,35 +7,26 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include <filesystem>
-
 #include "app/dialogues/lipo.h"
-#include "banc_fenetre.h"
+#include "fichier_editeur.h"
 
 namespace velorin::essai {
 namespace {
 
-namespace fs = std::filesystem;
+// The points dialog on a catalogue of `entrees`; `traces` notes the records
+// handed to the drawing.
+struct Points : Fichier {
+    std::vector<NumeroLigne> traces;
 
-struct Points {
-    Banc banc;
-    Catalogue cat;
-    std::vector<NumeroLigne> traces;  // records handed to the drawing
-
-    explicit Points(const std::vector<LigneCatalogue>& entrees)
+    explicit Points(const std::vector<LigneCatalogue>& entrees) : Fichier(0)
     {
-        const std::string lsu = banc.chemin(QStringLiteral("Espace_courbes/Lisurf.lsu")).toStdString();
-        fs::create_directories(fs::path(lsu).parent_path());
-        EXPECT_FALSE(ouvrirCatalogue(cat, lsu));
         for (const LigneCatalogue& l : entrees)
             EXPECT_FALSE(ecrisLigne(cat, cat.nbLignesCatalogue + 1, l));
     }
     std::unique_ptr<Lipo> ouvre()
     {
-        Boites b;
-        b.message = [this](QWidget*, const QString& t) { banc.messages << t; };
         return std::make_unique<Lipo>(
-            cat, [this](NumeroLigne n) { traces.push_back(n); }, b);
+            cat, [this](NumeroLigne n) { traces.push_back(n); }, boites);
     }
     std::string texte(NumeroLigne n)
     {
@@ -86,7 +77,7 @@ TEST(Lipo, ListeDesPointsEtCreation)
                      Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(texte, &clic);
     EXPECT_TRUE(texte->text().isEmpty());
-    EXPECT_TRUE(p.banc.messages.isEmpty());
+    EXPECT_TRUE(p.messages.isEmpty());
 }
 
 TEST(Lipo, CatalogueSansPoints)
@@ -124,10 +115,10 @@ TEST(Lipo, PlacerEtRelier)
         EXPECT_TRUE(selectionnees(liste).empty());
         for (int r : c.selection)
             liste->item(r)->setSelected(true);
-        p.banc.messages.clear();
+        p.messages.clear();
         controle<QPushButton>(*d, "Command2")->click();
         EXPECT_EQ(p.traces, c.trace ? std::vector<NumeroLigne>{c.trace} : std::vector<NumeroLigne>{});
-        EXPECT_EQ(p.banc.messages, c.dit ? QStringList{QString::fromUtf8(c.dit)} : QStringList{});
+        EXPECT_EQ(p.messages, c.dit ? QStringList{QString::fromUtf8(c.dit)} : QStringList{});
         p.traces.clear();
     }
     // List order, not click order: the first point listed is the first end.
@@ -144,7 +135,6 @@ TEST(Lipo, OuvertParPointsDisponibles)
     Mirado& m = banc.demarre();
     QAction* points = article(m, "mnuzo", 5);
     EXPECT_EQ(points->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_D));
-    EXPECT_TRUE(points->isEnabled());
     const std::size_t avant = articles(m, "mnufa").size();
     QTimer::singleShot(0, &m, [&] {
         auto* d = qobject_cast<Lipo*>(QApplication::activeModalWidget());
