@@ -20,7 +20,8 @@ namespace {
 constexpr const char* kUsage =
     "Usage : velorin                   ouvre la fenêtre (il faut un affichage)\n"
     "        velorin calcule ...       valeurs d'une formule (velorin calcule sans argument : son usage)\n"
-    "        velorin exporte ...       dessine des entrées d'un catalogue en PNG, SVG, PDF ou journal .txt\n"
+    "        velorin exporte ...       dessine des entrées d'un catalogue ou une figure en PNG, SVG, PDF,\n"
+    "                                  journal .txt ou figure .fig ; un tour complet en GIF animé\n"
     "        velorin catalogue ...     liste et modifie un catalogue .lsu (velorin catalogue sans argument : son usage)\n"
     "        velorin sansfenetre       dessine les galeries en images PNG dans le dossier Apercus\n"
     "        velorin --help, -h        affiche cette aide\n"
