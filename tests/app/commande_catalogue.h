@@ -4,15 +4,7 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include <QProcessEnvironment>
-#include <QStringList>
-
-#include <unistd.h>
-
 #include <filesystem>
-#include <fstream>
-#include <set>
-#include <sstream>
 #include <string>
 
 #include "catalogue/catalogue.h"
@@ -29,39 +21,9 @@ inline std::string octetsFiche(int genre, const std::string& texte)
     return octetsEnregistrement({static_cast<std::int16_t>(genre), texte});
 }
 
-class CommandeCatalogue : public ::testing::Test {
+class CommandeCatalogue : public DossierProcessus {
 protected:
-    void SetUp() override
-    {
-        dossier_ = fs::temp_directory_path() / ("velorin_catalogue_" + std::to_string(::getpid()));
-        fs::remove_all(dossier_);
-        fs::create_directories(dossier_);
-    }
-    void TearDown() override { fs::remove_all(dossier_); }
-
-    Sortie lance(const QStringList& arguments,
-                 const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
-    {
-        return lanceVelorin(QStringList{"catalogue"} + arguments, dossier_.string(), environnement);
-    }
-    std::string contenu(const char* nom) const
-    {
-        std::ifstream f(dossier_ / nom, std::ios::binary);
-        std::stringstream s;
-        s << f.rdbuf();
-        return s.str();
-    }
-    void ecris(const char* nom, const std::string& octets) const
-    {
-        std::ofstream(dossier_ / nom, std::ios::binary) << octets;
-    }
-    std::set<std::string> noms() const
-    {
-        std::set<std::string> n;
-        for (const auto& e : fs::directory_iterator(dossier_))
-            n.insert(e.path().filename().string());
-        return n;
-    }
+    CommandeCatalogue() : DossierProcessus("velorin_catalogue_", "catalogue") { }
     // Refused with exit 2 and `message`, the folder's files unchanged.
     void refuse(const QStringList& arguments, const std::string& message,
                 const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
@@ -76,8 +38,6 @@ protected:
         EXPECT_EQ(noms(), avant) << nom;
         EXPECT_EQ(contenu("c.lsu"), catalogue) << nom;
     }
-
-    fs::path dossier_;
 };
 
 }  // namespace velorin::essai

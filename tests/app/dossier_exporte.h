@@ -1,20 +1,10 @@
-// Fixture of the `velorin exporte` process tests: a fresh folder named after
-// the test program's process, a test catalogue "essai.lsu" in it, the
-// program run there, and the files it leaves read back.
+// Fixture of the `velorin exporte` process tests: the process's folder with
+// a test catalogue "essai.lsu" in it.
 #pragma once
 #include <gtest/gtest.h>
 
-#include <QProcessEnvironment>
-#include <QStringList>
-
-#include <unistd.h>
-
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <initializer_list>
-#include <sstream>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -23,17 +13,16 @@
 
 namespace velorin::essai {
 
-class DossierExporte : public ::testing::Test {
+class DossierExporte : public DossierProcessus {
 protected:
     // `prefixe` names the folder, `entrees` the catalogue's entries as
     // (kind, text), numbered from 1 in the order given.
     DossierExporte(const char* prefixe, std::initializer_list<std::pair<int, const char*>> entrees)
-        : dossier_(std::filesystem::temp_directory_path() / (prefixe + std::to_string(::getpid()))), entrees_(entrees)
+        : DossierProcessus(prefixe, "exporte"), entrees_(entrees)
     { }
     void SetUp() override
     {
-        std::filesystem::remove_all(dossier_);
-        std::filesystem::create_directories(dossier_);
+        DossierProcessus::SetUp();
         Catalogue cat;
         ASSERT_FALSE(ouvrirCatalogue(cat, (dossier_ / "essai.lsu").string()));
         int n = 1;
@@ -44,27 +33,6 @@ protected:
             ASSERT_FALSE(ecrisLigne(cat, n++, l));
         }
     }
-    void TearDown() override { std::filesystem::remove_all(dossier_); }
-
-    Sortie lance(const QStringList& arguments,
-                 const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
-    {
-        return lanceVelorin(QStringList{"exporte"} + arguments, dossier_.string(), environnement);
-    }
-    QString chemin(const char* nom) const { return QString::fromStdString((dossier_ / nom).string()); }
-    std::string contenu(const char* nom) const
-    {
-        std::ifstream f(dossier_ / nom, std::ios::binary);
-        std::stringstream s;
-        s << f.rdbuf();
-        return s.str();
-    }
-    void ecris(const char* nom, const std::string& texte) const
-    {
-        std::ofstream(dossier_ / nom, std::ios::binary) << texte;
-    }
-
-    std::filesystem::path dossier_;
 
 private:
     std::vector<std::pair<int, const char*>> entrees_;

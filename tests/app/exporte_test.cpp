@@ -46,14 +46,6 @@ protected:
                           {1, "x=f1(t)=cos(t][y=f2(t)=t][z=f3(t)=t"},
                           {9, "Point:[(1,A,2)]"}})
     { }
-    // Names in the folder, links included (a loop too), sorted.
-    std::set<std::string> noms() const
-    {
-        std::set<std::string> n;
-        for (const auto& e : fs::directory_iterator(dossier_))
-            n.insert(e.path().filename().string());
-        return n;
-    }
     // Refused with `message` in a French sentence; an export that failed
     // leaves no file behind, not even a temporary one.
     void refuse(const QStringList& arguments, const std::string& message,
