@@ -80,7 +80,14 @@ Erreur dessinePage(const Etat& etat, Surface& page, const std::string& pied)
         page.Print("   " + ligneCourbeTracee(e.courbes, i));
     }
 
+    // Labels in the screen's axes colour (the "Blanc ou noir" of the colour
+    // prompt, white over a black screen) take the paper's axes colour, so
+    // that they do not vanish on white paper; the other colours are kept.
+    const Couleur axesEcran = couleursRepere(etat).axes, axesPapier = couleursRepere(e).axes;
     Etiquettes etiquettes = e.etiquettes;
+    for (std::size_t k = 1; k < etiquettes.lb.size(); ++k)
+        if ((static_cast<Couleur>(etiquettes.lb[k].couleur) & 0xFFFFFF) == axesEcran)
+            etiquettes.lb[k].couleur = static_cast<std::int32_t>(axesPapier);
     const double kx = e.fenetre.largeurVue > 0 ? W / e.fenetre.largeurVue : 1;
     const double ky = e.fenetre.hauteurVue > 0 ? H / e.fenetre.hauteurVue : 1;
     for (std::size_t k = 1; k < etiquettes.lb.size(); ++k) {

@@ -5,6 +5,7 @@
 
 #include "outils_trace.h"
 #include "plot/demande.h"
+#include "plot/ecran.h"
 #include "plot/impression.h"
 
 namespace velorin {
@@ -61,6 +62,10 @@ TEST_F(Page, TitleLegendLabelsAndFooterOverTheRedrawnCurves)
     lb.gauche = 1000;
     lb.haut = 2000;
     lb.visible = true;
+    lb.couleur = std::int32_t(couleursRepere(etat).axes);  // white on the black screen
+    etat.etiquettes.lb.push_back(lb);
+    lb.texte = "Pied";
+    lb.couleur = 0xFF;
     etat.etiquettes.lb.push_back(lb);
     const Vue vueFenetre = etat.vue;
 
@@ -101,6 +106,11 @@ TEST_F(Page, TitleLegendLabelsAndFooterOverTheRedrawnCurves)
     ASSERT_TRUE(etiquette);
     EXPECT_EQ(etiquette->x1, 2000);
     EXPECT_EQ(etiquette->y1, 4000);
+    // On white paper the screen's axes colour is printed black; red stays red.
+    EXPECT_NE(couleursRepere(etat).axes, 0U);
+    EXPECT_EQ(etiquette->couleur, 0U);
+    ASSERT_TRUE(texte("Pied"));
+    EXPECT_EQ(texte("Pied")->couleur, 0xFFU);
     const OperationDessin* pied = texte("pied de page");
     ASSERT_TRUE(pied);
     EXPECT_GT(pied->y1, page.Height() * 0.9);
