@@ -71,7 +71,9 @@ TEST(Exporter, ImageDeLEcran)
     const Cas cas[] = {
         {QStringLiteral("ecran"), "ecran.png", nullptr},  // the extension is added
         {QStringLiteral("copie.png"), "copie.png", nullptr},
-        {QStringLiteral("copie.jpg"), nullptr, "en PNG : nommez-la « copie.png »"},
+        {QStringLiteral("copie.svg"), "copie.svg", nullptr},
+        {QStringLiteral("copie.pdf"), "copie.pdf", nullptr},
+        {QStringLiteral("copie.jpg"), nullptr, "en PNG, SVG ou PDF : nommez-la par exemple « copie.png »"},
         {QStringLiteral("absent/e.png"), nullptr, "absent » n'existe pas"},
         {std::nullopt, nullptr, nullptr},
     };
@@ -97,10 +99,20 @@ TEST(Exporter, ImageDeLEcran)
         QStringList attendus = avant;
         if (c.ecrit) {
             attendus << QString::fromUtf8(c.ecrit);
-            const QImage lue(banc.chemin(QString::fromUtf8(c.ecrit)));
-            EXPECT_EQ(lue.convertToFormat(QImage::Format_RGB32),
-                      imageAvecEtiquettes(m).convertToFormat(QImage::Format_RGB32));
-            EXPECT_NE(lue.convertToFormat(QImage::Format_RGB32), m.ecran().convertToFormat(QImage::Format_RGB32));
+            QFile fichier(banc.chemin(QString::fromUtf8(c.ecrit)));
+            ASSERT_TRUE(fichier.open(QIODevice::ReadOnly));
+            const QByteArray octets = fichier.readAll();
+            if (QString::fromUtf8(c.ecrit).endsWith(QStringLiteral(".png"))) {
+                const QImage lue = QImage::fromData(octets).convertToFormat(QImage::Format_RGB32);
+                EXPECT_EQ(lue, imageAvecEtiquettes(m).convertToFormat(QImage::Format_RGB32));
+                EXPECT_NE(lue, m.ecran().convertToFormat(QImage::Format_RGB32));
+            } else if (octets.startsWith("%PDF")) {
+                EXPECT_GT(octets.size(), 1000) << c.ecrit;
+            } else {
+                // Lines and texts, the label's among them.
+                EXPECT_TRUE(octets.contains("<svg") && octets.contains("Sommet") && octets.contains("<polyline"))
+                    << c.ecrit;
+            }
         }
         attendus.sort();
         EXPECT_EQ(QDir(banc.dossier.path()).entryList(QDir::Files, QDir::Name), attendus);

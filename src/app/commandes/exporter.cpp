@@ -1,8 +1,8 @@
-// The "Exporter" menu: the picture on screen with its labels into a PNG
-// file, and the full turn of the view drawn at once, every redraw the timers
-// would make (labels included), into an animated GIF or one numbered file per
-// redraw. The turn is drawn on a copy
-// of the session: the window's viewing values and picture stay as they are.
+// The "Exporter" menu: the picture on screen with its labels into a PNG,
+// SVG or PDF file, and the full turn of the view drawn at once, every redraw
+// the timers would make (labels included), into an animated GIF or one
+// numbered file per redraw. The SVG, PDF and turn are drawn on a copy of the
+// session: the window's viewing values and picture stay as they are.
 #include <QApplication>
 #include <QFileInfo>
 #include <QListWidget>
@@ -12,9 +12,11 @@
 #include "app/commandes/impression.h"
 #include "app/fenetre/mirado.h"
 #include "base/chemins.h"
+#include "base/ecriture.h"
 #include "base/texte_sur.h"
 #include "plot/demande.h"
 #include "plot/dessin_etiquettes.h"
+#include "plot/ecran.h"
 #include "qt/dessin_fichier.h"
 #include "qt/png_rapide.h"
 #include "qt/tour_anime.h"
@@ -29,6 +31,20 @@ namespace {
 std::string avecExtension(const QString& nom, const char* extension)
 {
     return (QFileInfo(nom).suffix().isEmpty() ? nom + QLatin1String(extension) : nom).toStdString();
+}
+
+// Every drawn curve again from its row, as the redraw of everything does,
+// then the labels where they stand over the drawing.
+Erreur redessineCourbes(Etat& e, Surface& surface)
+{
+    for (int i = 1; i <= int(e.courbes.lignes.size()); ++i) {
+        const int numero = int(e.courbes.lignes[std::size_t(i - 1)][colNumero]);
+        const ResultatTrace t = demandeTrace(e, surface, numero, OptionsTrace{i}, CrochetsTrace{});
+        if (t.erreur)
+            return t.erreur;
+    }
+    dessineEtiquettes(e.etiquettes, surface);
+    return {};
 }
 
 }  // namespace
@@ -55,18 +71,36 @@ void Mirado::mnuexpo_Click(int index)
     if (index == 0) {
         const auto nom =
             boites.fichierAEcrire(this, QStringLiteral("Image de l'écran"), dossier + QStringLiteral("ecran.png"),
-                                  QStringLiteral("Image PNG (*.png)"));
+                                  QStringLiteral("Image PNG (*.png);;Dessin SVG (*.svg);;Document PDF (*.pdf)"));
         if (!nom)
             return;
         const std::string chemin = avecExtension(*nom, ".png");
         if (surface_)
             surface_->Acheve();
-        Erreur erreur = formatSortie(chemin) != FormatSortie::Png
-                            ? Erreur("L'image de l'écran s'écrit en PNG : nommez-la " +
-                                     texteCite(QFileInfo(*nom).completeBaseName().toStdString() + ".png") + ".")
-                            : verifieSortie(chemin, {});
-        if (!erreur)
+        const FormatSortie format = formatSortie(chemin);
+        const bool permis = format == FormatSortie::Png || format == FormatSortie::Svg || format == FormatSortie::Pdf;
+        Erreur erreur = permis ? verifieSortie(chemin, {})
+                               : Erreur("L'image de l'écran s'écrit en PNG, SVG ou PDF : nommez-la par exemple " +
+                                        texteCite(QFileInfo(*nom).completeBaseName().toStdString() + ".png") + ".");
+        if (!erreur && format == FormatSortie::Png) {
             erreur = ecrisPngRapide(imageAvecEtiquettes(*this), chemin);
+        } else if (!erreur) {
+            // SVG and PDF keep lines and texts: the frame, every curve and
+            // the labels are drawn again on a copy of the session, at the
+            // size of the picture on screen.
+            Etat copie = etat;
+            EcritureEntiere fichier(chemin);
+            erreur = fichier.ouverture();
+            if (!erreur)
+                erreur = dessineDansFichier(fichier, format, int(image_.width() / ratio), int(image_.height() / ratio),
+                                            etat.fenetre.fichierCatalogue, [&copie](Surface& surface) {
+                                                effaceEcran(copie, surface);
+                                                traceRepere(copie, surface);
+                                                return redessineCourbes(copie, surface);
+                                            });
+            if (!erreur)
+                erreur = fichier.termine();
+        }
         if (erreur)
             boites.message(this, QString::fromStdString(erreur.message()));
         return;
@@ -96,22 +130,11 @@ void Mirado::mnuexpo_Click(int index)
     d.hauteurPx = int(image_.height() / ratio);
     d.titre = etat.fenetre.fichierCatalogue;
     d.lus = {cheminCatalogue().toStdString(), etat.fenetre.dossierCourbes + nomFichierMemoire(true)};
-    // Every drawn curve again, as the redraw of everything does, and the
-    // labels where they stand over the drawing. The turn starts from the
-    // window's own rotation state, as its timers would.
-    auto courbes = [](Etat& e, Surface& surface) -> Erreur {
-        for (int i = 1; i <= int(e.courbes.lignes.size()); ++i) {
-            const int numero = int(e.courbes.lignes[std::size_t(i - 1)][colNumero]);
-            const ResultatTrace t = demandeTrace(e, surface, numero, OptionsTrace{i}, CrochetsTrace{});
-            if (t.erreur)
-                return t.erreur;
-        }
-        dessineEtiquettes(e.etiquettes, surface);
-        return {};
-    };
+    // The turn starts from the window's own rotation state, as its timers
+    // would.
     Etat copie = etat;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const ResultatTour r = exporteTour(copie, rotation_, d, courbes);
+    const ResultatTour r = exporteTour(copie, rotation_, d, redessineCourbes);
     QApplication::restoreOverrideCursor();
     QString texte = r.erreur ? QString::fromStdString(r.erreur.message())
                              : QStringLiteral("Animation écrite : %1 images, %2.")
