@@ -6,11 +6,7 @@ namespace velorin {
 
 void dessineEtiquettes(const Etiquettes& etiquettes, Surface& surface)
 {
-    const double x0 = surface.CurrentX, y0 = surface.CurrentY;
-    const Couleur couleur0 = surface.ForeColor;
-    const std::string police0 = surface.FontName;
-    const double taille0 = surface.FontSize;
-    const bool gras0 = surface.FontBold, italique0 = surface.FontItalic, souligne0 = surface.FontUnderline;
+    const GardePlume garde(surface);
     for (std::size_t k = 1; k < etiquettes.lb.size(); ++k) {
         const Etiquette& e = etiquettes.lb[k];
         if (!e.visible || e.texte.empty())
@@ -35,14 +31,6 @@ void dessineEtiquettes(const Etiquettes& etiquettes, Surface& surface)
             debut = fin + 1;
         }
     }
-    surface.CurrentX = x0;
-    surface.CurrentY = y0;
-    surface.ForeColor = couleur0;
-    surface.FontName = police0;
-    surface.FontSize = taille0;
-    surface.FontBold = gras0;
-    surface.FontItalic = italique0;
-    surface.FontUnderline = souligne0;
 }
 
 }  // namespace velorin

@@ -4,26 +4,13 @@
 
 namespace velorin {
 
-TraceRepere::TraceRepere(Surface& s, Couleur couleur)
-    : surface(s), couleur_(couleur), x_(s.CurrentX), y_(s.CurrentY), encre_(s.ForeColor), largeur_(s.DrawWidth),
-      style_(s.DrawStyle), police_(s.FontName), taille_(s.FontSize)
+TraceRepere::TraceRepere(Surface& s, Couleur couleur) : surface(s), couleur_(couleur), garde_(s)
 {
     s.DrawWidth = 1;
     s.DrawStyle = 0;
     s.ForeColor = couleur;
     s.FontName = "Arial";
     s.FontSize = tailleTexteRepere(s.Width(), s.Height());
-}
-
-TraceRepere::~TraceRepere()
-{
-    surface.CurrentX = x_;
-    surface.CurrentY = y_;
-    surface.ForeColor = encre_;
-    surface.DrawWidth = largeur_;
-    surface.DrawStyle = style_;
-    surface.FontName = police_;
-    surface.FontSize = taille_;
 }
 
 bool TraceRepere::dedans(double x, double y) const

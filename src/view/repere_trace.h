@@ -17,7 +17,6 @@ public:
     // Sets a solid 1-pixel pen in `couleur` and the frame's font; the
     // destructor puts the surface's pen and font back as they were.
     TraceRepere(Surface& surface, Couleur couleur);
-    ~TraceRepere();
     TraceRepere(const TraceRepere&) = delete;
     TraceRepere& operator=(const TraceRepere&) = delete;
 
@@ -39,11 +38,7 @@ private:
     Couleur couleur_;
     std::vector<Cadre> occupes_;
     std::vector<Segment> traits_;  // lines drawn, for the texts to keep clear of
-    double x_, y_;
-    Couleur encre_;
-    int largeur_, style_;
-    std::string police_;
-    double taille_;
+    GardePlume garde_;             // the pen and font put back at the end
 };
 
 void traceReperePlan(const Parametres& p, const Vue& v, TraceRepere& t);

@@ -51,6 +51,42 @@ public:
     bool FontBold = false, FontItalic = false, FontUnderline = false;
 };
 
+// Keeps the pen and font state of a surface and puts it back when it ends,
+// so that a drawing step (the frame, the labels) leaves the surface's state
+// as it found it.
+class GardePlume {
+public:
+    explicit GardePlume(Surface& s)
+        : s_(s), x_(s.CurrentX), y_(s.CurrentY), encre_(s.ForeColor), largeur_(s.DrawWidth), style_(s.DrawStyle),
+          police_(s.FontName), taille_(s.FontSize), gras_(s.FontBold), italique_(s.FontItalic),
+          souligne_(s.FontUnderline)
+    { }
+    ~GardePlume()
+    {
+        s_.CurrentX = x_;
+        s_.CurrentY = y_;
+        s_.ForeColor = encre_;
+        s_.DrawWidth = largeur_;
+        s_.DrawStyle = style_;
+        s_.FontName = police_;
+        s_.FontSize = taille_;
+        s_.FontBold = gras_;
+        s_.FontItalic = italique_;
+        s_.FontUnderline = souligne_;
+    }
+    GardePlume(const GardePlume&) = delete;
+    GardePlume& operator=(const GardePlume&) = delete;
+
+private:
+    Surface& s_;
+    double x_, y_;
+    Couleur encre_;
+    int largeur_, style_;
+    std::string police_;
+    double taille_;
+    bool gras_, italique_, souligne_;
+};
+
 // The 16-colour console palette (QBColor 0..15).
 Couleur QBColor(int index);
 
