@@ -203,7 +203,7 @@ void renduTour(Etat& etat, const DemandeRendu& d, ResultatRendu& r)
     tour.largeurPx = d.largeurPx;
     tour.hauteurPx = d.hauteurPx;
     tour.titre = fs::path(d.catalogue).filename().string();
-    tour.lus = {d.catalogue, d.parametres};
+    tour.lus = {d.catalogue, d.parametres, d.figure};
     auto courbes = [&](Etat& e, Surface& surface) -> Erreur {
         for (std::size_t i = 0; i < lignes.size(); ++i) {
             if (lignes[i] < 1)
@@ -215,6 +215,7 @@ void renduTour(Etat& etat, const DemandeRendu& d, ResultatRendu& r)
                                          : "courbe tracée " + std::to_string(i + 1)) +
                        " : " + t.erreur.message();
         }
+        dessineEtiquettes(e.etiquettes, surface);  // a figure's labels stay where they stand
         return {};
     };
     const ResultatTour fait = exporteTour(etat, EtatRotation{}, tour, courbes);

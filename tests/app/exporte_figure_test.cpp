@@ -9,6 +9,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <set>
 #include <sstream>
 
 #include "base/texte_sur.h"
@@ -55,6 +57,27 @@ TEST_F(ExporteFigure, TheFigureOfWhatWasDrawnFollowsTheLayout)
     for (std::size_t i = 0; (i = fig.find("\r\n", i)) != std::string::npos; i += 2)
         ++crlf;
     EXPECT_EQ(crlf, l.size());
+}
+
+TEST_F(ExporteFigure, AFiguresTurnRedrawsItsCurvesAtEachTick)
+{
+    figureDesEntrees();
+    fs::create_directories(dossier_ / "e");
+    fs::create_directories(dossier_ / "f");
+    ASSERT_EQ(lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--entree", "2", "--taille",
+                     "640x400", "--tour", "oy-", "--sortie", chemin("e/t_%03d.txt")})
+                  .code,
+              0);
+    const essai::Sortie s = lance(
+        {"--figure", chemin("a.fig"), "--dossier", chemin(""), "--tour", "oy-", "--sortie", chemin("f/t_%03d.txt")});
+    ASSERT_EQ(s.code, 0) << s.erreurs;
+    std::set<std::string> noms;
+    for (const auto& e : fs::directory_iterator(dossier_ / "e"))
+        noms.insert(e.path().filename().string());
+    ASSERT_GT(noms.size(), 10U);
+    for (const std::string& n : noms)
+        EXPECT_EQ(contenu(("f/" + n).c_str()), contenu(("e/" + n).c_str())) << n;
+    EXPECT_EQ(std::distance(fs::directory_iterator(dossier_ / "f"), fs::directory_iterator{}), long(noms.size()));
 }
 
 TEST_F(ExporteFigure, AFigureDrawsWhatItsEntriesDrewThenItsLabels)
