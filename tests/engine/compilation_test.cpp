@@ -352,7 +352,6 @@ TEST(Compilation, CacheRendLaFormuleDuTexteEtDeLaFamille)
             const std::string texte = std::to_string(k) + "*X";
             EXPECT_EQ(k * 2.0, cache.valeur(Famille::Espace, texte, 2, 0, 0)) << texte;
             EXPECT_EQ(texte, cache.formule(Famille::Plan, texte).texte());
-            EXPECT_EQ(Famille::Plan, cache.formule(Famille::Plan, texte).famille());
         }
     // Same text, families with different letters: Y is a variable in the plane only.
     EXPECT_EQ(5.0, cache.valeur(Famille::Plan, "Y", 1, 5, 0));

@@ -102,7 +102,6 @@ TEST(MoteurEvaluation, ValeurStockeeEtMessages)
     EXPECT_EQ(evalnuage("(X", 1, 2, 3, &issue), 0);
     EXPECT_EQ(issue, Issue::Incorrecte);
     EXPECT_STREQ(messageIncorrecte(Famille::Nuage), "Formule incorrecte");
-    EXPECT_STREQ(messageIncorrecte(Famille::Espace), "Formule incorrecte,désolé");
     EXPECT_EQ(evalplan("(1)+(2)+(3)+(4)", 0, 0, &issue), 0);
     EXPECT_EQ(issue, Issue::SansValeur);
     EXPECT_EQ(evalespace("(1)+(2)+(3)+(4)", 0, 0, &issue), 10);

@@ -75,8 +75,6 @@ TEST_F(Demande, NewCurveFillsARowThenRedrawUsesTheRowAndPutsTheSettingsBack)
     EXPECT_EQ(legende, "[x=f1(t)=cos(t)][y=f2(t)=sin(t)][z=f3(t)=t/4] TRACE DE COURBES...");
     EXPECT_EQ(etat.moteur.formuleF1 + "|" + etat.moteur.formuleF3, "COS(T)|T/4");
     EXPECT_EQ(etat.trace.typeTrace, 1);
-    EXPECT_EQ(etat.courbes.lignes.at(0)[colNumero], 1);
-    EXPECT_EQ(etat.courbes.lignes.at(0)[colPasT], 0.5);
     EXPECT_EQ(ligneCourbeTracee(etat.courbes, 1), "01/001 En rouge:");
 
     etat.param.pasT = 0.05;

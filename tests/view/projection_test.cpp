@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
+#include <utility>
 
 #include "view/projection.h"
 
@@ -52,17 +54,11 @@ TEST(Projection, PlaneCalibration)
         v.W = 11600;
         v.H = 8800;
         ASSERT_TRUE(calibre(p, v, false));
-        EXPECT_EQ(v.echelleX, c.ex);
-        EXPECT_EQ(v.echelleY, c.ey);
-        double sx, sy;
-        ASSERT_TRUE(projette(p, v, false, 0, 0, 123, sx, sy));
-        EXPECT_EQ(sx, 5100);
-        EXPECT_EQ(sy, 4050);
-        EXPECT_EQ(v.origineEcranX, 5100);
-        EXPECT_EQ(v.origineEcranY, 4050);
+        double ox, oy, sx, sy;  // z plays no part in the plane
+        ASSERT_TRUE(projette(p, v, false, 0, 0, 123, ox, oy));
         ASSERT_TRUE(projette(p, v, false, 2, 1, 0, sx, sy));
-        EXPECT_EQ(sx, 5100 + 2 * c.ex);
-        EXPECT_EQ(sy, 4050 - c.ey);
+        EXPECT_EQ(std::tuple(v.echelleX, v.echelleY, ox, oy, v.origineEcranX, v.origineEcranY, sx, sy),
+                  std::tuple(c.ex, c.ey, 5100.0, 4050.0, 5100.0, 4050.0, 5100 + 2 * c.ex, 4050 - c.ey));
     }
 }
 
@@ -111,13 +107,12 @@ TEST(Projection, SpaceViewFromPlusX)
     EXPECT_NEAR(e.v.origineEcranY, cy, 1e-6);
     // (0,1,0) to the right, (0,0,1) above, (1,0,0) on the line of sight.
     // (The vertical reference point is single precision: 1e-3 twips.)
-    EXPECT_GT(e.v.imageUyX, cx + 100);
     EXPECT_NEAR(e.v.imageUyY, cy, 1e-3);
     EXPECT_NEAR(e.v.imageUzX, cx, 1e-3);
     EXPECT_LT(e.v.imageUzY, cy - 100);
     EXPECT_NEAR(e.v.imageUxX, cx, 1e-3);
     EXPECT_NEAR(e.v.imageUxY, cy, 1e-3);
-    // Central projection: the unit point at distance 10 is seen 1/10 away.
+    // Central projection: the unit point at distance 10 is seen 1/10 away (to the right).
     EXPECT_NEAR(e.v.imageUyX - cx, 0.1 * cx, 1e-3);
 }
 
@@ -152,8 +147,7 @@ TEST(Projection, PointsAbreastBehindAndAtTheViewer)
     // At the viewer: refused, nothing written.
     sx = sy = 7;
     EXPECT_FALSE(e.image(10, 0, 0, sx, sy));
-    EXPECT_EQ(sx, 7);
-    EXPECT_EQ(sy, 7);
+    EXPECT_EQ(std::pair(sx, sy), std::pair(7.0, 7.0));
 }
 
 TEST(Projection, NoNanComesOutOfAnAcceptedProjection)
@@ -184,7 +178,7 @@ TEST(Projection, ZeroDirectionKeepsThePreviousSetUp)
     prepareVue(e.p, false, e.v);  // plane mode: nothing at all
     for (auto m : {&Vue::centreVueX, &Vue::centreVueZ, &Vue::repereHY, &Vue::repereVX})
         EXPECT_EQ(e.v.*m, avant.*m);
-    EXPECT_EQ(e.v.repereVZ, avant.repereVZ);
+    EXPECT_EQ(e.v.repereVZ, avant.repereVZ);  // a float member
 }
 
 TEST(Projection, SinglePrecisionMembersStaySingle)
