@@ -5,9 +5,6 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include <fstream>
-#include <sstream>
-
 #include "app/dialogues/couleurs.h"
 #include "app/dialogues/licou.h"
 #include "banc_fenetre.h"
@@ -115,10 +112,8 @@ TEST(Couleurs, CancelOrNoChoiceChangesNothing)
 
 std::string lisTout(const QString& chemin)
 {
-    std::ifstream f(chemin.toStdString(), std::ios::binary);
-    std::ostringstream s;
-    s << f.rdbuf();
-    return s.str();
+    QFile f(chemin);
+    return f.open(QIODevice::ReadOnly) ? f.readAll().toStdString() : std::string("(absent)");
 }
 
 // The dialog opened from PARAMETRER "les Couleurs": the family swatch is
