@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <random>
 
-#include "outils_trace.h"
+#include "commun/commun.h"
 #include "plot/demande.h"
 
 namespace velorin {

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <random>
 
-#include "outils_trace.h"
+#include "commun/commun.h"
 #include "plot/demande.h"
 #include "plot/ecran.h"
 #include "plot/impression.h"

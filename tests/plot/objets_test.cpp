@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "outils_trace.h"
+#include "commun/commun.h"
 
 using namespace velorin;
 using namespace velorin::essai;

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "outils_trace.h"
+#include "commun/commun.h"
 #include "plot/point_trace.h"
 
 namespace velorin {

@@ -11,7 +11,7 @@
 #include <string>
 
 #include "catalogue/catalogue.h"
-#include "outils_trace.h"
+#include "commun/commun.h"
 #include "plot/demande.h"
 #include "settings/memoire.h"
 

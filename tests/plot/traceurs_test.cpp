@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "outils_trace.h"
+#include "commun/commun.h"
 #include "plot/traceurs.h"
 
 namespace velorin {
