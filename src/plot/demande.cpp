@@ -59,6 +59,29 @@ FinTrace lanceTraceur(Etat& etat, Surface& surface, const CrochetsTrace& crochet
     }
 }
 
+// The colour a "Cycle" sending gives one entry is that entry's own: the
+// colour in force comes back when its request ends.
+class CouleurPretee {
+public:
+    CouleurPretee() = default;
+    CouleurPretee(const CouleurPretee&) = delete;
+    CouleurPretee& operator=(const CouleurPretee&) = delete;
+    ~CouleurPretee()
+    {
+        if (cible_)
+            *cible_ = avant_;
+    }
+    void prete(Couleur& cible)
+    {
+        cible_ = &cible;
+        avant_ = cible;
+    }
+
+private:
+    Couleur* cible_ = nullptr;
+    Couleur avant_ = 0;
+};
+
 }  // namespace
 
 std::array<std::string, 3> champsEntree(int type, const std::string& texte)
@@ -114,10 +137,13 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
         numero = static_cast<int>(table.lignes[options.ligne - 1][colNumero]);
     }
 
-    // The entry: nothing is drawn for a number beyond the catalogue or a
-    // deleted record.
+    // The entry. A number beyond the catalogue draws nothing and says
+    // nothing (the catalogue in force may have fewer entries than the one a
+    // curve was drawn from).
     const Catalogue& cat = etat.catalogue;
-    if (numero < 1 || numero > cat.nbLignesCatalogue) {
+    if (numero > cat.nbLignesCatalogue)
+        return r;
+    if (numero < 1) {
         r.erreur = "L'entrée n° " + std::to_string(numero) + " n'existe pas dans le catalogue (" +
                    std::to_string(cat.nbLignesCatalogue) + " entrées) : rien n'est tracé.";
         return r;
@@ -128,32 +154,21 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
         return r;
     }
     const int type = entree.typeFonction;
-    if (type < 0 || sansBlancsAutour(entree.texte).empty()) {
-        r.erreur = "L'entrée n° " + std::to_string(numero) + " est effacée : rien n'est tracé.";
-        return r;
-    }
 
-    // Formula fields, cleaned, each with balanced brackets.
-    std::array<std::string, 3> champs = champsEntree(type, entree.texte);
-    for (std::string& champ : champs) {
-        champ = nettoieformule(champ, type);
-        if (!parenthesesequilibrees(champ)) {
-            r.erreur = "La formule " + texteSur(champ) + " est incorrecte, corrigez-la , svp";
-            return r;
-        }
-    }
-
-    // The row: a new curve takes the values in force, a redraw its own.
-    const LigneCourbe enVigueur = ligneDepuisParametres(etat, numero, type);
+    // The row, before the formulas are looked at: a curve whose formula
+    // fails is a drawn curve too, listed, and its message comes back at each
+    // redraw. A new curve takes the values in force; a redraw copies its
+    // row's values back into the parameters, and they stay in force.
+    CouleurPretee cycle;
     LigneCourbe valeurs;
     if (options.ligne == 0) {
-        valeurs = enVigueur;
+        valeurs = ligneDepuisParametres(etat, numero, type);
         // A family cycles its family colour, the colour it is drawn in.
         if (options.couleurs == ModeCouleurs::Cycle) {
             const bool famille = type == genreSurfaceParametree || type == genreSurfaceSpherique;
-            const ColonneCourbe colonne = famille ? colCouleurFamille : colCouleurTrace;
-            const Couleur enCours = famille ? etat.couleurs.couleurFamille : etat.couleurs.couleurTrace;
-            valeurs[colonne] = couleurCycle(etat.defaut, enCours, options.rang);
+            Couleur& enCours = famille ? etat.couleurs.couleurFamille : etat.couleurs.couleurTrace;
+            valeurs[famille ? colCouleurFamille : colCouleurTrace] = couleurCycle(etat.defaut, enCours, options.rang);
+            cycle.prete(enCours);
         }
         r.ligne = ajouteCourbe(table, valeurs);
         if (r.ligne == 0) {
@@ -166,6 +181,17 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
         r.ligne = options.ligne;
     }
     appliqueLigne(valeurs, etat);
+    etat.trace.typeTrace = type;
+
+    // Formula fields, cleaned, each with balanced brackets.
+    std::array<std::string, 3> champs = champsEntree(type, entree.texte);
+    for (std::string& champ : champs) {
+        champ = nettoieformule(champ, type);
+        if (!parenthesesequilibrees(champ)) {
+            r.erreur = "La formule " + texteSur(champ) + " est incorrecte, corrigez-la , svp";
+            return r;
+        }
+    }
 
     GlobalesMoteur& m = etat.moteur;
     m.formuleF1 = champs[0];
@@ -173,13 +199,11 @@ ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const Optio
     m.formuleF3 = champs[2];
     m.genreCourbe = type;
     m.erreurFormule.clear();
-    etat.trace.typeTrace = type;
     r.legende = legendeTrace(entree.texte);
     if (crochets.debut)
         crochets.debut(r.legende);
 
     const FinTrace fin = lanceTraceur(etat, surface, crochets);
-    appliqueLigne(enVigueur, etat);
     r.trace = true;
     r.interrompu = fin.interrompu;
     if (fin.erreur)

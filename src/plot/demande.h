@@ -28,7 +28,7 @@ struct OptionsTrace {
 struct ResultatTrace {
     bool trace = false;       // a tracer ran (completely or until interrupted)
     bool interrompu = false;  // the user stopped the tracing
-    int ligne = 0;            // row of the drawn-curves table drawn (0: none)
+    int ligne = 0;            // row of the drawn-curves table made or redrawn (0: none)
     Erreur erreur;            // what went wrong, the French message to show
     // The evaluator met brackets it cannot read ("Formule incorrecte"...):
     // the program shows the message and then ends.
@@ -38,11 +38,13 @@ struct ResultatTrace {
 };
 
 // Draws record `numero` of etat.catalogue (for a redraw, the record number
-// stored in the row is used and `numero` is not read). A new curve gets a new row only
-// when it passes the bracket test. Whatever happens, the drawing values and
-// colours in force are the same afterwards as before: a redraw borrows the
-// row's values for its tracing only, so that redrawing everything (zoom,
-// rotation, resize) never changes the settings the user chose.
+// stored in the row is used and `numero` is not read). A number beyond the
+// catalogue draws nothing and says nothing. Otherwise a new curve gets its
+// row (and so its line in the list of drawn curves) before its formulas are
+// tested, so that a curve whose formula fails is listed and its message comes
+// back at each redraw. A redraw copies the row's values (colours, ranges and
+// steps, flags) back into the parameters, and they stay in force afterwards;
+// only the colour a "Cycle" sending gives an entry is that entry's alone.
 ResultatTrace demandeTrace(Etat& etat, Surface& surface, int numero, const OptionsTrace& options,
                            const CrochetsTrace& crochets);
 

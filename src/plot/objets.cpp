@@ -212,10 +212,11 @@ public:
 
     void croix(const Vecteur3& p)
     {
-        // The point step draws a tangent on a marked point; a point has none:
-        // both ends are put on one place, which draws nothing.
-        etat_.trace.tangenteX1 = etat_.trace.tangenteX2;
-        etat_.trace.tangenteY1 = etat_.trace.tangenteY2;
+        // The point step draws a tangent on a marked point; a point has
+        // none: both ends go on the image of (0, 0), as for every tracer
+        // that computes no tangent.
+        etat_.trace.tangenteX1 = etat_.trace.tangenteX2 = etat_.vue.origineEcranX;
+        etat_.trace.tangenteY1 = etat_.trace.tangenteY2 = etat_.vue.origineEcranY;
         etat_.trace.nbVisiblesSuite = 0;
         if (!point(p, 1) || etat_.trace.pointVisible != 1)
             return;

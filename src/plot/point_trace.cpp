@@ -45,10 +45,10 @@ void traceMarques(Etat& etat, Surface& surface)
     EtatTrace& t = etat.trace;
     const Parametres& p = etat.param;
     const SchemaCouleurs& c = etat.couleurs;
-    // A tracer that computes no tangent leaves both ends on the same point:
-    // a segment of no length is not issued.
-    if (t.tangenteX1 != t.tangenteX2 || t.tangenteY1 != t.tangenteY2)
-        surface.Line(t.tangenteX1, t.tangenteY1, t.tangenteX2, t.tangenteY2, c.couleurTangente);
+    // The tangent is issued with whatever ends are stored: a tracer that
+    // computes none leaves both on the image of (0, 0), and that segment of
+    // no length is drawn like any other.
+    surface.Line(t.tangenteX1, t.tangenteY1, t.tangenteX2, t.tangenteY2, c.couleurTangente);
     if (etat.moteur.genreCourbe == genreCourbeSpherique && p.avecRayon)
         surface.Line(etat.vue.origineEcranX, etat.vue.origineEcranY, t.ecranX, t.ecranY, c.couleurRayon);
     const double x = etat.moteur.pointX, y = etat.moteur.pointY, z = etat.moteur.pointZ;

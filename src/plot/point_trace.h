@@ -13,8 +13,8 @@ inline constexpr Couleur couleurProjectionXOy = 0xFF0000;
 inline constexpr double rayonPiedProjection = 20;
 
 // Draws the point (etat.trace.ecranX, ecranY) in `couleur`. marque is 1 on
-// every tenth point of a curve: the tangent, radius and projection marks are
-// drawn only then. In continuous mode the point is joined to the previous
+// every tenth point of a curve: the tangent (from the stored ends, whatever
+// they are), radius and projection marks are drawn only then. In continuous mode the point is joined to the previous
 // visible one unless the pen is up or the jump is too long; a point outside
 // the drawing area (or not finite) is not drawn and lifts the pen.
 void tracePoint(Etat& etat, Surface& surface, int marque, Couleur couleur, const CrochetsTrace& crochets);

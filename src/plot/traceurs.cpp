@@ -46,9 +46,12 @@ template <typename T> struct Boucle {
     }
 };
 
-// Why the walk of `nom` gives no point, in words: no number that is not
-// finite ever reaches the message. `compte` names the count the step comes
-// from ("nbrCalX"), if any, with its value.
+// Why the walk of `nom` cannot be traced, in words, or nothing when it is
+// merely empty: a bound beyond its partner, a zero step, a step of the wrong
+// sign, or a count `compte` ("nbrCalX") that is 0 or negative draws nothing
+// and says nothing. What is said is a walk that could never end or be
+// counted: a bound, step or count that is not finite, or a step too small to
+// move the variable. No number that is not finite ever reaches the message.
 template <typename T>
 std::string messageBoucle(const char* nom, const Boucle<T>& b, const char* compte, double valeurCompte)
 {
@@ -57,39 +60,41 @@ std::string messageBoucle(const char* nom, const Boucle<T>& b, const char* compt
     if (!std::isfinite(b.debut) || !std::isfinite(b.fin))
         return debut + " n'a pas des bornes finies" + rien;
     const std::string bornes = " (de " + texteCourt(b.debut) + " à " + texteCourt(b.fin);
-    if (compte && (!std::isfinite(b.pas) || b.pas == 0)) {
-        if (!std::isfinite(valeurCompte))
-            return debut + bornes + ") ne donne aucun point car le nombre de calculs " + compte +
-                   " n'est pas un nombre fini" + rien;
-        if (std::fabs(valeurCompte) < 1)
-            return debut + bornes + ") ne donne aucun point car le nombre de calculs " + compte + " est inférieur à 1" +
-                   rien;
-    }
+    if (compte && !std::isfinite(valeurCompte))
+        return debut + bornes + ") ne donne aucun point car le nombre de calculs " + compte +
+               " n'est pas un nombre fini" + rien;
+    if (compte && valeurCompte <= 0)
+        return {};
     if (!std::isfinite(b.pas))
         return debut + bornes + ") ne donne aucun point car le pas n'est pas un nombre fini" + rien;
-    if (b.pas == 0)
-        return debut + bornes + ") ne donne aucun point car le pas est nul" + rien;
-    if (b.debut + b.pas == b.debut)
+    if (b.pas != 0 && b.debut + b.pas == b.debut)
         return debut + bornes + ") ne donne aucun point car le pas de " + texteCourt(b.pas) +
                " est trop petit pour faire avancer " + nom + rien;
-    return debut + bornes + " par pas de " + texteCourt(b.pas) + ") ne donne aucun point" + rien;
+    return {};
 }
 
-// Why a walk cannot be traced (no point, or more than maxPointsTrace points
-// for the whole tracing); success when it can.
+// Whether the walk can be traced: false when it gives no point or more than
+// maxPointsTrace points for the whole tracing, with `fin.erreur` saying why
+// (or empty, for an empty walk).
 template <typename T>
-Erreur refus(const char* nom, const Boucle<T>& b, double points, const char* compte = nullptr, double valeurCompte = 0)
+bool traceable(FinTrace& fin, const char* nom, const Boucle<T>& b, double points, const char* compte = nullptr,
+               double valeurCompte = 0)
 {
-    if (b.nombre() == 0)
-        return messageBoucle(nom, b, compte, valeurCompte);
+    if (b.nombre() == 0) {
+        if (std::string message = messageBoucle(nom, b, compte, valeurCompte); !message.empty())
+            fin.erreur = std::move(message);
+        return false;
+    }
     if (points > maxPointsTrace) {
         // Whole numbers in full: no exponent, no "inf" for a count too large to say.
         const std::string maximum = std::to_string(static_cast<long long>(maxPointsTrace));
-        return points < 1e15 ? "Trop de points à calculer (" + std::to_string(static_cast<long long>(points)) +
-                                   ") : au plus " + maximum + " par tracé. Augmentez le pas."
-                             : "Trop de points à calculer (plus de " + maximum + " par tracé). Augmentez le pas.";
+        fin.erreur = points < 1e15 ? "Trop de points à calculer (" + std::to_string(static_cast<long long>(points)) +
+                                         ") : au plus " + maximum + " par tracé. Augmentez le pas."
+                                   : "Trop de points à calculer (plus de " + maximum +
+                                         " par tracé). Augmentez le pas.";
+        return false;
     }
-    return {};
+    return true;
 }
 
 // Bookkeeping of one tracing: counts the points, stops at a formula error
@@ -142,19 +147,18 @@ public:
 
     // The evaluated point (pointX, pointY, pointZ) of a parametric or family
     // tracer: projected, then drawn only when admitted. A point that cannot
-    // be projected or is refused lifts the pen, so that a curve leaving the
-    // frame and coming back is not joined across the gap.
+    // be projected or is refused is simply not drawn: the pen stays as it
+    // is, so the next admitted point is joined to the last one drawn (only
+    // the point step lifts the pen, at points outside the drawing area and
+    // at long jumps).
     void poseEvalue(Couleur couleur)
     {
         ++compteur;
         const GlobalesMoteur& m = etat.moteur;
         double sx, sy;
-        if (!projette(etat.param, etat.vue, etat.fenetre.modeEspace, m.pointX, m.pointY, m.pointZ, sx, sy) ||
-            !pointAdmis(etat, sx, sy, m.pointX, m.pointY, m.pointZ)) {
-            etat.trace.nbVisiblesSuite = 0;
-            return;
-        }
-        pose(sx, sy, couleur);
+        if (projette(etat.param, etat.vue, etat.fenetre.modeEspace, m.pointX, m.pointY, m.pointZ, sx, sy) &&
+            pointAdmis(etat, sx, sy, m.pointX, m.pointY, m.pointZ))
+            pose(sx, sy, couleur);
     }
 
     Etat& etat;
@@ -204,8 +208,8 @@ FinTrace traceCourbeT(Etat& etat, Surface& surface, const CrochetsTrace& crochet
 {
     const Parametres& p = etat.param;
     const Boucle<double> bt{p.tmin, p.tmax, p.pasT};
-    if (Erreur r = refus("t", bt, bt.nombre()))
-        return {false, r};
+    if (FinTrace refus; !traceable(refus, "t", bt, bt.nombre()))
+        return refus;
     Tracage tr(etat, surface, crochets);
     bt.parcourt([&](double t) {
         evalue(etat.moteur, t, etat.fenetre.modeEspace);
@@ -238,11 +242,8 @@ FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochet
     const Boucle<float> ba{float(p.amin), float(p.amax), float(p.pasA)};
     const int ordre = p.ordreBoucles & 3;
     const double points = bt.nombre() * ba.nombre() * (ordre >= 2 ? 2 : 1);
-    Erreur r = refus("t", bt, 0);
-    if (!r)
-        r = refus("a", ba, points);
-    if (r)
-        return {false, r};
+    if (FinTrace refus; !traceable(refus, "t", bt, 0) || !traceable(refus, "a", ba, points))
+        return refus;
 
     Tracage tr(etat, surface, crochets);
     int moirure = 0;
@@ -325,8 +326,8 @@ FinTrace traceExplicite(Etat& etat, Surface& surface, const CrochetsTrace& croch
     t.demiTangente = std::sqrt((p.xmax - p.xmin) * (p.xmax - p.xmin) + (p.ymax - p.ymin) * (p.ymax - p.ymin)) / 8;
     t.pasX = (p.xmax - p.xmin) / p.nbrCalX;
     const Boucle<double> bx{p.xmin, p.xmax, t.pasX};
-    if (Erreur r = refus("x", bx, bx.nombre(), "nbrCalX", p.nbrCalX))
-        return {false, r};
+    if (FinTrace refus; !traceable(refus, "x", bx, bx.nombre(), "nbrCalX", p.nbrCalX))
+        return refus;
 
     Tracage tr(etat, surface, crochets);
     bx.parcourt([&](double x) {
@@ -335,12 +336,12 @@ FinTrace traceExplicite(Etat& etat, Surface& surface, const CrochetsTrace& croch
         pointcourbe(m, x);
         if (!tr.continuer())
             return false;
+        // A point that cannot be placed or (in space) is refused is not
+        // drawn and leaves the pen as it is.
         double sx, sy;
-        const bool image = imageExplicite(etat, x, m.pointY, sx, sy);
-        if (!image || (etat.fenetre.modeEspace && !pointAdmis(etat, sx, sy, x, m.pointY, 0))) {
-            t.nbVisiblesSuite = 0;
+        if (!imageExplicite(etat, x, m.pointY, sx, sy) ||
+            (etat.fenetre.modeEspace && !pointAdmis(etat, sx, sy, x, m.pointY, 0)))
             return true;
-        }
         t.ecranX = sx;
         t.ecranY = sy;
         if (tr.compteur == 10 && p.avecSegmentTangent)

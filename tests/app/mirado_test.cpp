@@ -201,6 +201,30 @@ TEST(Mirado, CrochetsIllisiblesTerminentLeProgrammeApresLeMessage)
     }
 }
 
+// Each failing request of a multiple sending or of a redraw shows its own
+// message when it fails (not one gathered at the end), and a curve whose
+// formula fails is listed among the drawn curves.
+TEST(Mirado, FormulesFaussesUnMessageParDemandeEtListees)
+{
+    Banc banc;
+    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 0);
+    {
+        Catalogue cat;
+        ASSERT_FALSE(ouvrirCatalogue(cat, banc.chemin(QStringLiteral("Espace_courbes/Lisurf.lsu")).toStdString()));
+        for (const char* x : {"SIN(T", "COS(T"})
+            ASSERT_FALSE(ecrisLigne(cat, cat.nbLignesCatalogue + 1,
+                                    LigneCatalogue{1, std::string("x=f1(t)=") + x + "][y=f2(t)=T][z=f3(t)=T"}));
+    }
+    Mirado& m = banc.demarre();
+    m.envoieSelection({1, 2}, ModeCouleurs::Unique);
+    const QStringList deux{QStringLiteral("La formule SIN(T est incorrecte, corrigez-la , svp"),
+                           QStringLiteral("La formule COS(T est incorrecte, corrigez-la , svp")};
+    EXPECT_EQ(banc.messages, deux) << banc.messages.join('|').toStdString();
+    EXPECT_EQ(articles(m, "mnutra").size(), 3u);
+    m.Command3_Click();
+    EXPECT_EQ(banc.messages, deux + deux) << banc.messages.join('|').toStdString();
+}
+
 TEST(Mirado, BasculeEspacePlan)
 {
     Banc banc;

@@ -160,7 +160,6 @@ int Mirado::seance(const std::vector<Requete>& requetes)
     echap_ = false;
     qApp->installEventFilter(this);
     depuisPause_.start();
-    QStringList messages;
     int traces = 0;
     bool formuleIncorrecte = false;
     for (const Requete& q : requetes) {
@@ -173,8 +172,6 @@ int Mirado::seance(const std::vector<Requete>& requetes)
         const ResultatTrace r = demandeTrace(etat, *surface_, q.numero, q.options, crochets());
         Timer4->stop();
         Timer4_Timer();
-        if (r.erreur)
-            messages << QString::fromStdString(r.erreur.message());
         formuleIncorrecte = r.formuleIncorrecte;
         if (r.trace) {
             ++traces;
@@ -182,13 +179,21 @@ int Mirado::seance(const std::vector<Requete>& requetes)
         }
         if (q.options.ligne == 0 && r.ligne > 0)
             ajoute_mnutra();
+        // A failing request says so at once, before the next one is drawn;
+        // the box gets its keys (Escape closes it, it does not stop the
+        // sending).
+        if (r.erreur) {
+            montreProgres();
+            qApp->removeEventFilter(this);
+            boites.message(this, QString::fromStdString(r.erreur.message()));
+            qApp->installEventFilter(this);
+            depuisPause_.restart();
+        }
         echap_ = echap_ || r.interrompu;
     }
     qApp->removeEventFilter(this);
     traceEnCours_ = false;
     montreProgres();
-    if (!messages.isEmpty())
-        boites.message(this, messages.join(QLatin1Char('\n')));
     if (formuleIncorrecte && boites.fin) {
         // A formula whose brackets the evaluator cannot read ends the
         // program once its message has been read, as it always did.
