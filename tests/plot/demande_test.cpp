@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <random>
 
 #include "commun/commun.h"
 #include "plot/demande.h"
@@ -11,15 +9,13 @@ namespace velorin {
 namespace {
 
 using namespace essai;
-namespace fs = std::filesystem;
 
 // A space state on a catalogue of four entries in a temporary folder.
 class Demande : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        fs::create_directories(dossier);
-        ASSERT_FALSE(ouvrirCatalogue(etat.catalogue, (dossier / "essai.lsu").string()));
+        ASSERT_FALSE(ouvrirCatalogue(etat.catalogue, dossier / "essai.lsu"));
         for (const LigneCatalogue& e :
              {LigneCatalogue{1, "x=f1(t)=cos(t)][y=f2(t)=sin(t)][z=f3(t)=t/4"},
               LigneCatalogue{1, "x=f1(t)=sin(t][y=f2(t)=t][z=f3(t)=0"},
@@ -27,14 +23,21 @@ protected:
             ASSERT_FALSE(ecrisLigne(etat.catalogue, etat.catalogue.nbLignesCatalogue + 1, e));
         etat.param.tmin = 0, etat.param.tmax = 6.28, etat.param.pasT = 0.5;
     }
-    void TearDown() override { fs::remove_all(dossier); }
 
-    fs::path dossier = fs::temp_directory_path() / ("velorin_dem_" + std::to_string(std::random_device{}()));
+    DossierTemporaire dossier;
+    std::vector<std::string> lignes() const
+    {
+        std::vector<std::string> l;
+        for (int i = 1; i <= etat.courbes.nbCourbes; ++i)
+            l.push_back(ligneCourbeTracee(etat.courbes, i));
+        return l;
+    }
+
     Etat etat = etatCalibre(true);
     SurfaceEnregistreuse s;
 };
 
-TEST_F(Demande, RefusedRequestsDrawNothingAndAddNoRow)
+TEST_F(Demande, DemandeRefuseeNeTraceRienNiNAjouteDeLigne)
 {
     struct Cas {
         int numero;
@@ -53,7 +56,6 @@ TEST_F(Demande, RefusedRequestsDrawNothingAndAddNoRow)
     crochets.debut = [&](const std::string&) { ++debuts; };
     for (const Cas& c : cas) {
         const ResultatTrace r = demandeTrace(etat, s, c.numero, OptionsTrace{c.ligne}, crochets);
-        EXPECT_TRUE(r.erreur);
         EXPECT_EQ(r.erreur.message(), c.message);
         EXPECT_FALSE(r.trace || r.ligne);
     }
@@ -62,7 +64,7 @@ TEST_F(Demande, RefusedRequestsDrawNothingAndAddNoRow)
     EXPECT_EQ(etat.courbes.nbCourbes, 0);
 }
 
-TEST_F(Demande, NewCurveFillsARowThenRedrawUsesTheRowAndPutsTheSettingsBack)
+TEST_F(Demande, NouvelleCourbeRemplitUneLigneQueLeRetraceReprend)
 {
     etat.couleurs.couleurTrace = 0xFF;
     std::string legende;
@@ -87,23 +89,20 @@ TEST_F(Demande, NewCurveFillsARowThenRedrawUsesTheRowAndPutsTheSettingsBack)
     EXPECT_EQ(etat.couleurs.couleurTrace, 0xFF00u);
 }
 
-TEST_F(Demande, CycleSendingGivesEachEntryItsColour)
+TEST_F(Demande, EnvoiEnCycleDonneSaCouleurAChaqueEntree)
 {
     etat.couleurs.couleurTrace = 0xFFFF;  // yellow in force
     for (int rang = 0; rang < 3; ++rang)
         demandeTrace(etat, s, rang == 1 ? 3 : 1, OptionsTrace{0, ModeCouleurs::Cycle, rang}, {});
     demandeTrace(etat, s, 1, {}, {});
-    std::vector<std::string> lignes;
-    for (int i = 1; i <= etat.courbes.nbCourbes; ++i)
-        lignes.push_back(ligneCourbeTracee(etat.courbes, i));
-    EXPECT_EQ(lignes, (std::vector<std::string>{
+    EXPECT_EQ(lignes(), (std::vector<std::string>{
                           "01/001 En jaune:", "03/002 En rouge:", "01/003 En vert:", "01/004 En jaune:"}));
 }
 
 // A family is drawn in the family colour: that is the colour listed, and the
 // one a "Cycle" sending changes; moiré and the two-colour trellis list
 // several colours.
-TEST_F(Demande, FamiliesAreListedInTheColourTheyAreDrawnIn)
+TEST_F(Demande, FamillesListeesDansLaCouleurDuDessin)
 {
     ASSERT_FALSE(
         ecrisLigne(etat.catalogue, 5, LigneCatalogue{2, "x=f1(a,t)=a*cos(t)][y=f2(a,t)=a*sin(t)][z=f3(a,t)=a"}));
@@ -143,7 +142,7 @@ TEST_F(Demande, FamiliesAreListedInTheColourTheyAreDrawnIn)
     EXPECT_EQ(etat.couleurs.couleurFamille, 0xFF00u);  // the cycle changed only the row
 }
 
-TEST(DemandeTextes, FieldsColourNamesAndCaptions)
+TEST(DemandeTextes, ChampsNomsDeCouleurEtLegendes)
 {
     using C = std::array<std::string, 3>;
     struct Champs {
@@ -158,20 +157,15 @@ TEST(DemandeTextes, FieldsColourNamesAndCaptions)
                             Champs{14, "x^2 < y < 4 ", C{"x^2", "y", "4"}}, Champs{11, "a<b", C{"a", "b", ""}}})
         EXPECT_EQ(champsEntree(c.type, c.texte), c.champs) << c.texte;
 
-    struct Nom {
-        Couleur c;
-        const char* nom;
-    };
-    for (Nom n :
-         {Nom{0, "En noir:"}, Nom{0xFF, "En rouge:"}, Nom{0xFF00, "En vert:"}, Nom{0xFF0000, "En bleu:"},
-          Nom{0xFFFF, "En jaune:"}, Nom{0xFFFFFF, "En blanc:"}, Nom{0xFF00FF, "En panaché"}, Nom{0xFE, "En panaché"}})
-        EXPECT_EQ(nomCouleur(n.c), n.nom);
-
+    for (auto [c, nom] : {std::pair<Couleur, const char*>{0, "En noir:"}, {0xFF, "En rouge:"}, {0xFF00, "En vert:"},
+                          {0xFF0000, "En bleu:"}, {0xFFFF, "En jaune:"}, {0xFFFFFF, "En blanc:"},
+                          {0xFF00FF, "En panaché"}, {0xFE, "En panaché"}})
+        EXPECT_EQ(nomCouleur(c), nom);
     for (auto [dixiemes, attendu] : {std::pair{0, "L__00.00"}, {7, "L__07.00"}, {1234, "L__1234.00"}})
         EXPECT_EQ(legendeFinTrace("L", dixiemes), attendu);
 }
 
-TEST(TableCourbes, RowCarriesEveryDrawingValue)
+TEST(TableCourbes, LaLignePorteChaqueValeurDuDessin)
 {
     Etat source;
     Parametres& p = source.param;
