@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 #include "commun/commun.h"
@@ -18,7 +19,7 @@ void pose(Etat& etat, SurfaceEnregistreuse& s, double x, double y, int marque = 
     tracePoint(etat, s, marque, 0xABCDEF, crochets);
 }
 
-TEST(PointTrace, JoinsOnlyConsecutiveVisiblePointsWithinHalfTheArea)
+TEST(PointTrace, ReliesSeulementPointsVisiblesConsecutifsAMoinsDeLaMoitie)
 {
     auto fin = [](const OperationDessin& op) {
         return op.genre == Genre::Ligne ? std::make_pair(op.x2, op.y2) : std::make_pair(op.x1, op.y1);
@@ -60,7 +61,7 @@ TEST(PointTrace, JoinsOnlyConsecutiveVisiblePointsWithinHalfTheArea)
     }
 }
 
-TEST(PointTrace, MarksOfATenthPoint)
+TEST(PointTrace, MarquesDUnDixiemePoint)
 {
     struct Cas {
         const char* nom;
@@ -90,13 +91,13 @@ TEST(PointTrace, MarksOfATenthPoint)
         pose(etat, s, c.x, 5000, c.marque);
         const auto rayons = duGenre(s, Genre::Ligne, etat.couleurs.couleurRayon);
         EXPECT_EQ(rayons.size(), c.rayons) << c.nom;
-        for (const auto& r : rayons)
+        for (const auto& r : rayons)  // from the origin
             EXPECT_EQ(std::make_pair(r.x1, r.y1), std::make_pair(etat.vue.origineEcranX, etat.vue.origineEcranY));
         EXPECT_EQ(duGenre(s, Genre::Ligne, etat.couleurs.couleurTangente).size(), c.tangentes) << c.nom;
-        std::size_t pointilles = 0;
-        for (const auto& op : duGenre(s, Genre::Ligne))
-            pointilles += op.style == 2;
-        EXPECT_EQ(pointilles, c.projections) << c.nom;
+        const auto traits = duGenre(s, Genre::Ligne);
+        EXPECT_EQ(std::count_if(traits.begin(), traits.end(), [](const auto& op) { return op.style == 2; }),
+                  long(c.projections))
+            << c.nom;
         EXPECT_EQ(duGenre(s, Genre::Cercle).size(), c.projections) << c.nom;
         // The xOy foot (2, 3, 0): a blue solid circle of radius 20 whatever the scheme.
         const auto pieds = duGenre(s, Genre::Cercle, 0xFF0000);
@@ -109,7 +110,7 @@ TEST(PointTrace, MarksOfATenthPoint)
     }
 }
 
-TEST(PointTrace, PausesOnlyWhenActiveAndAtLeastOneMillisecond)
+TEST(PointTrace, PauseSeulementActiveEtDUneMillisecondeAuMoins)
 {
     struct Cas {
         bool active;
@@ -130,7 +131,7 @@ TEST(PointTrace, PausesOnlyWhenActiveAndAtLeastOneMillisecond)
     }
 }
 
-TEST(PointTrace, AdmittedPoints)
+TEST(PointTrace, PointsAdmis)
 {
     struct Cas {
         bool espace;
@@ -141,18 +142,13 @@ TEST(PointTrace, AdmittedPoints)
     };
     const Cas cas[] = {
         // Plane: the surface position within 0..W-1400 by 0..H-800.
-        {false, -10, 10, 13960, 10720, 99, 99, 99, true},
-        {false, -10, 10, 13961, 100, 0, 0, 0, false},
-        {false, -10, 10, 0, -0.5, 0, 0, 0, false},
-        {false, -10, 10, nan, 100, 0, 0, 0, false},
+        {false, -10, 10, 13960, 10720, 99, 99, 99, true}, {false, -10, 10, 13961, 100, 0, 0, 0, false},
+        {false, -10, 10, 0, -0.5, 0, 0, 0, false},         {false, -10, 10, nan, 100, 0, 0, 0, false},
         // Space: every coordinate within its range.
-        {true, -10, 10, -1e6, -1e6, 10, -10, 0, true},
-        {true, -10, 10, 0, 0, 10.001, 0, 0, false},
-        {true, -10, 10, 0, 0, 0, -10.5, 0, false},
-        {true, -10, 10, 0, 0, 0, 0, 1e9, false},
+        {true, -10, 10, -1e6, -1e6, 10, -10, 0, true},     {true, -10, 10, 0, 0, 10.001, 0, 0, false},
+        {true, -10, 10, 0, 0, 0, -10.5, 0, false},          {true, -10, 10, 0, 0, 0, 0, 1e9, false},
         {true, 5, -5, 0, 0, 0, 0, -4, true},  // reversed z range
-        {true, 5, -5, 0, 0, 0, 0, 6, false},
-        {true, -10, 10, 0, 0, nan, 0, 0, false},
+        {true, 5, -5, 0, 0, 0, 0, 6, false},                {true, -10, 10, 0, 0, nan, 0, 0, false},
     };
     for (const Cas& c : cas) {
         Etat etat = etatCalibre(c.espace);

@@ -2,27 +2,25 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <functional>
-#include <random>
+
+#include "commun/commun.h"
 
 namespace velorin {
 namespace {
 
-namespace fs = std::filesystem;
+using namespace essai;
 
 class PointsMemoire : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        fs::create_directories(dossier);
-        ASSERT_FALSE(ouvrirCatalogue(cat, (dossier / "points.lsu").string()));
+        ASSERT_FALSE(ouvrirCatalogue(cat, dossier / "points.lsu"));
         const LigneCatalogue depart[] = {
             {1, "x=f1(t)=t"}, {9, "Point:[(1,2,3)]"}, {8, "Segment:[(0,0,0)][(1,1,1)]"}, {9, "Point:[(0,1)]"}};
         for (const LigneCatalogue& l : depart)
             ASSERT_FALSE(ecrisLigne(cat, cat.nbLignesCatalogue + 1, l));
     }
-    void TearDown() override { fs::remove_all(dossier); }
     std::string texte(NumeroLigne n)
     {
         LigneCatalogue l;
@@ -30,11 +28,11 @@ protected:
         l.texte.erase(l.texte.find_last_not_of(' ') + 1);
         return std::to_string(l.typeFonction) + " " + l.texte;
     }
-    fs::path dossier = fs::temp_directory_path() / ("velorin_pts_" + std::to_string(std::random_device{}()));
+    DossierTemporaire dossier;
     Catalogue cat;
 };
 
-TEST_F(PointsMemoire, ListsOnlyThePointsWithTheirCatalogueLines)
+TEST_F(PointsMemoire, ListeSeulementLesPointsAvecLeurLigne)
 {
     std::vector<PointMemoire> points;
     ASSERT_FALSE(chargePoints(cat, points));
@@ -45,7 +43,7 @@ TEST_F(PointsMemoire, ListsOnlyThePointsWithTheirCatalogueLines)
     EXPECT_EQ(points[1].texte, "Point:[(0,1)]" + std::string(287, ' '));
 
     Catalogue sansPoints;
-    ASSERT_FALSE(ouvrirCatalogue(sansPoints, (dossier / "vide.lsu").string()));
+    ASSERT_FALSE(ouvrirCatalogue(sansPoints, dossier / "vide.lsu"));
     ASSERT_FALSE(ecrisLigne(sansPoints, 1, LigneCatalogue{19, "Point:[(1,2,3)]"}));
     ASSERT_FALSE(chargePoints(sansPoints, points));
     EXPECT_TRUE(points.empty());
@@ -53,7 +51,7 @@ TEST_F(PointsMemoire, ListsOnlyThePointsWithTheirCatalogueLines)
 
 // Points typed one after the other on the catalogue of the fixture (a
 // function, a point (1,2,3) at 2, a segment, a point (0,1) at 4).
-TEST_F(PointsMemoire, CreationNormalisesAndNeverStoresTwice)
+TEST_F(PointsMemoire, CreationNormaliseEtNEnregistreJamaisDeuxFois)
 {
     const std::string longues = "(" + std::string(300, '7') + ")";
     struct Cas {
@@ -81,7 +79,7 @@ TEST_F(PointsMemoire, CreationNormalisesAndNeverStoresTwice)
     EXPECT_EQ(cat.nbLignesCatalogue, 8);
 }
 
-TEST_F(PointsMemoire, LinkingAppendsASegmentOfTheTwoCoordinateTexts)
+TEST_F(PointsMemoire, RelierAjouteUnSegmentDesDeuxTextes)
 {
     struct Cas {
         NumeroLigne a, b;
@@ -111,7 +109,7 @@ TEST_F(PointsMemoire, LinkingAppendsASegmentOfTheTwoCoordinateTexts)
 
 // The command line refuses what a record would cut, and writes nothing;
 // empty coordinates are refused everywhere.
-TEST_F(PointsMemoire, TooLongOrEmptyTexts)
+TEST_F(PointsMemoire, TextesTropLongsOuVides)
 {
     using Pas = std::function<Erreur(Enregistrement&)>;
     const std::string c1 = "(" + std::string(150, '1') + ")", c2 = "(" + std::string(150, '2') + ")";
