@@ -97,11 +97,14 @@ TEST(Catalogue, EchecsEnFrancaisSansRienChanger)
     ASSERT_FALSE(ouvrirCatalogue(cat, bon));
     ASSERT_FALSE(ecrisLigne(cat, 1, LigneCatalogue{1, "x=t"}));
     const std::string avant = lisFichier(bon);
-    const auto absent = ouvrirCatalogue(cat, d / "absent/x.lsu");
-    ASSERT_TRUE(absent);
-    EXPECT_NE(absent.message().find("n'existe pas et ne peut pas être créé : son dossier"), std::string::npos)
-        << absent.message();
-    EXPECT_EQ(cat.chemin, bon);  // the catalogue in force is kept
+    ASSERT_EQ(mkfifo((d / "tube.lsu").c_str(), 0600), 0);
+    for (auto [chemin, attendu] : {std::pair{d / "absent/x.lsu", "n'existe pas et ne peut pas être créé : son dossier"},
+                                   {d / "tube.lsu", "est un tube nommé (FIFO)"}}) {  // never waited on
+        const auto erreur = ouvrirCatalogue(cat, chemin);
+        ASSERT_TRUE(erreur) << chemin;
+        EXPECT_NE(erreur.message().find(attendu), std::string::npos) << erreur.message();
+        EXPECT_EQ(cat.chemin, bon);  // the catalogue in force is kept
+    }
     LigneCatalogue ligne;
     for (int n : {0, 2})
         EXPECT_TRUE(lisLigne(cat, n, ligne)) << n;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <functional>
 
 #include "base/ecriture.h"
@@ -126,6 +128,13 @@ TEST(Reduction, RefusEtEchecsLaissentLesDeuxFichiers)
          },
          {},
          "est un dossier"},
+        {"compaction file is a named pipe",  // refused, never waited on
+         [](const std::string& libi) {
+             fs::remove(libi);
+             ASSERT_EQ(mkfifo(libi.c_str(), 0600), 0);
+         },
+         {},
+         "est un tube nommé"},
     };
     for (const Cas& c : cas) {
         DossierTemporaire d;

@@ -39,24 +39,16 @@ protected:
 
 TEST_F(Demande, DemandeRefuseeNeTraceRienNiNAjouteDeLigne)
 {
-    struct Cas {
-        int numero;
-        int ligne;
-        const char* message;
-    };
-    const Cas cas[] = {
-        {0, 0, "L'entrée n° 0 n'existe pas dans le catalogue (4 entrées) : rien n'est tracé."},
-        {5, 0, "L'entrée n° 5 n'existe pas dans le catalogue (4 entrées) : rien n'est tracé."},
-        {2, 0, "La formule SIN(T est incorrecte, corrigez-la , svp"},
-        {4, 0, "L'entrée n° 4 est effacée : rien n'est tracé."},
-        {1, 1, "La courbe tracée n° 1 n'existe pas."},
-    };
     int debuts = 0;
     CrochetsTrace crochets;
     crochets.debut = [&](const std::string&) { ++debuts; };
-    for (const Cas& c : cas) {
-        const ResultatTrace r = demandeTrace(etat, s, c.numero, OptionsTrace{c.ligne}, crochets);
-        EXPECT_EQ(r.erreur.message(), c.message);
+    for (auto [numero, ligne, message] :
+         {std::tuple{0, 0, "L'entrée n° 0 n'existe pas dans le catalogue (4 entrées) : rien n'est tracé."},
+          {5, 0, "L'entrée n° 5 n'existe pas dans le catalogue (4 entrées) : rien n'est tracé."},
+          {2, 0, "La formule SIN(T est incorrecte, corrigez-la , svp"},
+          {4, 0, "L'entrée n° 4 est effacée : rien n'est tracé."}, {1, 1, "La courbe tracée n° 1 n'existe pas."}}) {
+        const ResultatTrace r = demandeTrace(etat, s, numero, OptionsTrace{ligne}, crochets);
+        EXPECT_EQ(r.erreur.message(), message);
         EXPECT_FALSE(r.trace || r.ligne);
     }
     EXPECT_EQ(debuts, 0);
@@ -72,8 +64,7 @@ TEST_F(Demande, NouvelleCourbeRemplitUneLigneQueLeRetraceReprend)
     crochets.debut = [&](const std::string& l) { legende = l; };
     const ResultatTrace r = demandeTrace(etat, s, 1, {}, crochets);
     ASSERT_FALSE(r.erreur) << r.erreur.message();
-    EXPECT_TRUE(r.trace);
-    EXPECT_EQ(r.ligne, 1);
+    EXPECT_TRUE(r.trace && r.ligne == 1);
     EXPECT_EQ(legende, "[x=f1(t)=cos(t)][y=f2(t)=sin(t)][z=f3(t)=t/4] TRACE DE COURBES...");
     EXPECT_EQ(etat.moteur.formuleF1 + "|" + etat.moteur.formuleF3, "COS(T)|T/4");
     EXPECT_EQ(etat.trace.typeTrace, 1);
@@ -109,35 +100,25 @@ TEST_F(Demande, FamillesListeesDansLaCouleurDuDessin)
     etat.param.amin = 0, etat.param.amax = 1, etat.param.pasA = 0.5;
     etat.couleurs.couleurTrace = 0xFF;      // red
     etat.couleurs.couleurFamille = 0xFF00;  // green
-    struct Cas {
-        int numero;
-        int ordre;
-        bool moirure;
-        OptionsTrace options;
-        const char* ligne;
-        Couleur couleurDessin;  // colour of the first line drawn
-    };
-    const Cas cas[] = {
-        {1, 0, false, {}, "01/001 En rouge:", 0xFF},
-        {5, 0, false, {}, "02/002 En vert:", 0xFF00},
-        {5, 1, true, {}, "02/003 En panaché", 0x800000},  // QBColor(1)
-        {5, 3, false, {}, "02/004 En panaché", 0xFF},
-        {5, 0, false, OptionsTrace{0, ModeCouleurs::Cycle, 1}, "02/005 En rouge:", 0xFF},
-    };
-    for (const Cas& c : cas) {
-        etat.param.ordreBoucles = std::uint8_t(c.ordre);
-        etat.param.avecMoirure = c.moirure;
+    const OptionsTrace cycle{0, ModeCouleurs::Cycle, 1};
+    // Entry, loop order, moiré, options, row listed, colour of the first line or point drawn.
+    for (auto [numero, ordre, moirure, options, ligne, couleur] :
+         {std::tuple{1, 0, false, OptionsTrace{}, "01/001 En rouge:", 0xFFu},
+          {5, 0, false, OptionsTrace{}, "02/002 En vert:", 0xFF00u},
+          {5, 1, true, OptionsTrace{}, "02/003 En panaché", 0x800000u},  // QBColor(1)
+          {5, 3, false, OptionsTrace{}, "02/004 En panaché", 0xFFu}, {5, 0, false, cycle, "02/005 En rouge:", 0xFFu}}) {
+        etat.param.ordreBoucles = std::uint8_t(ordre);
+        etat.param.avecMoirure = moirure;
         SurfaceEnregistreuse dessin;
-        const ResultatTrace r = demandeTrace(etat, dessin, c.numero, c.options, {});
+        const ResultatTrace r = demandeTrace(etat, dessin, numero, options, {});
         ASSERT_FALSE(r.erreur) << r.erreur.message();
-        EXPECT_EQ(ligneCourbeTracee(etat.courbes, r.ligne), c.ligne);
-        // The colour of the first line or point of the curve.
+        EXPECT_EQ(ligneCourbeTracee(etat.courbes, r.ligne), ligne);
         const auto& ops = dessin.operations();
         const auto premier = std::find_if(ops.begin(), ops.end(), [](const OperationDessin& o) {
             return o.genre == Genre::Ligne || o.genre == Genre::Point;
         });
-        ASSERT_NE(premier, ops.end()) << c.ligne;
-        EXPECT_EQ(premier->couleur, c.couleurDessin) << c.ligne;
+        ASSERT_NE(premier, ops.end()) << ligne;
+        EXPECT_EQ(premier->couleur, couleur) << ligne;
     }
     EXPECT_EQ(etat.couleurs.couleurFamille, 0xFF00u);  // the cycle changed only the row
 }
@@ -145,18 +126,13 @@ TEST_F(Demande, FamillesListeesDansLaCouleurDuDessin)
 TEST(DemandeTextes, ChampsNomsDeCouleurEtLegendes)
 {
     using C = std::array<std::string, 3>;
-    struct Champs {
-        int type;
-        const char* texte;
-        C champs;
-    };
-    for (const Champs& c : {Champs{0, "y = f(x)=x^2      ", C{"y = f(x)=x^2", "", ""}},
-                            Champs{2, "x=a][ y=t ][z=a+t][w=1", C{"x=a", "y=t", "z=a+t"}},
-                            Champs{5, "D(M,u):[(1,2,3)][(0,1,0)]  ", C{"(1,2,3)", "(0,1,0)", ""}},
-                            Champs{7, "Plan:[2x + 3y - z = 1]", C{"2x + 3y - z = 1", "", ""}},
-                            Champs{14, "x^2 < y < 4 ", C{"x^2", "y", "4"}}, Champs{11, "a<b", C{"a", "b", ""}}})
-        EXPECT_EQ(champsEntree(c.type, c.texte), c.champs) << c.texte;
-
+    for (auto [type, texte, champs] :
+         {std::tuple{0, "y = f(x)=x^2      ", C{"y = f(x)=x^2", "", ""}},
+          {2, "x=a][ y=t ][z=a+t][w=1", C{"x=a", "y=t", "z=a+t"}},
+          {5, "D(M,u):[(1,2,3)][(0,1,0)]  ", C{"(1,2,3)", "(0,1,0)", ""}},
+          {7, "Plan:[2x + 3y - z = 1]", C{"2x + 3y - z = 1", "", ""}}, {14, "x^2 < y < 4 ", C{"x^2", "y", "4"}},
+          {11, "a<b", C{"a", "b", ""}}})
+        EXPECT_EQ(champsEntree(type, texte), champs) << texte;
     for (auto [c, nom] : {std::pair<Couleur, const char*>{0, "En noir:"}, {0xFF, "En rouge:"}, {0xFF00, "En vert:"},
                           {0xFF0000, "En bleu:"}, {0xFFFF, "En jaune:"}, {0xFFFFFF, "En blanc:"},
                           {0xFF00FF, "En panaché"}, {0xFE, "En panaché"}})

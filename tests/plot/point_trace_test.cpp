@@ -112,22 +112,17 @@ TEST(PointTrace, MarquesDUnDixiemePoint)
 
 TEST(PointTrace, PauseSeulementActiveEtDUneMillisecondeAuMoins)
 {
-    struct Cas {
-        bool active;
-        std::int16_t ms;
-        int appels;
-    };
-    for (Cas c : {Cas{true, 30, 2}, Cas{true, 1, 2}, Cas{true, 0, 0}, Cas{false, 30, 0}}) {
+    for (auto [active, attente, attendus] : {std::tuple{true, 30, 2}, {true, 1, 2}, {true, 0, 0}, {false, 30, 0}}) {
         Etat etat = etatCalibre(false);
-        etat.fenetre.pauseActive = c.active;
-        etat.param.pauseMs = c.ms;
+        etat.fenetre.pauseActive = active;
+        etat.param.pauseMs = std::int16_t(attente);
         int appels = 0;
         CrochetsTrace crochets;
-        crochets.pause = [&](int ms) { appels += ms == c.ms; };
+        crochets.pause = [&, attente = attente](int ms) { appels += ms == attente; };
         SurfaceEnregistreuse s;
         pose(etat, s, 100, 500, 0, crochets);
         pose(etat, s, -100, 500, 0, crochets);  // visible or not, the point waits
-        EXPECT_EQ(appels, c.appels) << c.active << " " << c.ms;
+        EXPECT_EQ(appels, attendus) << active << " " << attente;
     }
 }
 
