@@ -18,8 +18,7 @@ TEST(Cp1252, ConversionDansLesDeuxSensEtOctetsIntraduisibles)
     struct Cas {
         std::string utf8, octets;
         bool allerRetour;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {"é è à ç ù ô", "\xE9 \xE8 \xE0 \xE7 \xF9 \xF4", true},
         {"€ œ Ÿ … ’\u00a0\u00ff", "\x80 \x9C \x9F \x85 \x92\xA0\xFF", true},
         {"\u0081\u009d", "\x81\x9D", true},  // unassigned bytes survive
@@ -46,8 +45,7 @@ TEST(Catalogue, EnregistrementsRelusAvecLeurDispositionAuOctetPres)
     struct Cas {
         std::int16_t type;
         std::string texte, relu, octets;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {14, "Égalité ‰", "Égalité ‰" + std::string(291, ' '), std::string("\x0E\x00", 2) + "\xC9galit\xE9 \x89 "},
         {258, std::string(305, 'x'), std::string(300, 'x'), "\x02\x01xx"},
         {-2, accents, accents.substr(0, 600), "\xFE\xFF\xE9\xE9"},
@@ -141,8 +139,7 @@ TEST(Catalogue, TailleCompteeSur64BitsEtLimitee)
         const char* nom;
         std::uintmax_t octets;
         const char* refus;  // the count in the refusal, none when accepted
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {"cent_mille.lsu", 100000u * 302, nullptr},
         {"limite.lsu", std::uintmax_t(limiteLignesCatalogue) * 302 + 301, nullptr},
         {"limite_plus_un.lsu", std::uintmax_t(limiteLignesCatalogue + 1) * 302, "250 001"},

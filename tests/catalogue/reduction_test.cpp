@@ -48,8 +48,7 @@ TEST(Reduction, GardeLesGenresPositifsDansLOrdreParDessusLeFichierRestant)
         std::vector<NumeroLigne> effacees;
         std::vector<Fiche> libi;  // the compaction file left over (none when empty)
         std::vector<Fiche> attendu;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {"records 2 and 4 of five", cinq, {2, 4}, {}, {cinq[0], cinq[2], cinq[4]}},
         {"nothing selected", cinq, {}, {}, cinq},
         {"kind 0 dropped, deleted or not",
@@ -116,8 +115,7 @@ TEST(Reduction, RefusEtEchecsLaissentLesDeuxFichiers)
         std::function<void(const std::string& libi)> prepare;
         std::vector<NumeroLigne> effacees;
         const char* message;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {"record out of range", [](auto&) {}, {2, 6}, "La ligne 6 n'existe pas dans le catalogue"},
         {"record 0", [](auto&) {}, {0}, "La ligne 0 n'existe pas"},
         {"disk full", [](auto&) { simuleDisquePlein(400); }, {}, "le disque est plein"},

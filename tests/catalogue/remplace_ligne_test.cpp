@@ -23,11 +23,11 @@ std::string catalogue(int nb, int reste)
 
 TEST(RemplaceLigne, MemesOctetsQuEnPlace)
 {
+    const LigneCatalogue nouvelle{9, "Point:[(1,2,3)]"};
     struct Cas {
-        int nb, reste;
+        int nb, reste;  // records, then bytes of a partial one
         NumeroLigne n;
     };
-    const LigneCatalogue nouvelle{9, "Point:[(1,2,3)]"};
     for (const Cas& c : {Cas{0, 0, 1}, Cas{3, 0, 1}, Cas{3, 0, 2}, Cas{3, 0, 3}, Cas{3, 0, 4}, Cas{3, 301, 2},
                          Cas{3, 301, 4}, Cas{2, 1, 3}}) {
         DossierTemporaire d;
@@ -47,29 +47,21 @@ TEST(RemplaceLigne, MemesOctetsQuEnPlace)
 TEST(RemplaceLigne, UnEchecNeChangeRien)
 {
     const std::string depart = catalogue(3, 100);
-    struct Cas {
-        NumeroLigne n;
-        long long disque;  // bytes before the simulated full disk, -1: none
-        const char* message;
-    };
-    const Cas cas[] = {
-        {0, -1, "La ligne 0 ne peut pas être écrite"},
-        {5, -1, "La ligne 5 ne peut pas être écrite"},
-        {-2, -1, "La ligne -2 ne peut pas être écrite"},
-        {2, 500, "le disque est plein"},
-    };
-    for (const Cas& c : cas) {
+    // Record, bytes before the simulated full disk (-1: none), message.
+    for (auto [n, disque, message] :
+         {std::tuple{0, -1LL, "La ligne 0 ne peut pas être écrite"}, {5, -1LL, "La ligne 5 ne peut pas être écrite"},
+          {-2, -1LL, "La ligne -2 ne peut pas être écrite"}, {2, 500LL, "le disque est plein"}}) {
         DossierTemporaire d;
         ecrisFichier(d / "essai.lsu", depart);
         Catalogue cat;
         ASSERT_FALSE(ouvrirCatalogue(cat, d / "essai.lsu"));
-        simuleDisquePlein(c.disque);
-        const Erreur erreur = remplaceLigne(cat, c.n, {9, "Point:[(1,2,3)]"});
+        simuleDisquePlein(disque);
+        const Erreur erreur = remplaceLigne(cat, n, {9, "Point:[(1,2,3)]"});
         simuleDisquePlein(-1);
-        EXPECT_TRUE(erreur) << c.n;
+        EXPECT_TRUE(erreur) << n;
         EXPECT_NE(erreur.message().find("essai.lsu"), std::string::npos) << erreur.message();
-        EXPECT_NE(erreur.message().find(c.message), std::string::npos) << erreur.message();
-        EXPECT_EQ(lisFichier(d / "essai.lsu"), depart) << c.n;
+        EXPECT_NE(erreur.message().find(message), std::string::npos) << erreur.message();
+        EXPECT_EQ(lisFichier(d / "essai.lsu"), depart) << n;
         EXPECT_EQ(cat.nbLignesCatalogue, 3);
         EXPECT_EQ(d.noms(), std::vector<std::string>{"essai.lsu"});  // nothing left beside the catalogue
     }

@@ -92,7 +92,7 @@ TEST(Etiquettes, CompactageApresEffacement)
             EXPECT_TRUE(e.lb[i].visible);
         }
     }
-    EXPECT_EQ(bulleEtiquette(quelques(3), 2), "Label n° 2/3__b");
+    EXPECT_EQ(bulleEtiquette(quelques(3), 3), "Label n° 3/3__c");  // the last label too
 }
 
 }  // namespace

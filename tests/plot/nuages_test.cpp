@@ -43,8 +43,7 @@ TEST(Nuages, PointsDuQuadrillage)
         const char *g, *f, *h;
         double nx, ny, nz;
         std::size_t n;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {14, "-1", "X", "1", 20, 4, 20, 5},         // x = 0 only (grid step 1), for each of the 5 values of y
         {14, "0", "X^2+Y^2", "26", 20, 20, 20, 80},  // x^2 + y^2 <= 25, less the origin (0 < f)
         {15, "-1", "X+Y+Z", "1", 2, 2, 2, 7},       // {-10, 0, 10}^3: the origin and the 6 orders of (-10, 0, 10)

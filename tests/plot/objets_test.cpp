@@ -45,8 +45,7 @@ TEST(ObjetsLecture, CoordonneesLuesOuRefusees)
         const char* texte;
         bool espace;
         std::vector<double> attendu;  // empty: refused
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {"(1,-2P,3)", true, {1, -2 * pi, 3}}, {"(P/2,1E-3,-3P/4)", true, {pi / 2, 0.001, -3 * pi / 4}},
         {"(1/4,+2,P)", true, {0.25, 2, pi}},  {"1.5,-2,0.25", true, {1.5, -2, 0.25}},
         {"(1,2,3)]", true, {1, 2, 3}},        {"(1,2)", false, {1, 2, 0}},
@@ -68,8 +67,7 @@ TEST(ObjetsLecture, EquationsLuesOuRefusees)
     struct Cas {
         const char* texte;
         std::vector<double> attendu;  // normal and constant; empty: refused
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {"2x+3y-z+1=0", {2, 3, -1, 1}}, {"-x+0.5y=2", {-1, 0.5, 0, -2}},  {"z=3", {0, 0, 1, -3}},
         {"y=2x+1", {-2, 1, 0, -1}},     {"2*X-Y+x=1E-3", {3, -1, 0, -0.001}}, {"1E-1x=P", {0.1, 0, 0, -pi}},
         {"P/2y+3=z", {0, pi / 2, -1, 3}}, {"x+y+2z", {1, 1, 2, 0}},      {"0x+0y=4", {0, 0, 0, -4}},
@@ -93,8 +91,7 @@ TEST(ObjetsTrace, MessagesEtRienDessine)
         int genre;
         const char *f1, *f2, *f3;
         std::string debut;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {true, 5, "(1,2,3)", "(0,0,0)", "", nul},
         {false, 5, "(1,2)", "(0,0,5)", "", nul},  // z does not count in the plane
         {true, 6, "(0,0,0)", "(1,2,3)", "(0,0,0)", nul},
@@ -131,8 +128,7 @@ TEST(ObjetsTrace, DroiteCoupeeAuCadreOuALaBoite)
         int genre;
         const char *f1, *f2;
         Vecteur3 a, b;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {false, 5, "(0,0)", "(1,0)", {-10, 0, 0}, {10, 0, 0}},
         {false, 5, "(2,3)", "(0,-4)", {2, -10, 0}, {2, 10, 0}},
         {false, 5, "(0,0)", "(1,2)", {-5, -10, 0}, {5, 10, 0}},
@@ -205,27 +201,6 @@ TEST(ObjetsTrace, SegmentEtPoint)
     }
     EXPECT_EQ(branches, 2);
     EXPECT_EQ(duGenre(p.surface, Genre::Cercle).size(), 1u);  // the foot of the projection onto Ox
-}
-
-// Texts made of the characters a user may type: every kind reads them
-// without crashing, and either draws or explains in a message.
-TEST(ObjetsTrace, TextesAuHasard)
-{
-    const std::string alphabet = "0123456789.,()+-*/=PEXYZxyz] ";
-    unsigned graine = 12345;
-    auto hasard = [&](unsigned n) { return ((graine = graine * 1103515245u + 12345u) >> 16) % n; };
-    auto texte = [&] {
-        std::string t = hasard(2) ? "(" : "";
-        for (unsigned i = 0, n = hasard(14); i < n; ++i)
-            t += alphabet[hasard(alphabet.size())];
-        return t;
-    };
-    for (int essai = 0; essai < 1500; ++essai) {
-        Scene s(essai % 2 == 0);
-        const std::string message = s.trace(5 + essai % 5, texte(), texte(), texte());
-        if (!message.empty())
-            EXPECT_TRUE(s.surface.operations().empty()) << message;
-    }
 }
 
 }  // namespace

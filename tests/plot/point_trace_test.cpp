@@ -70,8 +70,7 @@ TEST(PointTrace, MarquesDUnDixiemePoint)
         double x;
         int genre, rayon;
         std::size_t rayons, projections, tangentes;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {"space, every mark", true, 1, 5000, 3, 1, 1, 3, 1},
         {"not a tenth point", true, 0, 5000, 3, 1, 0, 0, 0},
         {"invisible point", true, 1, -50, 3, 1, 0, 0, 0},
@@ -134,8 +133,7 @@ TEST(PointTrace, PointsAdmis)
         double zmax;
         double sx, sy, x, y, z;
         bool admis;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         // Plane: the surface position within 0..W-1400 by 0..H-800.
         {false, -10, 10, 13960, 10720, 99, 99, 99, true}, {false, -10, 10, 13961, 100, 0, 0, 0, false},
         {false, -10, 10, 0, -0.5, 0, 0, 0, false},         {false, -10, 10, nan, 100, 0, 0, 0, false},

@@ -207,9 +207,13 @@ TEST(RobustesseFichiers, FichiersDeParametresMutesLusFinisOuRefuses)
             continue;
         }
         ++lus;
-        // What was read is finite with flags of 0 or 1: written again, it reads back to the same text.
+        // What was read is finite (written again, it reads back to the same text), its boxes 0 or 1.
+        for (int c : {p.repereOrthonorme, p.traceContinu, p.projXOy, p.projXOz, p.projYOz, p.projOx, p.projOy, p.projOz,
+                      p.axesVisibles, p.avecRayon, p.fondBlanc, p.avecSegmentTangent})
+            ASSERT_TRUE(c == 0 || c == 1);
         Parametres relu;
         const std::string texte = texteMemoire(p);
+        ASSERT_EQ(texte.find_first_of("iInN"), std::string::npos) << texte;  // no inf, no nan
         ASSERT_FALSE(analyseMemoire(texte, "relu", relu)) << texte;
         ASSERT_EQ(texteMemoire(relu), texte);
     }

@@ -129,8 +129,7 @@ TEST(Traceurs, IntervallesRefusesNeTracentRienEtDisentPourquoi)
         int genre;
         double debut, fin, pas;
         const char* message;  // empty: 5 points drawn
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {1, 0, 1, 0, "(de 0 à 1) ne donne aucun point car le pas est nul"},
         {1, 0, 1, -0.1, "(de 0 à 1 par pas de -0.1) ne donne aucun point"},
         {1, nan, 1, 0.1, "L'intervalle de t n'a pas des bornes finies"},
