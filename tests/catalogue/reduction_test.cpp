@@ -4,19 +4,15 @@
 
 #include <sys/stat.h>
 
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
-#include <random>
-#include <utility>
 
 #include "base/ecriture.h"
+#include "commun/commun.h"
 
 namespace velorin {
 namespace {
 
-namespace fs = std::filesystem;
+using namespace essai;
 
 // A record as the tests write and read it: its kind and its text, trimmed.
 using Fiche = std::pair<int, std::string>;
@@ -29,42 +25,22 @@ std::string octetsDe(const std::vector<Fiche>& fiches)
     return octets;
 }
 
-std::string contenu(const std::string& chemin)
-{
-    std::ifstream f(chemin, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), {}};
-}
-
 std::vector<Fiche> fiches(const std::string& chemin)
 {
-    const std::string octets = contenu(chemin);
+    const std::string octets = lisFichier(chemin);
     std::vector<Fiche> resultat;
     for (std::size_t p = 0; p + tailleEnregistrement <= octets.size(); p += tailleEnregistrement) {
-        const auto genre = static_cast<std::int16_t>(static_cast<unsigned char>(octets[p]) |
-                                                     (static_cast<unsigned char>(octets[p + 1]) << 8));
         std::string texte = octets.substr(p + 2, longueurTexte);
         texte.erase(texte.find_last_not_of(' ') + 1);
-        resultat.emplace_back(genre, texte);
+        resultat.emplace_back(std::int16_t(std::uint8_t(octets[p]) | (std::uint8_t(octets[p + 1]) << 8)), texte);
     }
     return resultat;
 }
 
-class Reduction : public ::testing::Test {
-protected:
-    void SetUp() override { fs::create_directories(dossier); }
-    void TearDown() override
-    {
-        simuleDisquePlein(-1);
-        fs::remove_all(dossier);
-    }
-    std::string chemin(const char* nom) const { return (dossier / nom).string(); }
-    fs::path dossier = fs::temp_directory_path() / ("velorin_red_" + std::to_string(std::random_device{}()));
-};
-
 const std::vector<Fiche> cinq = {
     {1, "x=f1(t)=t"}, {2, "x=f1(a,t)=a"}, {3, "R=f1(t)=2"}, {5, "D(M,u):[(0,0,0)][(1,0,0)]"}, {9, "Point:[(1,2,3)]"}};
 
-TEST_F(Reduction, KeepsTheKindsAboveZeroInOrderOverTheLeftOverFile)
+TEST(Reduction, GardeLesGenresPositifsDansLOrdreParDessusLeFichierRestant)
 {
     struct Cas {
         const char* nom;
@@ -72,8 +48,7 @@ TEST_F(Reduction, KeepsTheKindsAboveZeroInOrderOverTheLeftOverFile)
         std::vector<NumeroLigne> effacees;
         std::vector<Fiche> libi;  // the compaction file left over (none when empty)
         std::vector<Fiche> attendu;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {"records 2 and 4 of five", cinq, {2, 4}, {}, {cinq[0], cinq[2], cinq[4]}},
         {"nothing selected", cinq, {}, {}, cinq},
         {"kind 0 dropped, deleted or not",
@@ -91,12 +66,11 @@ TEST_F(Reduction, KeepsTheKindsAboveZeroInOrderOverTheLeftOverFile)
         {"empty catalogue", {}, {}, {}, {}},
     };
     for (const Cas& c : cas) {
-        const std::string lsu = chemin("essai.lsu"), libi = chemin("LIBI.lcs");
-        ASSERT_FALSE(ecrisFichierEntier(lsu, octetsDe(c.catalogue)));
-        fs::remove(libi);
-        if (!c.libi.empty()) {
-            ASSERT_FALSE(ecrisFichierEntier(libi, octetsDe(c.libi)));
-        }
+        DossierTemporaire d;
+        const std::string lsu = d / "essai.lsu", libi = d / "LIBI.lcs";
+        ecrisFichier(lsu, octetsDe(c.catalogue));
+        if (!c.libi.empty())
+            ecrisFichier(libi, octetsDe(c.libi));
         Catalogue cat;
         ASSERT_FALSE(ouvrirCatalogue(cat, lsu));
         BilanReduction bilan;
@@ -105,57 +79,55 @@ TEST_F(Reduction, KeepsTheKindsAboveZeroInOrderOverTheLeftOverFile)
         EXPECT_EQ(fiches(lsu), c.attendu) << c.nom;
         EXPECT_EQ(cat.nbLignesCatalogue, NumeroLigne(c.attendu.size())) << c.nom;
         EXPECT_EQ(bilan.restantes, NumeroLigne(c.attendu.size())) << c.nom;
-        EXPECT_FALSE(fs::exists(libi)) << c.nom;  // it became the catalogue
+        EXPECT_EQ(d.noms(), std::vector<std::string>{"essai.lsu"}) << c.nom;  // the left-over became the catalogue
     }
 }
 
-TEST_F(Reduction, CopiesTheKeptRecordsByteForByteAndDropsAPartialOne)
+TEST(Reduction, CopieLesEnregistrementsGardesAuOctetPresSansLePartiel)
 {
-    const std::string lsu = chemin("octets.lsu");
+    DossierTemporaire d;
     // Bytes no text conversion would give back, and a trailing partial record.
     const std::string brut = std::string("\x0E\x01", 2) + std::string("\x81\x9D\x00z", 4) + std::string(296, '\xA0');
-    ASSERT_FALSE(ecrisFichierEntier(lsu, octetsDe({{0, ""}}) + brut + std::string(100, 'p')));
+    ecrisFichier(d / "octets.lsu", octetsDe({{0, ""}}) + brut + std::string(100, 'p'));
     Catalogue cat;
-    ASSERT_FALSE(ouvrirCatalogue(cat, lsu));
+    ASSERT_FALSE(ouvrirCatalogue(cat, d / "octets.lsu"));
     ASSERT_FALSE(reduction(cat));
-    EXPECT_EQ(contenu(lsu), brut);
+    EXPECT_EQ(lisFichier(d / "octets.lsu"), brut);
 }
 
 // A catalogue that is itself named "LIBI.lcs" compacts alone: it is neither
 // its own left-over nor removed afterwards.
-TEST_F(Reduction, CatalogueNamedLikeTheCompactionFile)
+TEST(Reduction, CatalogueNommeCommeLeFichierDeCompactage)
 {
-    const std::string libi = chemin("LIBI.lcs");
-    ASSERT_FALSE(ecrisFichierEntier(libi, octetsDe(cinq)));
+    DossierTemporaire d;
+    ecrisFichier(d / "LIBI.lcs", octetsDe(cinq));
     Catalogue cat;
-    ASSERT_FALSE(ouvrirCatalogue(cat, libi));
+    ASSERT_FALSE(ouvrirCatalogue(cat, d / "LIBI.lcs"));
     ASSERT_FALSE(reduction(cat, {1, 2, 3}));
-    EXPECT_EQ(fiches(libi), (std::vector<Fiche>{cinq[3], cinq[4]}));
+    EXPECT_EQ(fiches(d / "LIBI.lcs"), (std::vector<Fiche>{cinq[3], cinq[4]}));
 }
 
-TEST_F(Reduction, RefusalsAndFailuresLeaveBothFilesAsTheyWere)
+TEST(Reduction, RefusEtEchecsLaissentLesDeuxFichiers)
 {
-    const std::string lsu = chemin("refus.lsu"), libi = chemin("LIBI.lcs");
     const std::string restes = octetsDe({{7, "L1"}, {7, "L2"}, {7, "L3"}, {7, "L4"}});
     struct Cas {
         const char* nom;
-        std::function<void()> prepare;
+        std::function<void(const std::string& libi)> prepare;
         std::vector<NumeroLigne> effacees;
         const char* message;
-    };
-    const Cas cas[] = {
-        {"record out of range", [] {}, {2, 6}, "La ligne 6 n'existe pas dans le catalogue"},
-        {"record 0", [] {}, {0}, "La ligne 0 n'existe pas"},
-        {"disk full", [] { simuleDisquePlein(400); }, {}, "le disque est plein"},
+    } const cas[] = {
+        {"record out of range", [](auto&) {}, {2, 6}, "La ligne 6 n'existe pas dans le catalogue"},
+        {"record 0", [](auto&) {}, {0}, "La ligne 0 n'existe pas"},
+        {"disk full", [](auto&) { simuleDisquePlein(400); }, {}, "le disque est plein"},
         {"compaction file is a folder",
-         [&] {
+         [](const std::string& libi) {
              fs::remove(libi);
              fs::create_directory(libi);
          },
          {},
          "est un dossier"},
-        {"compaction file is a named pipe",
-         [&] {
+        {"compaction file is a named pipe",  // refused, never waited on
+         [](const std::string& libi) {
              fs::remove(libi);
              ASSERT_EQ(mkfifo(libi.c_str(), 0600), 0);
          },
@@ -163,10 +135,11 @@ TEST_F(Reduction, RefusalsAndFailuresLeaveBothFilesAsTheyWere)
          "est un tube nommé"},
     };
     for (const Cas& c : cas) {
-        fs::remove_all(libi);
-        ASSERT_FALSE(ecrisFichierEntier(lsu, octetsDe(cinq)));
-        ASSERT_FALSE(ecrisFichierEntier(libi, restes));
-        c.prepare();
+        DossierTemporaire d;
+        const std::string lsu = d / "refus.lsu", libi = d / "LIBI.lcs";
+        ecrisFichier(lsu, octetsDe(cinq));
+        ecrisFichier(libi, restes);
+        c.prepare(libi);
         Catalogue cat;
         ASSERT_FALSE(ouvrirCatalogue(cat, lsu));
         const Erreur erreur = reduction(cat, c.effacees);
@@ -174,23 +147,22 @@ TEST_F(Reduction, RefusalsAndFailuresLeaveBothFilesAsTheyWere)
         ASSERT_TRUE(erreur) << c.nom;
         EXPECT_NE(erreur.message().find(c.message), std::string::npos) << c.nom << " : " << erreur.message();
         EXPECT_EQ(fiches(lsu), cinq) << c.nom;
-        if (fs::is_regular_file(libi)) {
-            EXPECT_EQ(contenu(libi), restes) << c.nom;
-        }
-        EXPECT_EQ(std::distance(fs::directory_iterator(dossier), fs::directory_iterator()), 2) << c.nom;
+        if (fs::is_regular_file(libi))
+            EXPECT_EQ(lisFichier(libi), restes) << c.nom;
+        EXPECT_EQ(d.noms().size(), 2u) << c.nom;
     }
 }
 
 // The compaction numbers its records on 16 bits: one kept record too many
 // is refused before anything is written; one fewer is compacted.
-TEST_F(Reduction, SixteenBitCounter)
+TEST(Reduction, CompteurSurSeizeBits)
 {
-    const std::string lsu = chemin("grand.lsu");
-    const std::string fiche = octetsDe({{1, "x=f1(t)=t"}});
+    DossierTemporaire d;
+    const std::string lsu = d / "grand.lsu", fiche = octetsDe({{1, "x=f1(t)=t"}});
     std::string octets;
     for (NumeroLigne n = 0; n <= limiteCompteurReduction; ++n)
         octets += fiche;
-    ASSERT_FALSE(ecrisFichierEntier(lsu, octets));
+    ecrisFichier(lsu, octets);
     Catalogue cat;
     ASSERT_FALSE(ouvrirCatalogue(cat, lsu));
     const Erreur refus = reduction(cat);
@@ -198,7 +170,7 @@ TEST_F(Reduction, SixteenBitCounter)
     EXPECT_NE(refus.message().find("garderait 32 768 entrées : le compactage n'en numérote que 32 767"),
               std::string::npos)
         << refus.message();
-    EXPECT_EQ(contenu(lsu), octets);
+    EXPECT_EQ(lisFichier(lsu), octets);
     ASSERT_FALSE(reduction(cat, {5}));
     EXPECT_EQ(cat.nbLignesCatalogue, limiteCompteurReduction);
 }

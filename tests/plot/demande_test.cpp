@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <random>
 
 #include "commun/commun.h"
 #include "plot/demande.h"
@@ -11,15 +9,13 @@ namespace velorin {
 namespace {
 
 using namespace essai;
-namespace fs = std::filesystem;
 
 // A space state on a catalogue of four entries in a temporary folder.
 class Demande : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        fs::create_directories(dossier);
-        ASSERT_FALSE(ouvrirCatalogue(etat.catalogue, (dossier / "essai.lsu").string()));
+        ASSERT_FALSE(ouvrirCatalogue(etat.catalogue, dossier / "essai.lsu"));
         for (const LigneCatalogue& e :
              {LigneCatalogue{1, "x=f1(t)=cos(t)][y=f2(t)=sin(t)][z=f3(t)=t/4"},
               LigneCatalogue{1, "x=f1(t)=sin(t][y=f2(t)=t][z=f3(t)=0"},
@@ -27,31 +23,30 @@ protected:
             ASSERT_FALSE(ecrisLigne(etat.catalogue, etat.catalogue.nbLignesCatalogue + 1, e));
         etat.param.tmin = 0, etat.param.tmax = 6.28, etat.param.pasT = 0.5;
     }
-    void TearDown() override { fs::remove_all(dossier); }
 
-    fs::path dossier = fs::temp_directory_path() / ("velorin_dem_" + std::to_string(std::random_device{}()));
+    DossierTemporaire dossier;
+    std::vector<std::string> lignes() const
+    {
+        std::vector<std::string> l;
+        for (int i = 1; i <= etat.courbes.nbCourbes; ++i)
+            l.push_back(ligneCourbeTracee(etat.courbes, i));
+        return l;
+    }
+
     Etat etat = etatCalibre(true);
     SurfaceEnregistreuse s;
 };
 
-TEST_F(Demande, RefusedRequestsDrawNothingAndAddNoRow)
+TEST_F(Demande, DemandeRefuseeNeTraceRienNiNAjouteDeLigne)
 {
-    struct Cas {
-        int numero;
-        int ligne;
-        const char* message;
-    };
-    const Cas cas[] = {
-        {0, 0, "L'entrée n° 0 n'existe pas dans le catalogue (4 entrées) : rien n'est tracé."},
-        {1, 1, "La courbe tracée n° 1 n'existe pas."},
-    };
     int debuts = 0;
     CrochetsTrace crochets;
     crochets.debut = [&](const std::string&) { ++debuts; };
-    for (const Cas& c : cas) {
-        const ResultatTrace r = demandeTrace(etat, s, c.numero, OptionsTrace{c.ligne}, crochets);
-        EXPECT_TRUE(r.erreur);
-        EXPECT_EQ(r.erreur.message(), c.message);
+    for (auto [numero, ligne, message] :
+         {std::tuple{0, 0, "L'entrée n° 0 n'existe pas dans le catalogue (4 entrées) : rien n'est tracé."},
+          {1, 1, "La courbe tracée n° 1 n'existe pas."}}) {
+        const ResultatTrace r = demandeTrace(etat, s, numero, OptionsTrace{ligne}, crochets);
+        EXPECT_EQ(r.erreur.message(), message);
         EXPECT_FALSE(r.trace || r.ligne);
     }
     EXPECT_EQ(debuts, 0);
@@ -59,7 +54,7 @@ TEST_F(Demande, RefusedRequestsDrawNothingAndAddNoRow)
     EXPECT_EQ(etat.courbes.nbCourbes, 0);
 }
 
-TEST_F(Demande, NewCurveFillsARowThenRedrawUsesTheRow)
+TEST_F(Demande, NouvelleCourbeRemplitUneLigneQueLeRetraceReprend)
 {
     etat.couleurs.couleurTrace = 0xFF;
     std::string legende;
@@ -67,8 +62,7 @@ TEST_F(Demande, NewCurveFillsARowThenRedrawUsesTheRow)
     crochets.debut = [&](const std::string& l) { legende = l; };
     const ResultatTrace r = demandeTrace(etat, s, 1, {}, crochets);
     ASSERT_FALSE(r.erreur) << r.erreur.message();
-    EXPECT_TRUE(r.trace);
-    EXPECT_EQ(r.ligne, 1);
+    EXPECT_TRUE(r.trace && r.ligne == 1);
     EXPECT_EQ(legende, "[x=f1(t)=cos(t)][y=f2(t)=sin(t)][z=f3(t)=t/4] TRACE DE COURBES...");
     EXPECT_EQ(etat.moteur.formuleF1 + "|" + etat.moteur.formuleF3, "COS(T)|T/4");
     EXPECT_EQ(etat.trace.typeTrace, 1);
@@ -82,91 +76,68 @@ TEST_F(Demande, NewCurveFillsARowThenRedrawUsesTheRow)
     EXPECT_EQ(etat.courbes.nbCourbes, 1);
 }
 
-TEST_F(Demande, CycleSendingGivesEachEntryItsColour)
+TEST_F(Demande, EnvoiEnCycleDonneSaCouleurAChaqueEntree)
 {
     etat.couleurs.couleurTrace = 0xFFFF;  // yellow in force
     for (int rang = 0; rang < 3; ++rang)
         demandeTrace(etat, s, rang == 1 ? 3 : 1, OptionsTrace{0, ModeCouleurs::Cycle, rang}, {});
     demandeTrace(etat, s, 1, {}, {});
-    std::vector<std::string> lignes;
-    for (int i = 1; i <= etat.courbes.nbCourbes; ++i)
-        lignes.push_back(ligneCourbeTracee(etat.courbes, i));
-    EXPECT_EQ(lignes, (std::vector<std::string>{
+    EXPECT_EQ(lignes(), (std::vector<std::string>{
                           "01/001 En jaune:", "03/002 En rouge:", "01/003 En vert:", "01/004 En jaune:"}));
 }
 
 // A family is drawn in the family colour: that is the colour listed, and the
 // one a "Cycle" sending changes; moiré and the two-colour trellis list
 // several colours.
-TEST_F(Demande, FamiliesAreListedInTheColourTheyAreDrawnIn)
+TEST_F(Demande, FamillesListeesDansLaCouleurDuDessin)
 {
     ASSERT_FALSE(
         ecrisLigne(etat.catalogue, 5, LigneCatalogue{2, "x=f1(a,t)=a*cos(t)][y=f2(a,t)=a*sin(t)][z=f3(a,t)=a"}));
     etat.param.amin = 0, etat.param.amax = 1, etat.param.pasA = 0.5;
     etat.couleurs.couleurTrace = 0xFF;      // red
     etat.couleurs.couleurFamille = 0xFF00;  // green
-    struct Cas {
-        int numero;
-        int ordre;
-        bool moirure;
-        OptionsTrace options;
-        const char* ligne;
-        Couleur couleurDessin;  // colour of the first line drawn
-    };
-    const Cas cas[] = {
-        {1, 0, false, {}, "01/001 En rouge:", 0xFF},
-        {5, 0, false, {}, "02/002 En vert:", 0xFF00},
-        {5, 1, true, {}, "02/003 En panaché", 0x800000},  // QBColor(1)
-        {5, 3, false, {}, "02/004 En panaché", 0xFF},
-        {5, 0, false, OptionsTrace{0, ModeCouleurs::Cycle, 1}, "02/005 En rouge:", 0xFF},
-    };
-    for (const Cas& c : cas) {
-        etat.param.ordreBoucles = std::uint8_t(c.ordre);
-        etat.param.avecMoirure = c.moirure;
+    const OptionsTrace cycle{0, ModeCouleurs::Cycle, 1};
+    // Entry, loop order, moiré, options, row listed, colour of the first line or point drawn.
+    for (auto [numero, ordre, moirure, options, ligne, couleur] :
+         {std::tuple{1, 0, false, OptionsTrace{}, "01/001 En rouge:", 0xFFu},
+          {5, 0, false, OptionsTrace{}, "02/002 En vert:", 0xFF00u},
+          {5, 1, true, OptionsTrace{}, "02/003 En panaché", 0x800000u},  // QBColor(1)
+          {5, 3, false, OptionsTrace{}, "02/004 En panaché", 0xFFu}, {5, 0, false, cycle, "02/005 En rouge:", 0xFFu}}) {
+        etat.param.ordreBoucles = std::uint8_t(ordre);
+        etat.param.avecMoirure = moirure;
         SurfaceEnregistreuse dessin;
-        const ResultatTrace r = demandeTrace(etat, dessin, c.numero, c.options, {});
+        const ResultatTrace r = demandeTrace(etat, dessin, numero, options, {});
         ASSERT_FALSE(r.erreur) << r.erreur.message();
-        EXPECT_EQ(ligneCourbeTracee(etat.courbes, r.ligne), c.ligne);
-        // The colour of the first line or point of the curve.
+        EXPECT_EQ(ligneCourbeTracee(etat.courbes, r.ligne), ligne);
         const auto& ops = dessin.operations();
         const auto premier = std::find_if(ops.begin(), ops.end(), [](const OperationDessin& o) {
             return o.genre == Genre::Ligne || o.genre == Genre::Point;
         });
-        ASSERT_NE(premier, ops.end()) << c.ligne;
-        EXPECT_EQ(premier->couleur, c.couleurDessin) << c.ligne;
+        ASSERT_NE(premier, ops.end()) << ligne;
+        EXPECT_EQ(premier->couleur, couleur) << ligne;
     }
     EXPECT_EQ(etat.couleurs.couleurFamille, 0xFF00u);  // the cycle changed only the row
 }
 
-TEST(DemandeTextes, FieldsColourNamesAndCaptions)
+TEST(DemandeTextes, ChampsNomsDeCouleurEtLegendes)
 {
     using C = std::array<std::string, 3>;
-    struct Champs {
-        int type;
-        const char* texte;
-        C champs;
-    };
-    for (const Champs& c : {Champs{0, "y = f(x)=x^2      ", C{"y = f(x)=x^2", "", ""}},
-                            Champs{2, "x=a][ y=t ][z=a+t][w=1", C{"x=a", "y=t", "z=a+t"}},
-                            Champs{5, "D(M,u):[(1,2,3)][(0,1,0)]  ", C{"(1,2,3)", "(0,1,0)", ""}},
-                            Champs{7, "Plan:[2x + 3y - z = 1]", C{"2x + 3y - z = 1", "", ""}},
-                            Champs{14, "x^2 < y < 4 ", C{"x^2", "y", "4"}}, Champs{11, "a<b", C{"a", "b", ""}}})
-        EXPECT_EQ(champsEntree(c.type, c.texte), c.champs) << c.texte;
-
-    struct Nom {
-        Couleur c;
-        const char* nom;
-    };
-    for (Nom n :
-         {Nom{0, "En noir:"}, Nom{0xFF, "En rouge:"}, Nom{0xFF00, "En vert:"}, Nom{0xFF0000, "En bleu:"},
-          Nom{0xFFFF, "En jaune:"}, Nom{0xFFFFFF, "En blanc:"}, Nom{0xFF00FF, "En panaché"}, Nom{0xFE, "En panaché"}})
-        EXPECT_EQ(nomCouleur(n.c), n.nom);
-
+    for (auto [type, texte, champs] :
+         {std::tuple{0, "y = f(x)=x^2      ", C{"y = f(x)=x^2", "", ""}},
+          {2, "x=a][ y=t ][z=a+t][w=1", C{"x=a", "y=t", "z=a+t"}},
+          {5, "D(M,u):[(1,2,3)][(0,1,0)]  ", C{"(1,2,3)", "(0,1,0)", ""}},
+          {7, "Plan:[2x + 3y - z = 1]", C{"2x + 3y - z = 1", "", ""}}, {14, "x^2 < y < 4 ", C{"x^2", "y", "4"}},
+          {11, "a<b", C{"a", "b", ""}}})
+        EXPECT_EQ(champsEntree(type, texte), champs) << texte;
+    for (auto [c, nom] : {std::pair<Couleur, const char*>{0, "En noir:"}, {0xFF, "En rouge:"}, {0xFF00, "En vert:"},
+                          {0xFF0000, "En bleu:"}, {0xFFFF, "En jaune:"}, {0xFFFFFF, "En blanc:"},
+                          {0xFF00FF, "En panaché"}, {0xFE, "En panaché"}})
+        EXPECT_EQ(nomCouleur(c), nom);
     for (auto [dixiemes, attendu] : {std::pair{0, "L__00.00"}, {7, "L__07.00"}, {1234, "L__1234.00"}})
         EXPECT_EQ(legendeFinTrace("L", dixiemes), attendu);
 }
 
-TEST(TableCourbes, RowCarriesEveryDrawingValue)
+TEST(TableCourbes, LaLignePorteChaqueValeurDuDessin)
 {
     Etat source;
     Parametres& p = source.param;

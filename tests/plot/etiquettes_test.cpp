@@ -2,45 +2,25 @@
 
 #include <gtest/gtest.h>
 
-using namespace velorin;
-
+namespace velorin {
 namespace {
 
-const CouleursDefaut couleurs{};
-constexpr Couleur blancOuNoir = 0x123456;
-
-TEST(Etiquettes, ReponseDeCouleur)
+TEST(Etiquettes, ReponsesDeCouleurPoliceEtTaille)
 {
-    struct Cas {
-        const char* reponse;
-        Couleur attendue;
-    };
-    for (const Cas& c :
-         {Cas{"1", couleurs.coulBleu}, Cas{"2", couleurs.coulRouge}, Cas{"3", couleurs.coulJaune},
-          Cas{"4", couleurs.coulVert}, Cas{" 2 rouge", couleurs.coulRouge}, Cas{"3.7", couleurs.coulJaune},
-          Cas{"0", blancOuNoir}, Cas{"7", blancOuNoir}, Cas{"", blancOuNoir}, Cas{"-1", blancOuNoir},
-          Cas{"bleu", blancOuNoir}, Cas{"1e300000", blancOuNoir}})
-        EXPECT_EQ(couleurChoisie(c.reponse, couleurs, blancOuNoir), c.attendue) << '"' << c.reponse << '"';
-}
-
-TEST(Etiquettes, ReponsesDePoliceEtDeTaille)
-{
-    struct Police {
-        const char* reponse;
-        std::optional<std::string> attendue;
-    };
-    for (const Police& c :
-         {Police{"0", "Arial"}, Police{"", "Arial"}, Police{"1", "Bookman Old Style"}, Police{"2", "Courier New"},
-          Police{"3", "Symbol"}, Police{"4", "Algerian"}, Police{"12", "Algerian"}, Police{"-2", std::nullopt}})
-        EXPECT_EQ(policeChoisie(c.reponse), c.attendue) << '"' << c.reponse << '"';
-
-    struct Taille {
-        const char* reponse;
-        std::optional<float> attendue;
-    };
-    for (const Taille& c : {Taille{"12", 12.0F}, Taille{" 8.5 ", 8.5F}, Taille{"", std::nullopt},
-                            Taille{"0", std::nullopt}, Taille{"-3", std::nullopt}, Taille{"12pt", std::nullopt}})
-        EXPECT_EQ(tailleChoisie(c.reponse), c.attendue) << '"' << c.reponse << '"';
+    const CouleursDefaut k{};
+    constexpr Couleur blancOuNoir = 0x123456;
+    for (auto [reponse, attendue] :
+         {std::pair<const char*, Couleur>{"1", k.coulBleu}, {"2", k.coulRouge}, {"3", k.coulJaune}, {"4", k.coulVert},
+          {" 2 rouge", k.coulRouge}, {"3.7", k.coulJaune}, {"0", blancOuNoir}, {"7", blancOuNoir},
+          {"", blancOuNoir}, {"-1", blancOuNoir}, {"bleu", blancOuNoir}, {"1e300000", blancOuNoir}})
+        EXPECT_EQ(couleurChoisie(reponse, k, blancOuNoir), attendue) << '"' << reponse << '"';
+    for (auto [reponse, attendue] :
+         {std::pair<const char*, std::optional<std::string>>{"0", "Arial"}, {"", "Arial"}, {"1", "Bookman Old Style"},
+          {"2", "Courier New"}, {"3", "Symbol"}, {"4", "Algerian"}, {"12", "Algerian"}, {"-2", std::nullopt}})
+        EXPECT_EQ(policeChoisie(reponse), attendue) << '"' << reponse << '"';
+    for (auto [reponse, attendue] : {std::pair<const char*, std::optional<float>>{"12", 12.0F}, {" 8.5 ", 8.5F},
+                                     {"", {}}, {"0", {}}, {"-3", {}}, {"12pt", {}}})
+        EXPECT_EQ(tailleChoisie(reponse), attendue) << '"' << reponse << '"';
 }
 
 // Labels "a", "b", "c", ... at distinct places, each with its own style.
@@ -48,16 +28,13 @@ Etiquettes quelques(int n)
 {
     Etiquettes e;
     for (int k = 1; k <= n; ++k) {
-        const int i = ajouteEtiquette(e, 100.0F * k, 50.0F * k);
-        Etiquette& l = e.lb[i];
+        Etiquette& l = e.lb[ajouteEtiquette(e, 100.0F * k, 50.0F * k)];
         l.texte = std::string(1, char('a' + k - 1));
         l.police = "Police" + std::to_string(k);
         l.taille = 8.0F + float(k);
-        l.gras = k % 2 == 0;
-        l.italique = k == 3;
-        l.souligne = k == 4;
+        l.gras = k % 2 == 0, l.italique = k == 3, l.souligne = k == 4;
         l.couleur = k * 1000;
-        e.general1[i] = k;
+        e.general1[k] = k;
     }
     return e;
 }
@@ -71,11 +48,8 @@ TEST(Etiquettes, CreationDepuisLeModeleEtSuiviAgrandi)
     EXPECT_EQ(ajouteEtiquette(e, 600, 900), 2);
     ASSERT_EQ(e.nombre(), 2);
     EXPECT_FALSE(e.lb[0].visible);
-    EXPECT_EQ(e.lb[2].texte, "texte à afficher");
-    EXPECT_EQ(e.lb[2].taille, 14);
-    EXPECT_TRUE(e.lb[2].visible);
-    EXPECT_EQ(e.lb[2].gauche, 600);
-    EXPECT_EQ(e.lb[2].haut, 900);
+    const Etiquette& l = e.lb[2];
+    EXPECT_TRUE(l.texte == "texte à afficher" && l.taille == 14 && l.visible && l.gauche == 600 && l.haut == 900);
     for (std::size_t taille :
          {e.general1.size(), e.general5.size(), e.drapeaux.size(), e.simples.size(), e.doubles.size()})
         EXPECT_EQ(taille, 3U);
@@ -91,8 +65,15 @@ TEST(Etiquettes, CreationDepuisLeModeleEtSuiviAgrandi)
     EXPECT_EQ(e.doubles.size(), 1U);
 }
 
+// The remaining labels keep their caption, style, colour and place on the
+// screen; the font name stays with the index.
 TEST(Etiquettes, CompactageApresEffacement)
 {
+    auto decrit = [](const Etiquette& l, const std::string& police) {
+        return l.texte + " " + std::to_string(l.taille) + " " + std::to_string(l.gras) + std::to_string(l.italique) +
+               std::to_string(l.souligne) + " " + std::to_string(l.couleur) + " " + std::to_string(l.gauche) + "," +
+               std::to_string(l.haut) + " " + police;
+    };
     struct Cas {
         int nombre;
         std::vector<int> vides;   // labels emptied before the compaction
@@ -107,29 +88,12 @@ TEST(Etiquettes, CompactageApresEffacement)
         arralb3(e);
         ASSERT_EQ(e.nombre(), int(c.restes.size())) << c.nombre;
         for (int i = 1; i <= e.nombre(); ++i) {
-            const Etiquette& l = e.lb[i];
-            const Etiquette& ancien = avant.lb[c.restes[i - 1]];
-            EXPECT_EQ(l.texte, ancien.texte);
-            EXPECT_EQ(l.taille, ancien.taille);
-            EXPECT_EQ(l.gras, ancien.gras);
-            EXPECT_EQ(l.italique, ancien.italique);
-            EXPECT_EQ(l.souligne, ancien.souligne);
-            EXPECT_EQ(l.couleur, ancien.couleur);
-            // Same place on the screen as before the compaction.
-            EXPECT_EQ(l.gauche, ancien.gauche);
-            EXPECT_EQ(l.haut, ancien.haut);
-            // The font name stays with the index.
-            EXPECT_EQ(l.police, avant.lb[i].police);
-            EXPECT_TRUE(l.visible);
+            EXPECT_EQ(decrit(e.lb[i], e.lb[i].police), decrit(avant.lb[c.restes[i - 1]], avant.lb[i].police));
+            EXPECT_TRUE(e.lb[i].visible);
         }
     }
-}
-
-TEST(Etiquettes, Bulle)
-{
-    const Etiquettes e = quelques(3);
-    EXPECT_EQ(bulleEtiquette(e, 2), "Label n° 2/3__b");
-    EXPECT_EQ(bulleEtiquette(e, 3), "Label n° 3/3__c");
+    EXPECT_EQ(bulleEtiquette(quelques(3), 3), "Label n° 3/3__c");  // the last label too
 }
 
 }  // namespace
+}  // namespace velorin

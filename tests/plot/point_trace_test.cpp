@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 #include "commun/commun.h"
@@ -18,7 +19,7 @@ void pose(Etat& etat, SurfaceEnregistreuse& s, double x, double y, int marque = 
     tracePoint(etat, s, marque, 0xABCDEF, crochets);
 }
 
-TEST(PointTrace, JoinsOnlyConsecutiveVisiblePointsWithinHalfTheArea)
+TEST(PointTrace, ReliesSeulementPointsVisiblesConsecutifsAMoinsDeLaMoitie)
 {
     auto fin = [](const OperationDessin& op) {
         return op.genre == Genre::Ligne ? std::make_pair(op.x2, op.y2) : std::make_pair(op.x1, op.y1);
@@ -60,7 +61,7 @@ TEST(PointTrace, JoinsOnlyConsecutiveVisiblePointsWithinHalfTheArea)
     }
 }
 
-TEST(PointTrace, MarksOfATenthPoint)
+TEST(PointTrace, MarquesDUnDixiemePoint)
 {
     struct Cas {
         const char* nom;
@@ -69,8 +70,7 @@ TEST(PointTrace, MarksOfATenthPoint)
         double x;
         int genre, rayon;
         std::size_t rayons, projections, tangentes;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {"space, every mark", true, 1, 5000, 3, 1, 1, 3, 1},
         {"not a tenth point", true, 0, 5000, 3, 1, 0, 0, 0},
         {"invisible point", true, 1, -50, 3, 1, 0, 0, 0},
@@ -90,13 +90,13 @@ TEST(PointTrace, MarksOfATenthPoint)
         pose(etat, s, c.x, 5000, c.marque);
         const auto rayons = duGenre(s, Genre::Ligne, etat.couleurs.couleurRayon);
         EXPECT_EQ(rayons.size(), c.rayons) << c.nom;
-        for (const auto& r : rayons)
+        for (const auto& r : rayons)  // from the origin
             EXPECT_EQ(std::make_pair(r.x1, r.y1), std::make_pair(etat.vue.origineEcranX, etat.vue.origineEcranY));
         EXPECT_EQ(duGenre(s, Genre::Ligne, etat.couleurs.couleurTangente).size(), c.tangentes) << c.nom;
-        std::size_t pointilles = 0;
-        for (const auto& op : duGenre(s, Genre::Ligne))
-            pointilles += op.style == 2;
-        EXPECT_EQ(pointilles, c.projections) << c.nom;
+        const auto traits = duGenre(s, Genre::Ligne);
+        EXPECT_EQ(std::count_if(traits.begin(), traits.end(), [](const auto& op) { return op.style == 2; }),
+                  long(c.projections))
+            << c.nom;
         EXPECT_EQ(duGenre(s, Genre::Cercle).size(), c.projections) << c.nom;
         // The xOy foot (2, 3, 0): a blue solid circle of radius 20 whatever the scheme.
         const auto pieds = duGenre(s, Genre::Cercle, 0xFF0000);
@@ -109,28 +109,23 @@ TEST(PointTrace, MarksOfATenthPoint)
     }
 }
 
-TEST(PointTrace, PausesOnlyWhenActiveAndAtLeastOneMillisecond)
+TEST(PointTrace, PauseSeulementActiveEtDUneMillisecondeAuMoins)
 {
-    struct Cas {
-        bool active;
-        std::int16_t ms;
-        int appels;
-    };
-    for (Cas c : {Cas{true, 30, 2}, Cas{true, 1, 2}, Cas{true, 0, 0}, Cas{false, 30, 0}}) {
+    for (auto [active, attente, attendus] : {std::tuple{true, 30, 2}, {true, 1, 2}, {true, 0, 0}, {false, 30, 0}}) {
         Etat etat = etatCalibre(false);
-        etat.fenetre.pauseActive = c.active;
-        etat.param.pauseMs = c.ms;
+        etat.fenetre.pauseActive = active;
+        etat.param.pauseMs = std::int16_t(attente);
         int appels = 0;
         CrochetsTrace crochets;
-        crochets.pause = [&](int ms) { appels += ms == c.ms; };
+        crochets.pause = [&, attente = attente](int ms) { appels += ms == attente; };
         SurfaceEnregistreuse s;
         pose(etat, s, 100, 500, 0, crochets);
         pose(etat, s, -100, 500, 0, crochets);  // visible or not, the point waits
-        EXPECT_EQ(appels, c.appels) << c.active << " " << c.ms;
+        EXPECT_EQ(appels, attendus) << active << " " << attente;
     }
 }
 
-TEST(PointTrace, AdmittedPoints)
+TEST(PointTrace, PointsAdmis)
 {
     struct Cas {
         bool espace;
@@ -138,21 +133,15 @@ TEST(PointTrace, AdmittedPoints)
         double zmax;
         double sx, sy, x, y, z;
         bool admis;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         // Plane: the surface position within 0..W-1400 by 0..H-800.
-        {false, -10, 10, 13960, 10720, 99, 99, 99, true},
-        {false, -10, 10, 13961, 100, 0, 0, 0, false},
-        {false, -10, 10, 0, -0.5, 0, 0, 0, false},
-        {false, -10, 10, nan, 100, 0, 0, 0, false},
+        {false, -10, 10, 13960, 10720, 99, 99, 99, true}, {false, -10, 10, 13961, 100, 0, 0, 0, false},
+        {false, -10, 10, 0, -0.5, 0, 0, 0, false},         {false, -10, 10, nan, 100, 0, 0, 0, false},
         // Space: every coordinate within its range.
-        {true, -10, 10, -1e6, -1e6, 10, -10, 0, true},
-        {true, -10, 10, 0, 0, 10.001, 0, 0, false},
-        {true, -10, 10, 0, 0, 0, -10.5, 0, false},
-        {true, -10, 10, 0, 0, 0, 0, 1e9, false},
+        {true, -10, 10, -1e6, -1e6, 10, -10, 0, true},     {true, -10, 10, 0, 0, 10.001, 0, 0, false},
+        {true, -10, 10, 0, 0, 0, -10.5, 0, false},          {true, -10, 10, 0, 0, 0, 0, 1e9, false},
         {true, 5, -5, 0, 0, 0, 0, -4, true},  // reversed z range
-        {true, 5, -5, 0, 0, 0, 0, 6, false},
-        {true, -10, 10, 0, 0, nan, 0, 0, false},
+        {true, 5, -5, 0, 0, 0, 0, 6, false},                {true, -10, 10, 0, 0, nan, 0, 0, false},
     };
     for (const Cas& c : cas) {
         Etat etat = etatCalibre(c.espace);

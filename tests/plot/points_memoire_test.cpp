@@ -2,27 +2,27 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <functional>
-#include <random>
+
+#include "commun/commun.h"
 
 namespace velorin {
 namespace {
 
-namespace fs = std::filesystem;
+using namespace essai;
 
+// A catalogue of a function, a point (1,2,3) at 2, a segment and a point (0,1) at 4.
 class PointsMemoire : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        fs::create_directories(dossier);
-        ASSERT_FALSE(ouvrirCatalogue(cat, (dossier / "points.lsu").string()));
-        const LigneCatalogue depart[] = {
-            {1, "x=f1(t)=t"}, {9, "Point:[(1,2,3)]"}, {8, "Segment:[(0,0,0)][(1,1,1)]"}, {9, "Point:[(0,1)]"}};
-        for (const LigneCatalogue& l : depart)
+        ASSERT_FALSE(ouvrirCatalogue(cat, dossier / "points.lsu"));
+        for (const LigneCatalogue& l : {LigneCatalogue{1, "x=f1(t)=t"}, LigneCatalogue{9, "Point:[(1,2,3)]"},
+                                        LigneCatalogue{8, "Segment:[(0,0,0)][(1,1,1)]"},
+                                        LigneCatalogue{9, "Point:[(0,1)]"}})
             ASSERT_FALSE(ecrisLigne(cat, cat.nbLignesCatalogue + 1, l));
     }
-    void TearDown() override { fs::remove_all(dossier); }
+    // "kind text" of record n, the text trimmed.
     std::string texte(NumeroLigne n)
     {
         LigneCatalogue l;
@@ -30,11 +30,11 @@ protected:
         l.texte.erase(l.texte.find_last_not_of(' ') + 1);
         return std::to_string(l.typeFonction) + " " + l.texte;
     }
-    fs::path dossier = fs::temp_directory_path() / ("velorin_pts_" + std::to_string(std::random_device{}()));
+    DossierTemporaire dossier;
     Catalogue cat;
 };
 
-TEST_F(PointsMemoire, ListsOnlyThePointsWithTheirCatalogueLines)
+TEST_F(PointsMemoire, ListeSeulementLesPointsAvecLeurLigne)
 {
     std::vector<PointMemoire> points;
     ASSERT_FALSE(chargePoints(cat, points));
@@ -43,75 +43,56 @@ TEST_F(PointsMemoire, ListsOnlyThePointsWithTheirCatalogueLines)
     EXPECT_EQ(points[0].ligne, "0002]Point:[(1,2,3)]" + std::string(285, ' ') + "[09");
     EXPECT_EQ(points[1].numero, 4);
     EXPECT_EQ(points[1].texte, "Point:[(0,1)]" + std::string(287, ' '));
-
-    Catalogue sansPoints;
-    ASSERT_FALSE(ouvrirCatalogue(sansPoints, (dossier / "vide.lsu").string()));
+    Catalogue sansPoints;  // a "Point:" text of another kind is no point
+    ASSERT_FALSE(ouvrirCatalogue(sansPoints, dossier / "vide.lsu"));
     ASSERT_FALSE(ecrisLigne(sansPoints, 1, LigneCatalogue{19, "Point:[(1,2,3)]"}));
     ASSERT_FALSE(chargePoints(sansPoints, points));
     EXPECT_TRUE(points.empty());
 }
 
-// Points typed one after the other on the catalogue of the fixture (a
-// function, a point (1,2,3) at 2, a segment, a point (0,1) at 4).
-TEST_F(PointsMemoire, CreationNormalisesAndNeverStoresTwice)
+// Points typed one after the other: where each is afterwards, whether it
+// was added, and the record there.
+TEST_F(PointsMemoire, CreationNormaliseEtNEnregistreJamaisDeuxFois)
 {
-    const std::string longues = "(" + std::string(300, '7') + ")";
-    struct Cas {
-        std::string tape;
-        NumeroLigne numero;  // where the point is afterwards
-        bool nouveau;
-        std::string stocke;  // record `numero`
-    };
-    const Cas cas[] = {
-        {"[1,2,3]", 2, false, "9 Point:[(1,2,3)]"},
-        {"  {4,5,6] ", 5, true, "9 Point:[(4,5,6)]"},
-        {"(4,5,6)", 5, false, "9 Point:[(4,5,6)]"},
-        {"(0,0,0)", 6, true, "9 Point:[(0,0,0)]"},  // a segment's end is no point
-        {"(1, 2,3)", 7, true, "9 Point:[(1, 2,3)]"},
-        {longues, 8, true, "9 Point:[" + longues.substr(0, 293)},  // cut at 300
-        {longues, 8, false, "9 Point:[" + longues.substr(0, 293)},
-    };
-    for (const Cas& c : cas) {
+    const std::string longues = "(" + std::string(300, '7') + ")", coupe = "9 Point:[" + longues.substr(0, 293);
+    for (auto [tape, numero, nouveau, stocke] :
+         {std::tuple<std::string, NumeroLigne, bool, std::string>{"[1,2,3]", 2, false, "9 Point:[(1,2,3)]"},
+          {"  {4,5,6] ", 5, true, "9 Point:[(4,5,6)]"},
+          {"(4,5,6)", 5, false, "9 Point:[(4,5,6)]"},
+          {"(0,0,0)", 6, true, "9 Point:[(0,0,0)]"},  // a segment's end is no point
+          {"(1, 2,3)", 7, true, "9 Point:[(1, 2,3)]"},
+          {longues, 8, true, coupe},  // cut at 300
+          {longues, 8, false, coupe}}) {
         Enregistrement r;
-        ASSERT_FALSE(creePoint(cat, c.tape, r)) << c.tape;
-        EXPECT_EQ(r.numero, c.numero) << c.tape;
-        EXPECT_EQ(r.nouveau, c.nouveau) << c.tape;
-        EXPECT_EQ(texte(c.numero), c.stocke) << c.tape;
+        ASSERT_FALSE(creePoint(cat, tape, r)) << tape;
+        EXPECT_EQ(r.numero, numero) << tape;
+        EXPECT_EQ(r.nouveau, nouveau) << tape;
+        EXPECT_EQ(texte(numero), stocke) << tape;
     }
     EXPECT_EQ(cat.nbLignesCatalogue, 8);
 }
 
-TEST_F(PointsMemoire, LinkingAppendsASegmentOfTheTwoCoordinateTexts)
+TEST_F(PointsMemoire, RelierAjouteUnSegmentDesDeuxTextes)
 {
-    struct Cas {
-        NumeroLigne a, b;
-        std::string attendu;  // the new record, or the start of the message
-    };
-    const Cas cas[] = {
-        {2, 4, "8 Segment:[(1,2,3)][(0,1)]"},
-        {4, 2, "8 Segment:[(0,1)][(1,2,3)]"},
-        {1, 2, "La ligne 1 du catalogue"},
-        {2, 3, "La ligne 3 du catalogue"},
-        {2, 2, "Un segment relie deux points différents"},
-        {2, 99, "La ligne 99 n'existe pas"},
-    };
-    for (const Cas& c : cas) {
+    // The new record, or the start of the message.
+    for (auto [a, b, attendu] : {std::tuple{2, 4, "8 Segment:[(1,2,3)][(0,1)]"}, {4, 2, "8 Segment:[(0,1)][(1,2,3)]"},
+                                 {1, 2, "La ligne 1 du catalogue"}, {2, 3, "La ligne 3 du catalogue"},
+                                 {2, 2, "Un segment relie deux points différents"}, {2, 99, "La ligne 99 n'existe pas"}}) {
         const NumeroLigne avant = cat.nbLignesCatalogue;
         Enregistrement r;
-        const Erreur erreur = reliePoints(cat, c.a, c.b, r);
-        if (erreur) {
-            EXPECT_EQ(erreur.message().rfind(c.attendu, 0), 0u) << erreur.message();
+        if (const Erreur erreur = reliePoints(cat, a, b, r)) {
+            EXPECT_EQ(erreur.message().rfind(attendu, 0), 0u) << erreur.message();
             EXPECT_EQ(cat.nbLignesCatalogue, avant);
             continue;
         }
         EXPECT_EQ(r.numero, avant + 1);
-        EXPECT_EQ(texte(r.numero), c.attendu);
+        EXPECT_EQ(texte(r.numero), attendu);
     }
 }
 
 // The command line refuses what a record would cut, and writes nothing;
 // empty coordinates are refused everywhere.
-TEST_F(PointsMemoire, TooLongOrEmptyTexts)
+TEST_F(PointsMemoire, TextesTropLongsOuVides)
 {
     using Pas = std::function<Erreur(Enregistrement&)>;
     const std::string c1 = "(" + std::string(150, '1') + ")", c2 = "(" + std::string(150, '2') + ")";
@@ -130,9 +111,8 @@ TEST_F(PointsMemoire, TooLongOrEmptyTexts)
         Enregistrement r;
         const Erreur erreur = action(r);
         EXPECT_EQ(bool(erreur), message != nullptr) << erreur.message();
-        if (erreur) {
+        if (erreur)
             EXPECT_NE(erreur.message().find(message), std::string::npos) << erreur.message();
-        }
     }
     EXPECT_EQ(cat.nbLignesCatalogue, 7);
     EXPECT_EQ(texte(7).size(), 2u + 300u);

@@ -19,8 +19,7 @@ TEST(TexteEntree, ParGenreEtParMode)
         Trois invites;  // empty: those of the editor opened on the kind
         Trois boites;
         const char* texte;
-    };
-    const Cas cas[] = {
+    } const cas[] = {
         {0, false, {}, typees, "y = f(x)=sin(t)"},
         // Kind 0 in space also stores the third box, behind the third prompt
         // as it stands: none when the editor opened on kind 0, the old one

@@ -1,32 +1,28 @@
+#include "plot/traceurs.h"
+
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
 #include "commun/commun.h"
-#include "plot/traceurs.h"
 
 namespace velorin {
 namespace {
 
 using namespace essai;
 
-Etat etatAvec(bool espace, std::string f1, std::string f2 = {}, std::string f3 = {})
+// A calibrated state with its formulas and the range of t.
+Etat etatAvec(bool espace, std::string f1, std::string f2 = {}, std::string f3 = {}, double tmin = 0, double tmax = 1,
+              double pasT = 0.25)
 {
     Etat etat = etatCalibre(espace);
-    etat.moteur.formuleF1 = std::move(f1);
-    etat.moteur.formuleF2 = std::move(f2);
-    etat.moteur.formuleF3 = std::move(f3);
+    etat.moteur.formuleF1 = std::move(f1), etat.moteur.formuleF2 = std::move(f2), etat.moteur.formuleF3 = std::move(f3);
+    etat.param.tmin = tmin, etat.param.tmax = tmax, etat.param.pasT = pasT;
     return etat;
 }
 
-void bornesT(Etat& e, double debut, double fin, double pas)
-{
-    e.param.tmin = debut, e.param.tmax = fin, e.param.pasT = pas;
-}
-
-TEST(Traceurs, TangentOfThePlaneCurveBranchesAreNeverJoined)
+TEST(Traceurs, BranchesDeLaTangenteJamaisReliees)
 {
     Etat etat = etatAvec(false, "TAN(X)");
     SurfaceEnregistreuse s;
@@ -34,24 +30,19 @@ TEST(Traceurs, TangentOfThePlaneCurveBranchesAreNeverJoined)
     // Seven branches between the six asymptotes of [-10, 10], each starting with a dot.
     EXPECT_EQ(duGenre(s, Genre::Point).size(), 7u);
     EXPECT_GT(duGenre(s, Genre::Ligne).size(), 100u);
-    auto branche = [&](double sx) {
-        return std::floor((sx - etat.vue.decalX) / etat.vue.echelleX / 3.141592653589793 - 0.5);
-    };
+    auto branche = [&](double sx) { return std::floor((sx - etat.vue.decalX) / etat.vue.echelleX / M_PI - 0.5); };
     for (const auto& l : duGenre(s, Genre::Ligne))
         EXPECT_EQ(branche(l.x1), branche(l.x2)) << "segment across an asymptote at " << l.x1;
 }
 
-TEST(Traceurs, PlaneCurveMarksEveryTenthPointWithItsTangent)
+// Drawn just before its point, a tenth one; centred on it, the half length
+// in range units and the slope of 0.5 X.
+TEST(Traceurs, CourbePlaneMarqueChaqueDixiemePointDeSaTangente)
 {
-    struct Cas {
-        double nbrCalX;
-        int tangentes;
-        std::size_t marques;
-    };
-    for (Cas c : {Cas{37, 1, 3}, Cas{100, 1, 10}, Cas{8, 1, 0}}) {
+    for (auto [nbrCalX, tangentes, attendues] : {std::tuple{37, 1, 3u}, {100, 1, 10u}, {8, 1, 0u}}) {
         Etat etat = etatAvec(false, "0.5*X");
-        etat.param.nbrCalX = c.nbrCalX;
-        etat.param.avecSegmentTangent = c.tangentes;
+        etat.param.nbrCalX = nbrCalX;
+        etat.param.avecSegmentTangent = tangentes;
         SurfaceEnregistreuse s;
         traceExplicite(etat, s, {});
         const auto& ops = s.operations();
@@ -62,10 +53,8 @@ TEST(Traceurs, PlaneCurveMarksEveryTenthPointWithItsTangent)
                 continue;
             }
             ++marques;
-            // Drawn just before its point, a tenth one; centred on it, the
-            // half length in range units and the slope of 0.5 X.
             ASSERT_LT(i + 1, ops.size());
-            EXPECT_EQ((points + 1) % 10, 0u) << c.nbrCalX;
+            EXPECT_EQ((points + 1) % 10, 0u) << nbrCalX;
             const auto& t = ops[i];
             const double px = ops[i + 1].x2, py = ops[i + 1].y2;
             EXPECT_NEAR((t.x1 + t.x2) / 2, px, 1e-6);
@@ -74,64 +63,50 @@ TEST(Traceurs, PlaneCurveMarksEveryTenthPointWithItsTangent)
             EXPECT_NEAR(std::hypot(dx, dy), std::sqrt(800.0) / 8, 1e-6);
             EXPECT_NEAR(dy / dx, 0.5, 1e-6);
         }
-        EXPECT_EQ(marques, c.marques) << c.nbrCalX;
+        EXPECT_EQ(marques, attendues) << nbrCalX;
     }
 }
 
-TEST(Traceurs, RadiusOfTheSphericalCurve)
+TEST(Traceurs, RayonDeLaCourbeSpherique)
 {
     for (int avecRayon : {0, 1}) {
-        Etat etat = etatAvec(true, "2", "T", "0");
+        Etat etat = etatAvec(true, "2", "T", "0", 0, 6.28, 0.1);  // 63 points
         etat.moteur.genreCourbe = 3;
         etat.param.avecRayon = avecRayon;
-        bornesT(etat, 0, 6.28, 0.1);  // 63 points
         SurfaceEnregistreuse s;
         parcours3(etat, s, {});
-        // One radius a tenth point (PointTrace.MarksOfATenthPoint checks where it starts).
+        // One radius a tenth point (PointTrace checks where it starts).
         EXPECT_EQ(duGenre(s, Genre::Ligne, etat.couleurs.couleurRayon).size(), avecRayon ? 6u : 0u);
     }
 }
 
-TEST(Traceurs, FamilyLoopOrdersCurvesPointsAndColours)
+// a over [0, amax] by 0.1 in single precision; t over [0, 1] by 0.25 (5
+// values). Order 3: the t-outer pass red, the a-outer pass green.
+TEST(Traceurs, BouclesDeFamilleCourbesPointsEtCouleurs)
 {
-    // a over [0, amax] by 0.1 in single precision; t over [0, 1] by 0.25 (5 values).
-    struct Cas {
-        int ordre;
-        double amax;
-        std::size_t courbes, points, rouges, verts;
-    };
-    const Cas cas[] = {
-        {0, 1, 10, 50, 0, 0},   // a reaches 10 values (11 in double precision)
-        {0, 3, 31, 155, 0, 0},  // ... and 31 here (30 in double precision)
-        {1, 1, 5, 50, 0, 0},   {2, 1, 15, 100, 0, 0}, {3, 1, 15, 100, 50, 50},  // t-outer pass red, a-outer pass green
-    };
-    for (const Cas& c : cas) {
+    for (auto [ordre, amax, courbes, points, rouges, verts] :
+         {std::tuple{0, 1.0, 10u, 50u, 0u, 0u},  // a reaches 10 values (11 in double precision)
+          {0, 3.0, 31u, 155u, 0u, 0u},           // ... and 31 here (30 in double precision)
+          {1, 1.0, 5u, 50u, 0u, 0u}, {2, 1.0, 15u, 100u, 0u, 0u}, {3, 1.0, 15u, 100u, 50u, 50u}}) {
         Etat etat = etatAvec(true, "A", "T", "0");
         etat.couleurs.couleurTangente = 0x123456;  // apart from the curves' colours
-        etat.param.ordreBoucles = static_cast<std::uint8_t>(c.ordre);
-        etat.param.amin = 0, etat.param.amax = c.amax, etat.param.pasA = 0.1;
-        bornesT(etat, 0, 1, 0.25);
+        etat.param.ordreBoucles = std::uint8_t(ordre);
+        etat.param.amin = 0, etat.param.amax = amax, etat.param.pasA = 0.1;
         SurfaceEnregistreuse s;
         EXPECT_FALSE(parcours2(etat, s, {}).erreur);
-        const std::size_t debuts = duGenre(s, Genre::Point).size();
-        EXPECT_EQ(debuts, c.courbes) << c.ordre << " " << c.amax;
+        EXPECT_EQ(duGenre(s, Genre::Point).size(), courbes) << ordre << " " << amax;
         const std::size_t segments = duGenre(s, Genre::Ligne).size() - duGenre(s, Genre::Ligne, 0x123456).size();
-        EXPECT_EQ(debuts + segments, c.points) << c.ordre << " " << c.amax;
-        auto nombre = [&](Couleur k) {
-            return std::count_if(s.operations().begin(), s.operations().end(),
-                                 [&](const auto& op) { return op.couleur == k; });
-        };
-        EXPECT_EQ(nombre(255), static_cast<long>(c.rouges)) << c.ordre;
-        EXPECT_EQ(nombre(65280), static_cast<long>(c.verts)) << c.ordre;
+        EXPECT_EQ(duGenre(s, Genre::Point).size() + segments, points) << ordre << " " << amax;
+        EXPECT_EQ(duGenre(s, Genre::Ligne, 255).size() + duGenre(s, Genre::Point, 255).size(), rouges) << ordre;
+        EXPECT_EQ(duGenre(s, Genre::Ligne, 65280).size() + duGenre(s, Genre::Point, 65280).size(), verts) << ordre;
     }
 }
 
-TEST(Traceurs, MoireColoursRunOneToFifteenThenTwoToFifteen)
+TEST(Traceurs, MoirureCouleursUnAQuinzePuisDeuxAQuinze)
 {
-    Etat etat = etatAvec(true, "(1)*SIN(A)", "(1)*COS(A)", "T");
+    Etat etat = etatAvec(true, "(1)*SIN(A)", "(1)*COS(A)", "T", 0, 1, 0.5);
     etat.param.avecMoirure = true;
     etat.param.amin = 0, etat.param.amax = 2, etat.param.pasA = 0.1;  // 20 curves
-    bornesT(etat, 0, 1, 0.5);
     SurfaceEnregistreuse s;
     parcours4(etat, s, {});
     std::vector<Couleur> couleurs, attendues;
@@ -144,38 +119,36 @@ TEST(Traceurs, MoireColoursRunOneToFifteenThenTwoToFifteen)
 
 // An empty walk draws nothing and says nothing; a walk that could never end
 // or be counted is refused in words.
-TEST(Traceurs, RefusedRangesDrawNothingAndSayWhyInWords)
+TEST(Traceurs, IntervallesRefusesNeTracentRienEtDisentPourquoi)
 {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const double inf = std::numeric_limits<double>::infinity();
+    const double nan = std::numeric_limits<double>::quiet_NaN(), inf = std::numeric_limits<double>::infinity();
+    // Kind 0: the range of x and nbrCalX; 1: the range of t; 2: the range of a.
     struct Cas {
-        const char* nom;
         int genre;
         double debut, fin, pas;
-        std::size_t points;
-        const char* message;  // "": nothing said
-    };
-    const Cas cas[] = {
-        {"zero step, a message for an empty walk", 1, 0, 1, 0, 0, ""},
-        {"step of the wrong sign, a message for an empty walk", 1, 0, 1, -0.1, 0, ""},
-        {"bound not finite", 1, nan, 1, 0.1, 0, "L'intervalle de t n'a pas des bornes finies"},
-        {"infinite bound", 1, 0, inf, 0.1, 0, "L'intervalle de t n'a pas des bornes finies"},
-        {"step not finite", 1, 0, 1, inf, 0, "le pas n'est pas un nombre fini"},
-        {"step lost in the bound", 1, 1e20, 1e20 + 1e6, 1, 0, "le pas de 1 est trop petit pour faire avancer t"},
-        {"too many points", 1, 0, 1, 1e-8, 0, "Trop de points à calculer (100000001) : au plus 10000000"},
-        {"smallest step", 1, 0, 6.28, 5e-324, 0, "Trop de points à calculer (plus de 10000000 par tracé)"},
-        {"going down", 1, 1, 0, -0.25, 5, ""},
-        {"family, zero a step, a message for an empty walk", 2, 0, 1, 0, 0, ""},
-        {"family, too many points", 2, 0, 1, 1e-5, 0, "Trop de points à calculer ("},
-        {"plane curve, zero count, a message for an empty walk", 0, -10, 10, 0, 0, ""},
-        {"plane curve, negative count, a message for an empty walk", 0, -10, 10, -5, 0, ""},
-        {"plane curve, count not finite", 0, -10, 10, nan, 0, "nbrCalX n'est pas un nombre fini"},
-        {"plane curve, equal bounds, a message for an empty walk", 0, 5, 5, 0, 0, ""},
+        const char* message;  // nullptr: an empty walk, nothing drawn nor said; "": 5 points drawn
+    } const cas[] = {
+        {1, 0, 1, 0, nullptr},     // zero step
+        {1, 0, 1, -0.1, nullptr},  // step of the wrong sign
+        {1, nan, 1, 0.1, "L'intervalle de t n'a pas des bornes finies"},
+        {1, 0, inf, 0.1, "L'intervalle de t n'a pas des bornes finies"},
+        {1, 0, 1, inf, "le pas n'est pas un nombre fini"},
+        {1, 1e20, 1e20 + 1e6, 1, "le pas de 1 est trop petit pour faire avancer t"},
+        {1, 0, 1, 1e-8, "Trop de points à calculer (100000001) : au plus 10000000"},
+        {1, 0, 6.28, 5e-324, "Trop de points à calculer (plus de 10000000 par tracé)"},
+        {1, 1, 0, -0.25, ""},  // going down
+        {2, 0, 1, 0, nullptr},  // family, zero a step
+        {2, 0, 1, 1e-5, "Trop de points à calculer ("},
+        {0, -10, 10, 0, nullptr},   // no count
+        {0, -10, 10, -5, nullptr},  // negative count
+        {0, -10, 10, nan, "nbrCalX n'est pas un nombre fini"},
+        {0, 5, 5, 0, nullptr},  // equal bounds
     };
     for (const Cas& c : cas) {
-        Etat etat = etatAvec(c.genre != 0, "T/10", "A/10", "0");
+        Etat etat = etatCalibre(c.genre != 0);  // t over its range by default
+        etat.moteur.formuleF1 = "T/10", etat.moteur.formuleF2 = "A/10", etat.moteur.formuleF3 = "0";
         if (c.genre == 1)
-            bornesT(etat, c.debut, c.fin, c.pas);
+            etat.param.tmin = c.debut, etat.param.tmax = c.fin, etat.param.pasT = c.pas;
         if (c.genre == 2)
             etat.param.amin = c.debut, etat.param.amax = c.fin, etat.param.pasA = c.pas;
         if (c.genre == 0)
@@ -185,40 +158,31 @@ TEST(Traceurs, RefusedRangesDrawNothingAndSayWhyInWords)
         const FinTrace fin = c.genre == 0   ? traceExplicite(etat, s, {})
                              : c.genre == 1 ? parcours1(etat, s, {})
                                             : parcours2(etat, s, {});
-        EXPECT_EQ(s.operations().size(), c.points) << c.nom;
         const std::string& message = fin.erreur.message();
-        EXPECT_EQ(bool(fin.erreur), *c.message != '\0') << c.nom << ": " << message;
-        EXPECT_NE(message.find(c.message), std::string::npos) << c.nom << ": " << message;
+        const std::string attendu = c.message ? c.message : "";
+        EXPECT_EQ(s.operations().size(), c.message && !*c.message ? 5u : 0u) << attendu;
+        EXPECT_EQ(bool(fin.erreur), !attendu.empty()) << message;
+        EXPECT_NE(message.find(attendu), std::string::npos) << message;
         for (const char* jamais : {" inf ", "(inf", "inf)", "nan", "e+308"})
-            EXPECT_EQ(message.find(jamais), std::string::npos) << c.nom << ": " << message;
+            EXPECT_EQ(message.find(jamais), std::string::npos) << message;
     }
 }
 
-TEST(Traceurs, InterruptionAndFormulaErrorsStopTheTracing)
+TEST(Traceurs, InterruptionEtFormuleFausseArretentLeTrace)
 {
-    struct Cas {
-        const char* f1;
-        bool interrompre;
-        bool interrompu;
-        bool message;
-        std::size_t auPlus;
-    };
-    for (Cas c : {Cas{"T/100000", true, true, false, 256}, Cas{"SIN(T", false, false, true, 1}}) {
-        Etat etat = etatAvec(true, c.f1, "0", "0");
-        bornesT(etat, 0, 1, 1e-5);
+    for (auto [f1, interrompre, message, auPlus] :
+         {std::tuple{"T/100000", true, false, 256u}, {"SIN(T", false, true, 1u}}) {
+        Etat etat = etatAvec(true, f1, "0", "0", 0, 1, 1e-5);
         int questions = 0;
         CrochetsTrace crochets;
-        crochets.interrompu = [&] {
-            ++questions;
-            return c.interrompre;
-        };
+        crochets.interrompu = [&, interrompre = interrompre] { return ++questions, interrompre; };
         SurfaceEnregistreuse s;
         const FinTrace fin = parcours1(etat, s, crochets);
-        EXPECT_EQ(fin.interrompu, c.interrompu) << c.f1;
-        EXPECT_EQ(bool(fin.erreur), c.message) << c.f1;
-        EXPECT_LE(s.operations().size() - duGenre(s, Genre::Ligne, etat.couleurs.couleurTangente).size(), c.auPlus)
-            << c.f1;
-        EXPECT_LE(questions, 1) << c.f1;
+        EXPECT_EQ(fin.interrompu, interrompre) << f1;
+        EXPECT_EQ(bool(fin.erreur), message) << f1;
+        EXPECT_LE(s.operations().size() - duGenre(s, Genre::Ligne, etat.couleurs.couleurTangente).size(), auPlus)
+            << f1;
+        EXPECT_LE(questions, 1) << f1;
     }
 }
 
