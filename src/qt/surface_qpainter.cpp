@@ -103,6 +103,14 @@ void SurfaceQPainter::Acheve()
 void SurfaceQPainter::Line(double x1, double y1, double x2, double y2, Couleur couleur)
 {
     const QPointF a = point(x1, y1), b = point(x2, y2);
+    if (a == b) {
+        // A line of no length shows nothing: it leaves the line being
+        // gathered as it is, so that the tangent a tracer without tangents
+        // issues at the origin does not cut a curve's polyline in two.
+        CurrentX = x2;
+        CurrentY = y2;
+        return;
+    }
     const bool suite = !trait_.isEmpty() && trait_.last() == a && couleur == traitCouleur_ &&
                        DrawWidth == traitLargeur_ && DrawStyle == traitStyle_;
     const int max = DrawWidth > 1 ? piecesLargesMax : piecesFinesMax;
