@@ -1,12 +1,9 @@
-// The colour dialog, the colour policies of "Comment Tracer?" and the colour
-// listed for a drawn family.
-#include <QAction>
+// The colour dialog and the colour policies of "Comment Tracer?".
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
 
 #include "app/dialogues/couleurs.h"
-#include "app/dialogues/licou.h"
 #include "banc_fenetre.h"
 #include "qt/surface_qpainter.h"
 #include "settings/fichier_couleurs.h"
@@ -14,110 +11,56 @@
 namespace velorin::essai {
 namespace {
 
-struct Nuance {
-    const char* nom;
-    Couleur SchemaCouleurs::*membre;
-    bool espaceSeul;
-};
-const Nuance nuances[] = {
-    {"couleurAxes", &SchemaCouleurs::couleurAxes, false},
-    {"couleurFondSombre", &SchemaCouleurs::couleurFondSombre, false},
-    {"couleurTrace", &SchemaCouleurs::couleurTrace, false},
-    {"couleurFamille", &SchemaCouleurs::couleurFamille, false},
-    {"couleurTangente", &SchemaCouleurs::couleurTangente, false},
-    {"couleurRayon", &SchemaCouleurs::couleurRayon, false},
-    {"couleurProjOx", &SchemaCouleurs::couleurProjOx, false},
-    {"couleurProjOy", &SchemaCouleurs::couleurProjOy, false},
-    {"couleurProjOz", &SchemaCouleurs::couleurProjOz, true},
-    {"couleurProjXOz", &SchemaCouleurs::couleurProjXOz, true},
-    {"couleurProjYOz", &SchemaCouleurs::couleurProjYOz, true},
-};
-
-std::vector<Couleur> toutes(const SchemaCouleurs& s)
+// Each swatch edits its member, only when OK is pressed; the three swatches
+// of space are not shown in the plane; the xOy projections are always blue.
+TEST(Couleurs, ChaquePastilleModifieSonMembreAuSeulOk)
 {
-    std::vector<Couleur> v{s.couleurProjXOy, s.couleurFond};
-    for (const Nuance& n : nuances)
-        v.push_back(s.*n.membre);
-    return v;
-}
-
-TEST(Couleurs, EachSwatchEditsItsMemberOnlyOnOk)
-{
+    const std::pair<const char*, Couleur SchemaCouleurs::*> pastilles[] = {
+        {"couleurAxes", &SchemaCouleurs::couleurAxes},         {"couleurFondSombre", &SchemaCouleurs::couleurFondSombre},
+        {"couleurTrace", &SchemaCouleurs::couleurTrace},       {"couleurFamille", &SchemaCouleurs::couleurFamille},
+        {"couleurTangente", &SchemaCouleurs::couleurTangente}, {"couleurRayon", &SchemaCouleurs::couleurRayon},
+        {"couleurProjOx", &SchemaCouleurs::couleurProjOx},     {"couleurProjOy", &SchemaCouleurs::couleurProjOy},
+        {"couleurProjOz", &SchemaCouleurs::couleurProjOz},     {"couleurProjXOz", &SchemaCouleurs::couleurProjXOz},
+        {"couleurProjYOz", &SchemaCouleurs::couleurProjYOz},
+    };
     Banc banc;
     Mirado& m = banc.demarre();
-    const QColor choisie(0x12, 0x34, 0x56);  // 0x563412 with red in the low byte
-    QString titre;
-    banc.choixCouleur = [&](const QString& t) -> std::optional<QColor> {
-        titre = t;
-        return choisie;
-    };
-    for (bool espace : {true, false}) {
-        for (const Nuance& n : nuances) {
-            SchemaCouleurs schema;
-            schema.couleurFond = 0x0A0B0C;
-            const SchemaCouleurs avant = schema;
-            Couleurs d(schema, espace, 0, m.boites, &m);
-            auto* bouton = d.findChild<QPushButton*>(QString::fromUtf8(n.nom));
-            if (n.espaceSeul && !espace) {
-                EXPECT_EQ(bouton, nullptr) << n.nom;  // not drawn in the plane
-                continue;
-            }
-            ASSERT_NE(bouton, nullptr) << n.nom;
-            EXPECT_EQ(bouton->text(), couleurQt(avant.*n.membre).name().toUpper()) << n.nom;
-            titre.clear();
-            bouton->click();
-            EXPECT_TRUE(titre.startsWith(QStringLiteral("Couleur : "))) << titre.toStdString();
-            EXPECT_EQ(bouton->text(), QStringLiteral("#123456")) << n.nom;
-            EXPECT_EQ(toutes(schema), toutes(avant)) << n.nom;  // nothing before OK
-            controle<QPushButton>(d, "Command1")->click();
-            EXPECT_EQ(d.result(), QDialog::Accepted);
-            SchemaCouleurs attendu = avant;
-            attendu.*n.membre = 0x563412;
-            EXPECT_EQ(toutes(schema), toutes(attendu)) << n.nom << (espace ? " espace" : " plan");
-        }
-    }
-    // The xOy projections are always blue: their swatch says so and does
-    // not change.
-    SchemaCouleurs schema;
-    schema.couleurProjXOy = 0xFF;
-    Couleurs d(schema, true, 0, m.boites, &m);
-    auto* xoy = controle<QPushButton>(d, "couleurProjXOy");
-    ASSERT_NE(xoy, nullptr);
-    EXPECT_FALSE(xoy->isEnabled());
-    EXPECT_EQ(xoy->text(), QStringLiteral("#0000FF"));
-    EXPECT_TRUE(controle<QLabel>(d, "Label1")->text().contains(QStringLiteral("toujours tracées en bleu")));
-}
-
-TEST(Couleurs, CancelOrNoChoiceChangesNothing)
-{
-    Banc banc;
-    Mirado& m = banc.demarre();
-    std::optional<QColor> reponse;
-    banc.choixCouleur = [&](const QString&) { return reponse; };
-    struct Cas {
-        std::optional<QColor> reponse;
-        const char* bouton;  // how the dialog is left
-    };
-    for (const Cas& c : {Cas{QColor(Qt::red), "Command2"}, Cas{std::nullopt, "Command1"}}) {
+    QStringList titres;
+    banc.choixCouleur = [&](const QString& t) -> std::optional<QColor> { return titres << t, QColor(0x12, 0x34, 0x56); };
+    const std::string neutre = texteCouleurs(SchemaCouleurs{});
+    for (const auto& [nom, membre] : pastilles) {
+        SCOPED_TRACE(nom);
         SchemaCouleurs schema;
-        const SchemaCouleurs avant = schema;
-        Couleurs d(schema, true, 1, m.boites, &m);
-        reponse = c.reponse;
-        for (const Nuance& n : nuances)
-            controle<QPushButton>(d, QString::fromUtf8(n.nom))->click();
-        controle<QPushButton>(d, c.bouton)->click();
-        EXPECT_EQ(toutes(schema), toutes(avant)) << c.bouton;
+        Couleurs d(schema, true, 0, m.boites, &m);
+        auto* bouton = controle<QPushButton>(d, QString::fromUtf8(nom));
+        EXPECT_EQ(bouton->text(), couleurQt(schema.*membre).name().toUpper());
+        bouton->click();
+        EXPECT_EQ(bouton->text(), QStringLiteral("#123456"));
+        EXPECT_TRUE(titres.last().startsWith(QStringLiteral("Couleur : "))) << titres.last().toStdString();
+        EXPECT_EQ(texteCouleurs(schema), neutre);  // nothing before OK
+        controle<QPushButton>(d, "Command1")->click();
+        SchemaCouleurs attendu;
+        attendu.*membre = 0x563412;  // red in the low byte
+        EXPECT_EQ(texteCouleurs(schema), texteCouleurs(attendu));
+    }
+    SchemaCouleurs schema;
+    Couleurs plan(schema, false, 0, m.boites, &m);
+    for (const char* nom : {"couleurProjOz", "couleurProjXOz", "couleurProjYOz"})
+        EXPECT_EQ(plan.findChild<QPushButton*>(QString::fromUtf8(nom)), nullptr) << nom;
+    Couleurs espace(schema, true, 0, m.boites, &m);
+    EXPECT_FALSE(controle<QPushButton>(espace, "couleurProjXOy")->isEnabled());
+    // Cancel keeps everything, and so does no colour chosen.
+    for (const bool choisie : {true, false}) {
+        banc.choixCouleur = [=](const QString&) { return choisie ? std::optional(QColor(Qt::red)) : std::nullopt; };
+        Couleurs d(schema, true, 0, m.boites, &m);
+        controle<QPushButton>(d, "couleurTrace")->click();
+        controle<QPushButton>(d, choisie ? "Command2" : "Command1")->click();
+        EXPECT_EQ(texteCouleurs(schema), neutre);
     }
 }
 
-std::string lisTout(const QString& chemin)
-{
-    QFile f(chemin);
-    return f.open(QIODevice::ReadOnly) ? f.readAll().toStdString() : std::string("(absent)");
-}
-
-// The dialog opened from PARAMETRER "les Couleurs": the family swatch is
-// set to red and OK pressed.
+// PARAMETRER "les Couleurs" opens the dialog: the family swatch set to red
+// and OK pressed.
 void familleEnRouge(Banc& banc, Mirado& m)
 {
     banc.choixCouleur = [](const QString&) -> std::optional<QColor> { return QColor(Qt::red); };
@@ -134,85 +77,37 @@ void familleEnRouge(Banc& banc, Mirado& m)
     EXPECT_EQ(vu, QStringLiteral("couleurs"));
 }
 
-TEST(Couleurs, PoliciesWriteAndReadTheRememberedFile)
+// The policies: 0 for the session only, 1 written beside mem.log, 2 read
+// back into the colours in force (a missing file is said, nothing changes).
+TEST(Couleurs, PolitiquesEcriventEtRelisentLeFichierMemorise)
 {
     Banc banc;
     Mirado& m = banc.demarre();
-    ASSERT_TRUE(article(m, "mnupara", 1)->isEnabled());
     const QString fichier =
         QString::fromStdString(m.etat.fenetre.dossierCourbes) + QString::fromUtf8(nomFichierCouleurs());
-    const std::string memLog = lisTout(QString::fromStdString(m.etat.fenetre.dossierCourbes) + "mem.log");
-
-    // 0: in force for the session, nothing written.
     article(m, "mnuchcol", 0)->trigger();
     familleEnRouge(banc, m);
     EXPECT_EQ(m.etat.couleurs.couleurFamille, 0xFFu);
     EXPECT_FALSE(QFile::exists(fichier));
 
-    // 2 with no remembered file: told, nothing changes.
     article(m, "mnuchcol", 2)->trigger();
     ASSERT_EQ(banc.messages.size(), 1);
     EXPECT_TRUE(banc.messages.back().contains(QStringLiteral("couleurs.txt")));
     EXPECT_EQ(m.etat.fenetre.politiqueCouleurs, 0);
-    EXPECT_TRUE(article(m, "mnuchcol", 0)->isChecked());
 
-    // 1: written beside mem.log, which does not change.
     m.etat.couleurs.couleurFamille = 0;
     article(m, "mnuchcol", 1)->trigger();
     familleEnRouge(banc, m);
-    EXPECT_NE(lisTout(fichier).find("\ncouleurFamille=255\n"), std::string::npos) << lisTout(fichier);
-    EXPECT_EQ(lisTout(QString::fromStdString(m.etat.fenetre.dossierCourbes) + "mem.log"), memLog);
+    SchemaCouleurs relu;
+    ASSERT_FALSE(lisCouleurs(fichier.toStdString(), relu));
+    EXPECT_EQ(relu.couleurFamille, 0xFFu);
 
-    // 2: read back into the colours in force.
     m.etat.couleurs.couleurFamille = 0x00FF00;
     article(m, "mnuchcol", 2)->trigger();
     EXPECT_EQ(m.etat.couleurs.couleurFamille, 0xFFu);
     EXPECT_EQ(m.etat.fenetre.politiqueCouleurs, 2);
-
-    // A damaged file: told with its line, nothing changes.
-    banc.ecrisFichier(QDir(banc.chemin(QString())).relativeFilePath(fichier), "couleurTrace=255\ncouleurFamille=x\n");
-    m.etat.couleurs.couleurFamille = 0x00FF00;
-    article(m, "mnuchcol", 0)->trigger();
-    article(m, "mnuchcol", 2)->trigger();
-    ASSERT_EQ(banc.messages.size(), 2);
-    EXPECT_TRUE(banc.messages.back().contains(QStringLiteral("ligne 2"))) << banc.messages.back().toStdString();
-    EXPECT_EQ(m.etat.couleurs.couleurFamille, 0x00FF00u);
-    EXPECT_EQ(m.etat.fenetre.politiqueCouleurs, 0);
-}
-
-// F2 ("Rouge") colours the next families too, and a family is listed in
-// the colour it is drawn in.
-TEST(Couleurs, CurveColourKeyColoursFamiliesAndTheirListing)
-{
-    Banc banc;
-    const QString relatif = QStringLiteral("Espace_courbes/Lisurf.lsu");
-    QDir().mkpath(QFileInfo(banc.chemin(relatif)).absolutePath());
-    {
-        Catalogue cat;
-        ASSERT_FALSE(ouvrirCatalogue(cat, banc.chemin(relatif).toStdString()));
-        ASSERT_FALSE(ecrisLigne(cat, 1, LigneCatalogue{2, "x=f1(a,t)=a*COS(T)][y=f2(a,t)=a*SIN(T)][z=f3(a,t)=A"}));
-    }
-    Mirado& m = banc.demarre();
-    m.etat.param.ordreBoucles = 0;
-    m.etat.param.avecMoirure = false;
-    struct Cas {
-        int touche;  // mnucl index
-        const char* nom;
-    };
-    int ligne = 0;
-    for (const Cas& c : {Cas{1, "En rouge:"}, Cas{3, "En bleu:"}}) {
-        article(m, "mnucl", c.touche)->trigger();
-        EXPECT_EQ(m.etat.couleurs.couleurFamille, m.etat.couleurs.couleurTrace);
-        article(m, "mnufa", 1)->trigger();
-        ++ligne;
-        ASSERT_EQ(int(articles(m, "mnutra").size()), ligne + 1);
-        EXPECT_TRUE(article(m, "mnutra", ligne)->text().contains(QString::fromUtf8(c.nom)))
-            << article(m, "mnutra", ligne)->text().toStdString();
-        EXPECT_EQ(m.etat.courbes.lignes.back()[colCouleurFamille], double(m.etat.couleurs.couleurTrace));
-        // The list of drawn curves describes the same colour.
-        Licou licou(m.etat.courbes, m.etat.catalogue, ligne, &m);
-        EXPECT_EQ(controle<QLabel>(licou, "Label1_0")->text(), QStringLiteral("Trait ") + QString::fromUtf8(c.nom));
-    }
+    EXPECT_TRUE(article(m, "mnuchcol", 2)->isChecked());
+    EXPECT_EQ(banc.messages.size(), 1);
 }
 
 }  // namespace
