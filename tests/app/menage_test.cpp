@@ -1,5 +1,6 @@
-// The pruning dialog: deleting the selected entries, compacting, the
-// hourglass meanwhile, and its menu entry.
+// The pruning dialog: its buttons reach the compaction with the selected
+// records (never the header), the list follows, the hourglass shows
+// meanwhile; its menu entry opens it on the catalogue in force.
 #include <QApplication>
 #include <QListWidget>
 #include <QPushButton>
@@ -13,105 +14,61 @@
 namespace velorin::essai {
 namespace {
 
-namespace fs = std::filesystem;
-
 // Records the pointer shapes a widget takes, in turn.
-class Pointeurs : public QObject {
-public:
-    explicit Pointeurs(QWidget* w) : widget_(w) { w->installEventFilter(this); }
+struct Pointeurs : QObject {
     std::vector<Qt::CursorShape> formes;
-
-protected:
-    bool eventFilter(QObject* objet, QEvent* e) override
+    explicit Pointeurs(QWidget* w) { w->installEventFilter(this); }
+    bool eventFilter(QObject* o, QEvent* e) override
     {
-        if (objet == widget_ && e->type() == QEvent::CursorChange)
-            formes.push_back(widget_->cursor().shape());
+        if (e->type() == QEvent::CursorChange)
+            formes.push_back(static_cast<QWidget*>(o)->cursor().shape());
         return false;
     }
-
-private:
-    QWidget* widget_;
 };
 
-// The texts of the list lines after the header, without the padding.
-std::vector<std::string> lignes(const QListWidget* liste)
+TEST(Menage, BoutonsVersLaReductionEtLaListeSuit)
 {
-    std::vector<std::string> textes;
-    for (int i = 1; i < liste->count(); ++i)
-        textes.push_back(liste->item(i)->text().left(liste->item(i)->text().indexOf(QLatin1Char(' '))).toStdString());
-    return textes;
-}
-
-// The bench's catalogue holding `entrees`.
-struct Menagerie : Fichier {
-    explicit Menagerie(const std::vector<LigneCatalogue>& entrees) : Fichier(0)
-    {
-        for (const LigneCatalogue& l : entrees)
-            EXPECT_FALSE(ecrisLigne(cat, cat.nbLignesCatalogue + 1, l));
-    }
-};
-
-const std::vector<LigneCatalogue> cinq = {
-    {1, "x=f1(t)=t"}, {2, "x=f1(a,t)=a"}, {9, "Point:[(1,2,3)]"}, {0, "y=f(x)=x^2"}, {5, "D(M,u):[(0,0,0)][(1,0,0)]"}};
-
-TEST(Menage, EliminerOuReduireEtLaListeSuit)
-{
+    const char* const textes[] = {"x=f1(t)=t", "x=f1(a,t)=a", "Point:[(1,2,3)]", "y=f(x)=x^2",
+                                  "D(M,u):[(0,0,0)][(1,0,0)]"};
     struct Cas {
         const char* nom;
-        std::vector<int> selection;  // rows of List2
+        std::vector<int> selection;  // rows of List2 (0: the header, always selected first)
         const char* bouton;          // "Command1" J'ELIMINE, "Command3" JE REDUIS LE FICHIER
-        std::vector<std::string> attendu;
+        bool dossierLibi;            // the compaction file is a folder: refused
+        std::vector<int> restent;    // records of `textes` listed afterwards
+        const char* message;         // "" none
     };
     const Cas cas[] = {
-        {"records 2 and 4 of five",
-         {2, 4},
-         "Command1",
-         {"0001]x=f1(t)=t", "0002]Point:[(1,2,3)]", "0003]D(M,u):[(0,0,0)][(1,0,0)]"}},
-        {"header only",
-         {0},
-         "Command1",
-         {"0001]x=f1(t)=t", "0002]x=f1(a,t)=a", "0003]Point:[(1,2,3)]", "0004]D(M,u):[(0,0,0)][(1,0,0)]"}},
-        {"compaction only, the selection is not deleted",
-         {1, 2},
-         "Command3",
-         {"0001]x=f1(t)=t", "0002]x=f1(a,t)=a", "0003]Point:[(1,2,3)]", "0004]D(M,u):[(0,0,0)][(1,0,0)]"}},
+        {"lignes 2 et 4 éliminées", {2, 4}, "Command1", false, {1, 3, 5}, ""},
+        {"réduire n'élimine pas la sélection", {1, 2}, "Command3", false, {1, 2, 3, 5}, ""},
+        {"échec dit, rien ne change", {1}, "Command1", true, {1, 2, 3, 4, 5}, "LIBI.lcs » est un dossier"},
     };
     for (const Cas& c : cas) {
-        Menagerie m(cinq);
-        Menage dialogue(m.cat, m.boites);
-        EXPECT_EQ(dialogue.windowTitle(), QStringLiteral("Suppression des courbes indésirables"));
+        SCOPED_TRACE(c.nom);
+        Fichier f(0);
+        const int16_t genres[] = {1, 2, 9, 0, 5};
+        for (int i = 0; i < 5; ++i)
+            ASSERT_FALSE(ecrisLigne(f.cat, i + 1, LigneCatalogue{genres[i], textes[i]}));
+        if (c.dossierLibi)
+            std::filesystem::create_directory(std::filesystem::path(f.cat.chemin).parent_path() / "LIBI.lcs");
+        Menage dialogue(f.cat, f.boites);
         auto* liste = controle<QListWidget>(dialogue, "List2");
-        ASSERT_EQ(liste->count(), 6);
-        EXPECT_EQ(liste->item(0)->foreground().color(), QColor(Qt::blue));
         for (int r : c.selection)
             liste->item(r)->setSelected(true);
         Pointeurs pointeurs(&dialogue);
         controle<QPushButton>(dialogue, c.bouton)->click();
-        EXPECT_EQ(lignes(liste), c.attendu) << c.nom;
-        EXPECT_EQ(m.cat.nbLignesCatalogue, NumeroLigne(c.attendu.size())) << c.nom;
-        EXPECT_TRUE(dialogue.aReduit()) << c.nom;
-        EXPECT_EQ(pointeurs.formes, (std::vector<Qt::CursorShape>{Qt::WaitCursor, Qt::ArrowCursor})) << c.nom;
-        EXPECT_TRUE(m.messages.isEmpty()) << c.nom;
+        QStringList lignes, attendu;
+        for (int i = 1; i < liste->count(); ++i)
+            lignes << liste->item(i)->text().section(QLatin1Char(' '), 0, 0);
+        for (int r : c.restent)
+            attendu << QStringLiteral("%1]").arg(attendu.size() + 1, 4, 10, QLatin1Char('0')) + textes[r - 1];
+        EXPECT_EQ(lignes, attendu);
+        EXPECT_EQ(dialogue.aReduit(), !c.dossierLibi);
+        EXPECT_EQ(pointeurs.formes, (std::vector<Qt::CursorShape>{Qt::WaitCursor, Qt::ArrowCursor}));
+        EXPECT_TRUE(*c.message ? f.messages.size() == 1 && f.messages[0].contains(QString::fromUtf8(c.message))
+                               : f.messages.isEmpty())
+            << f.messages.join('|').toStdString();
     }
-}
-
-// A compaction that cannot be done says why, changes nothing and gives the
-// pointer back.
-TEST(Menage, EchecDitEtRienNeChange)
-{
-    Menagerie m(cinq);
-    fs::create_directory(fs::path(m.cat.chemin).parent_path() / "LIBI.lcs");
-    const auto taille = fs::file_size(m.cat.chemin);
-    Menage dialogue(m.cat, m.boites);
-    auto* liste = controle<QListWidget>(dialogue, "List2");
-    liste->item(1)->setSelected(true);
-    controle<QPushButton>(dialogue, "Command1")->click();
-    ASSERT_EQ(m.messages.size(), 1);
-    EXPECT_TRUE(m.messages[0].contains(QStringLiteral("LIBI.lcs » est un dossier"))) << m.messages[0].toStdString();
-    EXPECT_EQ(liste->count(), 6);
-    EXPECT_EQ(fs::file_size(m.cat.chemin), taille);
-    EXPECT_FALSE(dialogue.aReduit());
-    EXPECT_EQ(dialogue.cursor().shape(), Qt::ArrowCursor);
 }
 
 // "Elaguer fonctions" opens the dialog on the catalogue in force; the entry
@@ -122,8 +79,6 @@ TEST(Menage, OuvertParElaguerFonctions)
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 5);
     Mirado& m = banc.demarre();
     ASSERT_EQ(articles(m, "mnufa").size(), 6u);
-    QAction* elaguer = article(m, "mnupara", 8);
-    EXPECT_EQ(elaguer->text(), QStringLiteral("Elaguer fonctions"));
     QTimer::singleShot(0, &m, [&] {
         auto* d = qobject_cast<Menage*>(QApplication::activeModalWidget());
         ASSERT_NE(d, nullptr);
@@ -133,7 +88,7 @@ TEST(Menage, OuvertParElaguerFonctions)
         controle<QPushButton>(*d, "Command1")->click();
         controle<QPushButton>(*d, "Command2")->click();
     });
-    elaguer->trigger();
+    article(m, "mnupara", 8)->trigger();
     EXPECT_EQ(m.etat.catalogue.nbLignesCatalogue, 3);
     EXPECT_EQ(articles(m, "mnufa").size(), 4u);
     EXPECT_TRUE(banc.messages.isEmpty());
