@@ -1,7 +1,6 @@
 // `velorin catalogue` and its sub-commands run as a script runs them: what
-// they print, their status, the catalogue's bytes afterwards. The texts of
-// each kind, the records' layout and the compaction are the tests of plot
-// and catalogue.
+// they print, their status, the catalogue afterwards. Each kind's text, the
+// records' layout and the compaction are the tests of plot and catalogue.
 #include <sys/stat.h>
 
 #include "processus.h"

@@ -114,6 +114,7 @@ TEST_F(Exporte, UnRefusParFamilleDArguments)
 {
     ecris("cat.txt", contenu("essai.lsu"));
     ecris("t_3.txt", contenu("essai.lsu"));
+    ecris("p.txt", lisFichier(fs::path(VELORIN_SOURCE_DIR) / "data/Espace_courbes/mem.log"));
     ecris("x.png", "ancienne image\n");
     const std::string fig = figureVide("essai.lsu");
     ecris("abimee.fig", std::string(fig).replace(fig.find("True \r"), 4, "Oui"));
@@ -139,6 +140,7 @@ TEST_F(Exporte, UnRefusParFamilleDArguments)
         {{"--parametres", "absent.log", "--sortie", "y.png"}, "Le fichier de paramètres « "},
         {{"--sortie", "absent/y.png"}, "Le dossier de sortie « absent » n'existe pas"},
         {{"--catalogue", "cat.txt", "--sortie", "cat.txt"}, "est aussi lu par cette commande"},
+        {{"--parametres", "p.txt", "--sortie", "p.txt"}, "est aussi lu par cette commande"},
         {{"--figure", "abimee.fig", "--sortie", "y.png"}, "ne s'emploie pas avec --catalogue"},
     };
     for (const Cas& c : avecEntree)

@@ -40,8 +40,7 @@ inline std::string octetsFiche(int genre, const std::string& texte)
     return octetsEnregistrement({static_cast<std::int16_t>(genre), texte});
 }
 
-// An environment whose writes fail after `octets` bytes of a file, as on a
-// full disk.
+// An environment where writes fail after `octets` bytes, as on a full disk.
 inline QProcessEnvironment disquePlein(const char* octets)
 {
     QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
