@@ -1,176 +1,99 @@
-// `velorin catalogue liste` and `velorin catalogue ajoute` run as separate
-// processes, as a script runs them: their output, their exit status, and
-// the catalogue's bytes afterwards, damaged catalogues included.
-#include <QProcessEnvironment>
-
+// `velorin catalogue` and its sub-commands run as a script runs them: what
+// they print, their status, the catalogue afterwards. Each kind's text, the
+// records' layout and the compaction are the tests of plot and catalogue.
 #include <sys/stat.h>
 
-#include <filesystem>
-#include <set>
-#include <string>
+#include "processus.h"
 
-#include "catalogue/catalogue.h"
-#include "commande_catalogue.h"
-
-namespace fs = std::filesystem;
-using namespace velorin;
-using namespace velorin::essai;
-
+namespace velorin::essai {
 namespace {
 
-// Each entry is stored as the editor of its kind stores it, then listed.
-TEST_F(CommandeCatalogue, AjouteCommeLesEditeursPuisListe)
+class CommandeCatalogue : public DossierProcessus {
+protected:
+    CommandeCatalogue() : DossierProcessus("catalogue") { }
+};
+
+// Each step runs on the catalogue the previous steps left; each prints the
+// line `liste` shows for what it wrote (a point already there: its line).
+TEST_F(CommandeCatalogue, ChaqueSousCommandeAtteintSonEcrivain)
 {
-    ecris("c.lsu", "");
-    struct Cas {
-        QStringList arguments;
-        int genre;
-        const char* texte;
+    const std::string point = octetsFiche(9, "Point:[(1,2,3)]"), f1 = octetsFiche(1, "x=f1(t)=t");
+    ecris("c.lsu", f1 + point);
+    // Left over by an earlier compaction: its records past the kept ones stay.
+    ecris("LIBI.lcs", octetsFiche(7, "L1") + octetsFiche(7, "L2") + octetsFiche(7, "L3") + octetsFiche(7, "L4") +
+                          octetsFiche(7, "L5"));
+    const std::pair<QStringList, const char*> pas[] = {
+        {{"ajoute", "c.lsu", "--genre", "7", "--plan", "--", "-x+y-1=0"}, "0003]Droite:[-x+y-1=0][07\n"},
+        {{"ajoute", "c.lsu", "--genre", "5", "--ligne", "3", "[1,2,3]", " {1,0,0} "},
+         "0003]D(M,u):[(1,2,3)][(1,0,0)][05\n"},
+        {{"liste", "c.lsu"}, "0001]x=f1(t)=t[01\n0002]Point:[(1,2,3)][09\n0003]D(M,u):[(1,2,3)][(1,0,0)][05\n"},
+        {{"point", "c.lsu", " [4,5,6} "}, "0004]Point:[(4,5,6)][09\n"},
+        {{"point", "c.lsu", "{1,2,3]"}, "0002]Point:[(1,2,3)][09\n"},
+        {{"relie", "c.lsu", "4", "2"}, "0005]Segment:[(4,5,6)][(1,2,3)][08\n"},
+        {{"elimine", "c.lsu", "1", "3"},
+         "Effacées et compacté : le catalogue garde 3 entrées, lignes 1 à 3 ; les lignes 4 à 5 viennent de « "
+         "LIBI.lcs », laissé par un compactage précédent.\n"},
+        {{"elimine", "c.lsu", "4", "5"}, "Effacées et compacté : le catalogue garde 3 entrées, lignes 1 à 3.\n"},
+        {{"reduis", "c.lsu"}, "Compacté : le catalogue garde 3 entrées, lignes 1 à 3.\n"},
     };
-    const Cas cas[] = {
-        {{"--genre", "5", "[1,2,3]", " {1,0,0} "}, 5, "D(M,u):[(1,2,3)][(1,0,0)]"},
-        {{"--genre", "7", "--plan", "x+y-1=0"}, 7, "Droite:[x+y-1=0]"},
-        {{"--genre", "7", "2x+y-z=0"}, 7, "Plan:[2x+y-z=0]"},
-        {{"--genre", "14", "x^2", "2*x+1", "10"}, 14, "x^2<2*x+1<10"},
-        {{"--plan", "--genre", "1", "cos[t]", "sin(t)"}, 1, "x=f1(t)=cos(t)][y=f2(t)=sin(t)"},
-        {{"--genre", "0", "--plan", "--", "-x^2"}, 0, "y = f(x)=-x^2"},
-        {{"--genre", "0", "-x", "t"}, 0, "y = f(x)=-x][t"},
-        {{"--genre", "6", "(0,0,0)", "(1,0,0)", "(0,1,0)"}, 6, "P(M,u,v):[(0,0,0)][(1,0,0)][(0,1,0)]"},
-        {{"--genre", "8", "(0,0)", "(1,1)", "--plan"}, 8, "Segment:[(0,0)][(1,1)]"},
-        {{"--genre", "15", "é", "x*y", "1"}, 15, "é<x*y<1"},
-        {{"--genre", "9", "--ligne", "2", "(1,2,3)"}, 9, "Point:[(1,2,3)]"},
-    };
-    std::string attendu;
-    std::vector<std::string> lignes;  // what the list shows, record by record
-    for (const Cas& c : cas) {
-        const Sortie s = lance(QStringList{"ajoute", "c.lsu"} + c.arguments);
-        const std::string nom = c.arguments.join(' ').toStdString();
+    for (const auto& [arguments, sortie] : pas) {
+        const std::string nom = arguments.join(' ').toStdString();
+        const Sortie s = lance(arguments);
         EXPECT_EQ(s.code, 0) << nom << " : " << s.erreurs;
-        const bool ecrase = c.arguments.contains("--ligne");
-        const int ligne = ecrase ? 2 : int(lignes.size()) + 1;
-        const std::string ligneListe = entierFormate(ligne, 4) + "]" + c.texte + "[" + entierFormate(c.genre, 2);
-        EXPECT_EQ(s.sortie, ligneListe + "\n") << nom;
-        if (ecrase) {
-            attendu.replace(302, 302, octetsFiche(c.genre, c.texte));
-            lignes[1] = ligneListe;
-        } else {
-            attendu += octetsFiche(c.genre, c.texte);
-            lignes.push_back(ligneListe);
-        }
-        EXPECT_EQ(contenu("c.lsu"), attendu) << nom;
+        EXPECT_EQ(s.sortie, sortie) << nom;
+        EXPECT_EQ(s.erreurs, arguments[0] == "point" && arguments[2][0] == '{'
+                                 ? "velorin catalogue point : ce point est déjà à la ligne 2 : rien n'est écrit.\n"
+                                 : "")
+            << nom;
     }
-    const Sortie s = lance({"liste", "c.lsu"});
-    EXPECT_EQ(s.code, 0);
-    std::string liste;
-    for (const std::string& l : lignes)
-        liste += l + "\n";
-    EXPECT_EQ(s.sortie, liste);
-    EXPECT_EQ(noms(), std::set<std::string>{"c.lsu"});
+    EXPECT_EQ(contenu("c.lsu"),
+              point + octetsFiche(9, "Point:[(4,5,6)]") + octetsFiche(8, "Segment:[(4,5,6)][(1,2,3)]"));
+    EXPECT_EQ(dossier_.noms(), std::vector<std::string>{"c.lsu"});
+    // What the list shows of a damaged record: its control bytes made visible.
+    ecris("c.lsu", std::string("\x09\x00", 2) + "a\x1b[2Jb\rc" + std::string(292, ' '));
+    EXPECT_EQ(lance({"liste", "c.lsu"}).sortie, "0001]a\\e[2Jb\\rc[09\n");
 }
 
-// What a damaged catalogue lists: kinds out of range as they stand, control
-// bytes made visible, a trailing partial record ignored; what cannot be a
-// catalogue is refused without blocking and without being created.
-TEST_F(CommandeCatalogue, ListeDesCataloguesAbimes)
+TEST_F(CommandeCatalogue, UnRefusParFamilleDArguments)
 {
-    struct Cas {
-        std::string octets;
-        const char* sortie;
-    };
-    const Cas cas[] = {
-        {"", ""},
-        {octetsFiche(1, "x=f1(t)=t") + std::string(301, 'z'), "0001]x=f1(t)=t[01\n"},
-        {octetsFiche(-1, "") + octetsFiche(12, "a<b") + octetsFiche(300, "   "),
-         "0001][-01\n0002]a<b[12\n0003][300\n"},
-        {std::string("\x09\x00", 2) + "a\x1b[2Jb\rc" + std::string(1, '\0') + "\xe9\x81" + std::string(289, ' '),
-         "0001]a\\e[2Jb\\rc\\0é\\xC2\\x81[09\n"},
-    };
-    for (const Cas& c : cas) {
-        ecris("c.lsu", c.octets);
-        const Sortie s = lance({"liste", "c.lsu"});
-        EXPECT_EQ(s.code, 0) << s.erreurs;
-        EXPECT_EQ(s.sortie, c.sortie);
-        EXPECT_EQ(contenu("c.lsu"), c.octets);
-    }
-    fs::create_directory(dossier_ / "dossier.lsu");
+    ecris("c.lsu", octetsFiche(1, "x=f1(t)=t") + octetsFiche(9, "Point:[(1,2,3)]") + "reste");
     ASSERT_EQ(mkfifo((dossier_ / "tube.lsu").c_str(), 0600), 0);
-    fs::create_symlink("boucle.lsu", dossier_ / "boucle.lsu");
-    {
-        std::ofstream((dossier_ / "enorme.lsu").string());
-    }
-    fs::resize_file(dossier_ / "enorme.lsu", 250001ull * 302);
-    const std::pair<const char*, const char*> refus[] = {
-        {"absent.lsu", "absent.lsu » n'existe pas"},
-        {"dossier.lsu", "est un dossier"},
-        {"tube.lsu", "est un tube nommé"},
-        {"boucle.lsu", "tourne en boucle"},
-        {"enorme.lsu", "est trop grand : 250 001 entrées"},
+    ecris("long.lsu", octetsFiche(9, "Point:[(" + std::string(150, '7') + ")]") +
+                          octetsFiche(9, "Point:[(" + std::string(150, '6') + ")]"));
+    const std::pair<QStringList, const char*> cas[] = {
+        {{}, "sous-commande manquante"},
+        {{"range", "c.lsu"}, "sous-commande inconnue « range »"},
+        {{"liste"}, "fichier catalogue manquant"},
+        {{"liste", "c.lsu", "autre"}, "n'attend que le fichier catalogue"},
+        {{"liste", "absent.lsu"}, "absent.lsu » n'existe pas"},
+        {{"reduis", "tube.lsu"}, "est un tube nommé"},
+        {{"ajoute", "--genre", "9"}, "fichier catalogue manquant"},
+        {{"ajoute", "c.lsu", "(1,2)"}, "--genre manquant"},
+        {{"ajoute", "c.lsu", "--genre", "neuf", "(1,2)"}, "--genre attend le numéro d'un genre"},
+        {{"ajoute", "c.lsu", "--genre", "6", "--plan", "a", "b", "c"}, "aucun éditeur n'écrit le genre 6 dans le plan"},
+        {{"ajoute", "c.lsu", "--genre", "9", "--couleur", "(1,2)"}, "option inconnue « --couleur »"},
+        {{"ajoute", "c.lsu", "--genre", "5", "(1,2)"}, "attend 2 textes (le point M, le vecteur u), pas 1"},
+        {{"ajoute", "c.lsu", "--genre", "9", "--ligne", "3", "(1,2)"}, "la ligne 3 n'existe pas"},
+        {{"ajoute", "c.lsu", "--genre", "9", QString(298, 'x')}, "il serait coupé et « xxxxx] » perdu"},
+        {{"ajoute", "c.lsu", "--genre", "9", "(π,1)"}, "« (π,1) » contient un caractère qu'un catalogue ne peut"},
+        {{"point", "c.lsu", "(1,\t2)"}, "contient un caractère de commande"},
+        {{"point", "c.lsu"}, "arguments incorrects. Usage : velorin catalogue point FICHIER.lsu \"(x,y,z)\""},
+        {{"point", "c.lsu", " "}, "Tapez les coordonnées du point"},
+        {{"relie", "c.lsu", "1", "2"}, "La ligne 1 du catalogue « c.lsu » n'est pas un point (genre 1)."},
+        {{"relie", "c.lsu", "2", "x"}, "« x » n'est pas un numéro de ligne"},
+        {{"relie", "long.lsu", "1", "2"}, "fait 316 caractères et une ligne du catalogue n'en garde que 300"},
+        {{"elimine", "c.lsu", "1", "0"}, "la ligne 0 n'existe pas dans le catalogue « c.lsu » (2 lignes)"},
+        {{"reduis", "c.lsu", "1"}, "Usage : velorin catalogue reduis FICHIER.lsu"},
     };
-    for (const auto& [nom, message] : refus)
-        refuse({"liste", nom}, message);
-    refuse({"liste"}, "fichier catalogue manquant");
-    refuse({"liste", "c.lsu", "autre"}, "n'attend que le fichier catalogue");
-    refuse({"range", "c.lsu"}, "sous-commande inconnue « range »");
-}
-
-TEST_F(CommandeCatalogue, AjouteRefuseSansRienChanger)
-{
-    const std::string deux = octetsFiche(9, "Point:[(1,1)]") + octetsFiche(5, "D(M,u):[(0,0)][(1,0)]");
-    ecris("c.lsu", deux + "reste");
-    fs::create_directory(dossier_ / "dossier.lsu");
-    ASSERT_EQ(mkfifo((dossier_ / "tube.lsu").c_str(), 0600), 0);
-    const std::string long301(298, 'x');
-    struct Cas {
-        QStringList arguments;
-        const char* message;
-    };
-    const Cas cas[] = {
-        {{"absent.lsu", "--genre", "9", "(1,2)"}, "absent.lsu » n'existe pas"},
-        {{"dossier.lsu", "--genre", "9", "(1,2)"}, "est un dossier"},
-        {{"tube.lsu", "--genre", "9", "(1,2)"}, "est un tube nommé"},
-        {{"c.lsu", "--genre", "9", "--ligne", "3", "(1,2)"}, "la ligne 3 n'existe pas"},
-        {{"c.lsu", "--genre", "9", "--ligne", "0", "(1,2)"}, "la ligne 0 n'existe pas"},
-        {{"c.lsu", "--genre", "9", "--ligne", "-1", "(1,2)"}, "« -1 » n'est pas un numéro de ligne"},
-        {{"c.lsu", "--genre", "9", "--ligne", "2x", "(1,2)"}, "« 2x » n'est pas un numéro de ligne"},
-        {{"c.lsu", "--genre", "12", "a", "b", "c"}, "aucun éditeur n'écrit le genre 12"},
-        {{"c.lsu", "--genre", "6", "--plan", "a", "b", "c"}, "aucun éditeur n'écrit le genre 6 dans le plan"},
-        {{"c.lsu", "--genre", "neuf", "(1,2)"}, "--genre attend le numéro d'un genre"},
-        {{"c.lsu", "(1,2)"}, "--genre manquant"},
-        {{"--genre", "9"}, "fichier catalogue manquant"},
-        {{"c.lsu", "--genre", "9", "--couleur", "(1,2)"}, "option inconnue « --couleur »"},
-        {{"c.lsu", "--genre", "5", "(1,2)"}, "attend 2 textes (le point M, le vecteur u), pas 1"},
-        {{"c.lsu", "--genre", "1", "--plan", "t", "t", "t"}, "attend 2 textes"},
-        {{"c.lsu", "--genre", "9", QString::fromStdString(long301)}, "fait 306 caractères"},
-        {{"c.lsu", "--genre", "9", "(π,1)"}, "« (π,1) » contient un caractère qu'un catalogue ne peut pas garder"},
-        {{"c.lsu", "--genre", "9", "(1,\t2)"}, "contient un caractère de commande"},
-    };
-    for (const Cas& c : cas)
-        refuse(QStringList{"ajoute"} + c.arguments, c.message);
-    // The text over 300 characters says what would be lost.
-    const Sortie s = lance({"ajoute", "c.lsu", "--genre", "9", QString::fromStdString(long301)});
-    EXPECT_NE(s.erreurs.find("il serait coupé et « xxxxx] » perdu"), std::string::npos) << s.erreurs;
-
-    // A disk that fills up: the catalogue stays byte for byte, no temporary.
-    QProcessEnvironment plein = QProcessEnvironment::systemEnvironment();
-    plein.insert("VELORIN_ESSAI_DISQUE_PLEIN", "400");
-    for (const char* ligne : {"1", "2"})
-        refuse({"ajoute", "c.lsu", "--genre", "9", "--ligne", ligne, "(7,7)"}, "c.lsu » : le disque est plein", plein);
-    refuse({"ajoute", "c.lsu", "--genre", "9", "(7,7)"}, "c.lsu » : le disque est plein", plein);
-
-    // Appending over the partial record replaces it, as the editors do.
-    const Sortie ajout = lance({"ajoute", "c.lsu", "--genre", "9", "--plan", "(7,7)"});
-    EXPECT_EQ(ajout.code, 0) << ajout.erreurs;
-    EXPECT_EQ(contenu("c.lsu"), deux + octetsFiche(9, "Point:[(7,7)]"));
-}
-
-// A list that cannot reach the standard output whole is a failure.
-TEST_F(CommandeCatalogue, SortiePleine)
-{
-    ecris("c.lsu", octetsFiche(9, "Point:[(1,1)]"));
-    const Sortie s = lanceVelorin({"catalogue", "liste", "c.lsu"}, dossier_.string(),
+    for (const auto& [arguments, message] : cas)
+        refuse(arguments, message);
+    refuse({"ajoute", "c.lsu", "--genre", "9", "(7,7)"}, "c.lsu » : le disque est plein", disquePlein("400"));
+    // A list that cannot reach the standard output whole is a failure.
+    const Sortie s = lanceVelorin({"catalogue", "liste", "c.lsu"}, dossier_.chemin().string(),
                                   QProcessEnvironment::systemEnvironment(), QStringLiteral("/dev/full"));
     EXPECT_EQ(s.code, 2);
     EXPECT_NE(s.erreurs.find("n'a pas pu être écrite en entier"), std::string::npos) << s.erreurs;
 }
 
 }  // namespace
+}  // namespace velorin::essai

@@ -1,18 +1,14 @@
-// `velorin` run as a separate process, as a user or a script runs it.
+// `velorin` run as a separate process, as a user or a script runs it: its
+// exit status, what it prints, and the files its folder holds afterwards.
 #pragma once
-#include <gtest/gtest.h>
-
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStringList>
 
-#include <unistd.h>
+#include <map>
 
-#include <filesystem>
-#include <fstream>
-#include <set>
-#include <sstream>
-#include <string>
+#include "catalogue/catalogue.h"
+#include "commun/commun.h"
 
 namespace velorin::essai {
 
@@ -38,50 +34,62 @@ inline Sortie lanceVelorin(const QStringList& arguments, const std::string& doss
             p.readAllStandardError().toStdString()};
 }
 
-// A fresh folder named after the test program's process, where one
-// sub-command of `velorin` runs; the files it leaves are read back.
+// A catalogue record as the file holds it.
+inline std::string octetsFiche(int genre, const std::string& texte)
+{
+    return octetsEnregistrement({static_cast<std::int16_t>(genre), texte});
+}
+
+// An environment where writes fail after `octets` bytes, as on a full disk.
+inline QProcessEnvironment disquePlein(const char* octets)
+{
+    QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
+    e.insert("VELORIN_ESSAI_DISQUE_PLEIN", octets);
+    return e;
+}
+
+// One sub-command of `velorin` run in a fresh folder.
 class DossierProcessus : public ::testing::Test {
 protected:
-    DossierProcessus(const char* prefixe, const char* commande)
-        : dossier_(std::filesystem::temp_directory_path() / (prefixe + std::to_string(::getpid()))),
-          commande_(QString::fromUtf8(commande))
-    { }
-    void SetUp() override
-    {
-        std::filesystem::remove_all(dossier_);
-        std::filesystem::create_directories(dossier_);
-    }
-    void TearDown() override { std::filesystem::remove_all(dossier_); }
+    explicit DossierProcessus(const char* commande) : commande_(QString::fromUtf8(commande)) { }
 
     Sortie lance(const QStringList& arguments,
                  const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
     {
-        return lanceVelorin(QStringList{commande_} + arguments, dossier_.string(), environnement);
+        return lanceVelorin(QStringList{commande_} + arguments, dossier_.chemin().string(), environnement);
     }
-    QString chemin(const char* nom) const { return QString::fromStdString((dossier_ / nom).string()); }
-    std::string contenu(const char* nom) const
+    QString chemin(const char* nom) const { return QString::fromStdString(dossier_ / nom); }
+    std::string contenu(const char* nom) const { return lisFichier(dossier_ / nom); }
+    void ecris(const char* nom, const std::string& octets) const { ecrisFichier(dossier_ / nom, octets); }
+
+    // Refused with status 2 and `message` in French on the error output:
+    // nothing printed, no English from Qt or the C++ library, every name and
+    // every file's bytes in the folder as they were.
+    void refuse(const QStringList& arguments, const std::string& message,
+                const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
     {
-        std::ifstream f(dossier_ / nom, std::ios::binary);
-        std::stringstream s;
-        s << f.rdbuf();
-        return s.str();
-    }
-    void ecris(const char* nom, const std::string& octets) const
-    {
-        std::ofstream(dossier_ / nom, std::ios::binary) << octets;
-    }
-    // Names in the folder, links included (a loop too), sorted.
-    std::set<std::string> noms() const
-    {
-        std::set<std::string> n;
-        for (const auto& e : std::filesystem::directory_iterator(dossier_))
-            n.insert(e.path().filename().string());
-        return n;
+        const std::string nom = arguments.join(' ').toStdString();
+        const auto avant = fichiers();
+        const Sortie s = lance(arguments, environnement);
+        EXPECT_EQ(s.code, 2) << nom;
+        EXPECT_NE(s.erreurs.find(message), std::string::npos) << nom << " : " << s.erreurs;
+        EXPECT_EQ(s.sortie, "") << nom;
+        for (const char* anglais : {"QPainter", "qt.", "filesystem", "terminate", "No such file", "Is a directory"})
+            EXPECT_EQ(s.erreurs.find(anglais), std::string::npos) << nom << " : " << s.erreurs;
+        EXPECT_EQ(fichiers(), avant) << nom;
     }
 
-    std::filesystem::path dossier_;
+    DossierTemporaire dossier_{"velorin_processus_"};
 
 private:
+    // Every name in the folder, with the bytes of those that are plain files.
+    std::map<std::string, std::string> fichiers() const
+    {
+        std::map<std::string, std::string> f;
+        for (const std::string& n : dossier_.noms())
+            f[n] = fs::is_regular_file(fs::symlink_status(dossier_.chemin() / n)) ? lisFichier(dossier_ / n) : "";
+        return f;
+    }
     QString commande_;
 };
 
