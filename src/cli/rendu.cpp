@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <ostream>
@@ -19,10 +20,10 @@
 #include "base/texte_sur.h"
 #include "catalogue/catalogue.h"
 #include "plot/demande.h"
-#include "plot/dessin_etiquettes.h"
 #include "plot/ecran.h"
 #include "plot/etat.h"
 #include "plot/figure.h"
+#include "plot/redessin.h"
 #include "qt/demarrage.h"
 #include "qt/dossiers.h"
 #include "qt/tour_anime.h"
@@ -122,30 +123,24 @@ Erreur prepareFigure(DemandeRendu& d, Etat& etat, std::string& avertissement)
     return {};
 }
 
-// Clearing, frame, then the entries in order, or the rows of a figure each
-// with its own values, then the labels; stops at the first message.
+// Clearing, frame, then the rows of a figure each with its own values, then
+// the entries in order, then the labels; stops at the first message.
 Erreur dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<double>& durees)
 {
-    effaceEcran(etat, surface);
-    traceRepere(etat, surface);
-    if (!d.figure.empty()) {
-        for (int i = 1; i <= etat.courbes.nbCourbes; ++i) {
-            OptionsTrace options;
-            options.ligne = i;
-            const ResultatTrace r = demandeTrace(etat, surface, 0, options, CrochetsTrace{});
-            durees.push_back(r.dureeMs);
-            if (r.erreur)
-                return "courbe tracée " + std::to_string(i) + " : " + r.erreur.message();
-        }
-    }
-    for (int n : d.entrees) {
-        const ResultatTrace r = demandeTrace(etat, surface, n, OptionsTrace{}, CrochetsTrace{});
+    Redessin quoi{.entrees = d.entrees};
+    if (!d.figure.empty())
+        quoi.lignes = toutesLesLignes(etat.courbes);
+    Erreur erreur;
+    quoi.apres = [&](const OptionsTrace& o, const ResultatTrace& r) {
         durees.push_back(r.dureeMs);
         if (r.erreur)
-            return "entrée " + std::to_string(n) + " : " + r.erreur.message();
-    }
-    dessineEtiquettes(etat.etiquettes, surface);
-    return {};
+            erreur = (o.ligne > 0 ? "courbe tracée " + std::to_string(o.ligne)
+                                  : "entrée " + std::to_string(d.entrees[std::size_t(o.rang)])) +
+                     " : " + r.erreur.message();
+        return !r.erreur;
+    };
+    static_cast<void>(redessine(etat, surface, quoi));
+    return erreur;
 }
 
 // The figure of what was drawn: the drawing is made on a surface that
@@ -204,22 +199,20 @@ void renduTour(Etat& etat, const DemandeRendu& d, ResultatRendu& r)
     tour.hauteurPx = d.hauteurPx;
     tour.titre = fs::path(d.catalogue).filename().string();
     tour.lus = {d.catalogue, d.parametres, d.figure};
-    auto courbes = [&](Etat& e, Surface& surface) -> Erreur {
-        for (std::size_t i = 0; i < lignes.size(); ++i) {
-            if (lignes[i] < 1)
-                continue;
-            const ResultatTrace t = demandeTrace(e, surface, 0, OptionsTrace{lignes[i]}, CrochetsTrace{});
-            r.dureesMs.push_back(t.dureeMs);
-            if (t.erreur)
-                return (d.figure.empty() ? "entrée " + std::to_string(d.entrees[i])
-                                         : "courbe tracée " + std::to_string(i + 1)) +
-                       " : " + t.erreur.message();
-        }
-        dessineEtiquettes(e.etiquettes, surface);  // a figure's labels stay where they stand
-        return {};
+    // A figure's labels stay where they stand.
+    Redessin quoi{.lignes = lignes};
+    Erreur erreur;
+    quoi.apres = [&](const OptionsTrace& o, const ResultatTrace& t) {
+        r.dureesMs.push_back(t.dureeMs);
+        const std::size_t i = std::size_t(std::find(lignes.begin(), lignes.end(), o.ligne) - lignes.begin());
+        if (t.erreur)
+            erreur = (d.figure.empty() ? "entrée " + std::to_string(d.entrees[i])
+                                       : "courbe tracée " + std::to_string(i + 1)) +
+                     " : " + t.erreur.message();
+        return !t.erreur;
     };
-    const ResultatTour fait = exporteTour(etat, EtatRotation{}, tour, courbes);
-    r.erreur = fait.erreur;
+    const ResultatTour fait = exporteTour(etat, EtatRotation{}, tour, quoi);
+    r.erreur = erreur ? erreur : fait.erreur;
     r.images = fait.images;
     if (!fait.avertissement.empty())
         r.avertissement = fait.avertissement;

@@ -3,9 +3,9 @@
 #include <chrono>
 #include <cstdio>
 
-#include "plot/demande.h"
 #include "plot/dessin_etiquettes.h"
 #include "plot/ecran.h"
+#include "plot/redessin.h"
 #include "plot/table_courbes.h"
 
 namespace velorin {
@@ -50,15 +50,16 @@ Erreur dessinePage(const Etat& etat, Surface& page, const std::string& pied)
     const double W = page.Width(), H = page.Height();
     ajusteVue(e, W, H);
     e.couleurs.couleurFond = couleursRepere(e).fond;
-    traceRepere(e, page);
+    // The redraw without clearing (the paper is white already) and without
+    // the labels, which come after the legend; it goes on past a message.
     Erreur premiere;
-    for (int i = 1; i <= e.courbes.nbCourbes; ++i) {
-        OptionsTrace options;
-        options.ligne = i;
-        const ResultatTrace r = demandeTrace(e, page, 0, options, CrochetsTrace{});
+    Redessin quoi{.efface = false, .lignes = toutesLesLignes(e.courbes), .etiquettes = false};
+    quoi.apres = [&premiere](const OptionsTrace&, const ResultatTrace& r) {
         if (r.erreur && !premiere)
             premiere = r.erreur;
-    }
+        return true;
+    };
+    static_cast<void>(redessine(e, page, quoi));
     page.Acheve();
 
     page.FontName = "ARIAL";

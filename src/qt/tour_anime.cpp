@@ -7,6 +7,7 @@
 #include "base/motif_numerote.h"
 #include "base/texte_sur.h"
 #include "plot/ecran.h"
+#include "plot/redessin.h"
 #include "qt/dessin_fichier.h"
 #include "qt/gif_anime.h"
 #include "qt/surface_qpainter.h"
@@ -14,7 +15,7 @@
 
 namespace velorin {
 
-ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const DemandeTour& d, const DessinCourbes& courbes)
+ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const DemandeTour& d, const Redessin& quoi)
 {
     ResultatTour r;
     const bool numerote = estMotifNumerote(d.sortie);
@@ -48,9 +49,7 @@ ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const Demande
             appliqueVue(etat.param, suite.vues[i]);
             if (!ajusteVue(etat, W, H))
                 r.avertissement = messageBaseRetablie;
-            effaceEcran(etat, surface);
-            traceRepere(etat, surface);
-            return courbes(etat, surface);
+            return redessine(etat, surface, quoi);
         };
     };
 

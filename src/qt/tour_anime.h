@@ -1,15 +1,15 @@
 // The full turn drawn at once, without waiting for the timers: every redraw
 // the timers would make (same viewing values, same end), each drawn as the
-// window's redraw does it (view set-up, clearing, frame, then the curves),
+// window's redraw does it (view set-up, then the one redraw of plot/redessin),
 // into an animated GIF or one numbered file per redraw. The command line and
 // the window's "Exporter" menu both export through here.
 #pragma once
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "base/erreur.h"
 #include "plot/etat.h"
+#include "plot/redessin.h"
 #include "view/rotation.h"
 #include "view/surface.h"
 
@@ -32,15 +32,12 @@ struct ResultatTour {
     std::string avertissement;  // ranges refused and reset during the turn
 };
 
-// What a redraw draws after the clearing and the frame: the curves.
-using DessinCourbes = std::function<Erreur(Etat&, Surface&)>;
-
-// Draws every redraw of the turn started from `etat` and `rotation` and
+// Draws every redraw of the turn started from `etat` and `rotation`, each
+// one `quoi` (the message of a redraw that stops ends the export), and
 // writes them: all the files whole, or none (every file is drawn to its
 // temporary first, the names take their places only when all are drawn).
 // The output and each numbered name are checked before anything is drawn.
 // Afterwards etat holds the viewing values and view of the last redraw.
-ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const DemandeTour& demande,
-                         const DessinCourbes& courbes);
+ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const DemandeTour& demande, const Redessin& quoi);
 
 }  // namespace velorin

@@ -14,9 +14,7 @@
 #include "base/chemins.h"
 #include "base/ecriture.h"
 #include "base/texte_sur.h"
-#include "plot/demande.h"
-#include "plot/dessin_etiquettes.h"
-#include "plot/ecran.h"
+#include "plot/redessin.h"
 #include "qt/dessin_fichier.h"
 #include "qt/png_rapide.h"
 #include "qt/tour_anime.h"
@@ -31,20 +29,6 @@ namespace {
 std::string avecExtension(const QString& nom, const char* extension)
 {
     return (QFileInfo(nom).suffix().isEmpty() ? nom + QLatin1String(extension) : nom).toStdString();
-}
-
-// Every drawn curve again from its row, as the redraw of everything does,
-// then the labels where they stand over the drawing.
-Erreur redessineCourbes(Etat& e, Surface& surface)
-{
-    for (int i = 1; i <= int(e.courbes.lignes.size()); ++i) {
-        const int numero = int(e.courbes.lignes[std::size_t(i - 1)][colNumero]);
-        const ResultatTrace t = demandeTrace(e, surface, numero, OptionsTrace{i}, CrochetsTrace{});
-        if (t.erreur)
-            return t.erreur;
-    }
-    dessineEtiquettes(e.etiquettes, surface);
-    return {};
 }
 
 }  // namespace
@@ -92,12 +76,11 @@ void Mirado::mnuexpo_Click(int index)
             EcritureEntiere fichier(chemin);
             erreur = fichier.ouverture();
             if (!erreur)
-                erreur = dessineDansFichier(fichier, format, int(image_.width() / ratio), int(image_.height() / ratio),
-                                            etat.fenetre.fichierCatalogue, [&copie](Surface& surface) {
-                                                effaceEcran(copie, surface);
-                                                traceRepere(copie, surface);
-                                                return redessineCourbes(copie, surface);
-                                            });
+                erreur =
+                    dessineDansFichier(fichier, format, int(image_.width() / ratio), int(image_.height() / ratio),
+                                       etat.fenetre.fichierCatalogue, [&copie](Surface& surface) {
+                                           return redessine(copie, surface, {.lignes = toutesLesLignes(copie.courbes)});
+                                       });
             if (!erreur)
                 erreur = fichier.termine();
         }
@@ -134,7 +117,7 @@ void Mirado::mnuexpo_Click(int index)
     // would.
     Etat copie = etat;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const ResultatTour r = exporteTour(copie, rotation_, d, redessineCourbes);
+    const ResultatTour r = exporteTour(copie, rotation_, d, {.lignes = toutesLesLignes(copie.courbes)});
     QApplication::restoreOverrideCursor();
     QString texte = r.erreur ? QString::fromStdString(r.erreur.message())
                              : QStringLiteral("Animation écrite : %1 images, %2.")

@@ -14,8 +14,8 @@
 #include "app/dialogues/entree_catalogue.h"
 #include "app/dialogues/menus_dialogue.h"
 #include "app/dialogues/remarques.h"
-#include "plot/demande.h"
 #include "plot/ecran.h"
+#include "plot/redessin.h"
 #include "plot/texte_entree.h"
 #include "qt/surface_qpainter.h"
 
@@ -178,16 +178,10 @@ QImage Tipara::apercu(QSize taille) const
     etat.fenetre.largeurVue = surface.Width();
     etat.fenetre.hauteurVue = surface.Height();
     ajusteVue(etat, surface.Width(), surface.Height());
-    effaceEcran(etat, surface);
-    traceRepere(etat, surface);
-    // No pause, no interruption: a formula the evaluator cannot read simply
-    // draws nothing here (the remarks say why).
-    CrochetsTrace crochets;
-    crochets.pause = [](int) {};
-    crochets.interrompu = [] { return false; };
-    crochets.bip = [] {};
-    crochets.debut = [](const std::string&) {};
-    demandeTrace(etat, surface, 1, OptionsTrace{}, crochets);
+    // The typed entry alone, without the labels; no pause, no interruption:
+    // a formula the evaluator cannot read simply draws nothing here (the
+    // remarks say why).
+    static_cast<void>(redessine(etat, surface, {.entrees = {1}, .etiquettes = false}));
     return image;
 }
 

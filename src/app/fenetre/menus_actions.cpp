@@ -281,9 +281,7 @@ void Mirado::mnupara_Click(int index)
         montreProgres();
         break;
     case 4:  // EffaceRepère: the curves stay, drawn again on a clean window
-        effaceEcran(etat, *surface_);
-        montreProgres();
-        retraceLignes(toutesLesCourbes());
+        seance({.repere = false, .lignes = toutesLesLignes(etat.courbes)});
         break;
     case 5:  // Efface Ecran: only the window is cleared; the drawn curves stay
              // listed and the redraw "O&K" brings them back
@@ -396,8 +394,7 @@ void Mirado::mnutra_Click(int index)
     if (liste.exec() != QDialog::Accepted)
         return;
     // The frame again, then the ticked curves only.
-    effaceEtRepere();
-    retraceLignes(liste.cochees());
+    seance({.lignes = liste.cochees()});
 }
 
 void Mirado::mnuzo_Click(int index)

@@ -172,20 +172,12 @@ void Mirado::controlfenetre()
     affviseur();
 }
 
-void Mirado::effaceEtRepere()
-{
-    effaceEcran(etat, *surface_);
-    traceRepere(etat, *surface_);
-    montreProgres();
-}
-
 void Mirado::Command3_Click()
 {
     if (refuseSiOccupe())
         return;
     controlfenetre();
-    effaceEtRepere();
-    retraceLignes(toutesLesCourbes());
+    seance({.lignes = toutesLesLignes(etat.courbes)});
 }
 
 bool Mirado::barreDeborde()

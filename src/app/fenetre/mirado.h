@@ -32,9 +32,8 @@
 #include "app/boites.h"
 #include "app/commandes/souris.h"
 #include "app/programmes.h"
-#include "plot/crochets.h"
-#include "plot/demande.h"
 #include "plot/etat.h"
+#include "plot/redessin.h"
 #include "view/rotation.h"
 
 class QAction;
@@ -136,9 +135,6 @@ public:
     // Draws the entries in order as new curves, coloured by `mode`; stops
     // at an interruption. Returns how many were drawn.
     int envoieSelection(const std::vector<int>& numeros, ModeCouleurs mode);
-    // Draws the given rows of the drawn-curves table again, after the frame.
-    void retraceLignes(const std::vector<int>& lignes);
-    std::vector<int> toutesLesCourbes() const;
     bool enTrace() const { return traceEnCours_; }
     // During a tracing: says so and returns true; the command is not run.
     bool refuseSiOccupe();
@@ -193,14 +189,9 @@ private:
     // with the whole text as tooltip.
     void ajusteTitreTrace();
     bool barreDeborde();
-    struct Requete {
-        int numero;  // catalogue record
-        OptionsTrace options;
-    };
-    // Runs plot requests one after the other on the bitmap (refused during
-    // another tracing). Returns how many drew something.
-    int seance(const std::vector<Requete>& requetes);
-    void effaceEtRepere();  // clearing and frame on the bitmap
+    // Draws `quoi` on the bitmap with the window's hooks, its labels aside
+    // (refused during another tracing). Returns how many curves were drawn.
+    int seance(Redessin quoi);
     void choixCoche(std::vector<QAction*>& groupe, int index);
     // Names an entry of a menu array: object name `tableau`, property "index".
     static void nommeArticle(QAction* article, const char* tableau, int index);

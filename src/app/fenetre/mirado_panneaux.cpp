@@ -282,7 +282,7 @@ void Mirado::Command7_Click()
 {
     if (refuseSiOccupe())
         return;
-    effaceEtRepere();
+    seance({});  // the clearing and the frame alone
     Command4_Click();
 }
 

@@ -142,15 +142,7 @@ bool Mirado::eventFilter(QObject* objet, QEvent* evenement)
     return QMainWindow::eventFilter(objet, evenement);
 }
 
-std::vector<int> Mirado::toutesLesCourbes() const
-{
-    std::vector<int> lignes;
-    for (int i = 1; i <= etat.courbes.nbCourbes; ++i)
-        lignes.push_back(i);
-    return lignes;
-}
-
-int Mirado::seance(const std::vector<Requete>& requetes)
+int Mirado::seance(Redessin quoi)
 {
     if (refuseSiOccupe())
         return 0;
@@ -162,14 +154,16 @@ int Mirado::seance(const std::vector<Requete>& requetes)
     depuisPause_.start();
     int traces = 0;
     bool formuleIncorrecte = false;
-    for (const Requete& q : requetes) {
-        if (echap_ || formuleIncorrecte)
-            break;
-        // Each request is timed on its own: tics from 0, Timer4 running.
+    quoi.etiquettes = false;  // the labels are controls over the picture
+    quoi.crochets = crochets();
+    quoi.progres = [this] { montreProgres(); };
+    // Each curve is timed on its own: tics from 0, Timer4 running.
+    quoi.avant = [this] {
         etat.fenetre.tics = 0;
         chrono_.start();
         Timer4->start();
-        const ResultatTrace r = demandeTrace(etat, *surface_, q.numero, q.options, crochets());
+    };
+    quoi.apres = [&](const OptionsTrace& options, const ResultatTrace& r) {
         Timer4->stop();
         Timer4_Timer();
         formuleIncorrecte = r.formuleIncorrecte;
@@ -177,7 +171,7 @@ int Mirado::seance(const std::vector<Requete>& requetes)
             ++traces;
             setWindowTitle(QString::fromStdString(legendeFinTrace(r.legende, etat.fenetre.tics)));
         }
-        if (q.options.ligne == 0 && r.ligne > 0)
+        if (options.ligne == 0 && r.ligne > 0)
             ajoute_mnutra();
         // A failing request says so at once, before the next one is drawn;
         // the box gets its keys (Escape closes it, it does not stop the
@@ -190,7 +184,9 @@ int Mirado::seance(const std::vector<Requete>& requetes)
             depuisPause_.restart();
         }
         echap_ = echap_ || r.interrompu;
-    }
+        return !echap_ && !formuleIncorrecte;
+    };
+    static_cast<void>(redessine(etat, *surface_, quoi));
     qApp->removeEventFilter(this);
     traceEnCours_ = false;
     montreProgres();
@@ -209,24 +205,12 @@ int Mirado::seance(const std::vector<Requete>& requetes)
 
 int Mirado::envoieSelection(const std::vector<int>& numeros, ModeCouleurs mode)
 {
-    std::vector<Requete> requetes;
-    for (int rang = 0; rang < int(numeros.size()); ++rang)
-        requetes.push_back({numeros[rang], OptionsTrace{0, mode, rang}});
-    return seance(requetes);
+    return seance({.efface = false, .repere = false, .entrees = numeros, .couleurs = mode});
 }
 
 bool Mirado::envoie(int numero)
 {
     return envoieSelection({numero}, ModeCouleurs::Unique) > 0;
-}
-
-void Mirado::retraceLignes(const std::vector<int>& lignes)
-{
-    std::vector<Requete> requetes;
-    for (int i : lignes)
-        if (i >= 1 && i <= int(etat.courbes.lignes.size()))
-            requetes.push_back({int(etat.courbes.lignes[i - 1][colNumero]), OptionsTrace{i}});
-    seance(requetes);
 }
 
 }  // namespace velorin

@@ -1,0 +1,99 @@
+// The one redraw: what it draws, in which order, and where it stops.
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "commun/commun.h"
+#include "plot/redessin.h"
+#include "plot/table_courbes.h"
+
+namespace velorin {
+namespace {
+
+using namespace essai;
+
+// Colours that name what drew an operation in the journal read back.
+constexpr Couleur rouge = 0x0000FF, vert = 0x00FF00, bleu = 0xFF0000, enVigueur = 0x00FFFF;
+constexpr Couleur etiquette = 0x123456, progres = 0x010101, avant = 0x020202;
+
+struct Cas {
+    const char* faute;  // what a wrong redraw would do
+    Redessin quoi;
+    int suite;          // what `apres` answers: -1 no `apres`, 0 stop, 1 go on (the printed page)
+    bool absente;       // a 4th row names an entry the catalogue does not have
+    const char* ordre;  // E clear, R frame, P progress, a before a curve, 1 2 3 rows,
+                        // N a new curve, L labels; a run of one letter counts once
+};
+
+TEST(Redessin, OrdreLignesEtArret)
+{
+    DossierTemporaire dossier;
+    Etat modele = etatCalibre(true);
+    ASSERT_FALSE(ouvrirCatalogue(modele.catalogue, dossier / "essai.lsu"));
+    ASSERT_FALSE(ecrisLigne(modele.catalogue, 1, LigneCatalogue{1, "x=f1(t)=cos(t)][y=f2(t)=sin(t)][z=f3(t)=t/4"}));
+    SurfaceEnregistreuse rien;
+    for (Couleur c : {rouge, vert, bleu}) {
+        modele.couleurs.couleurTrace = c;
+        ASSERT_FALSE(demandeTrace(modele, rien, 1, OptionsTrace{}, CrochetsTrace{}).erreur);
+    }
+    modele.couleurs.couleurTrace = enVigueur;
+    Etiquette lb;
+    lb.texte = "Sommet";
+    lb.couleur = etiquette;
+    lb.visible = true;
+    modele.etiquettes.lb.push_back(lb);
+    const Couleur axes = couleursRepere(modele).axes;
+
+    const Cas cas[] = {
+        {"ordre faux, ou une ligne aux valeurs en vigueur", {.lignes = {1, 2, 3}}, -1, false, "ERPa1a2a3L"},
+        {"toutes les lignes au lieu des choisies", {.lignes = {3, 1}}, -1, false, "ERPa3a1L"},
+        {"une ligne hors de la table arrête ou signale", {.lignes = {0, 2, 9}}, -1, false, "ERPa2L"},
+        {"la page effacée ou étiquetée", {.efface = false, .lignes = {1}, .etiquettes = false}, -1, false, "RPa1"},
+        {"EffaceRepère avec repère", {.repere = false, .lignes = {2}}, -1, false, "EPa2L"},
+        {"l'envoi efface ou trace le repère",
+         {.efface = false, .repere = false, .entrees = {1}, .etiquettes = false},
+         -1,
+         false,
+         "aN"},
+        {"les entrées avant les lignes", {.lignes = {2}, .entrees = {1, 1}}, -1, false, "ERPa2aNaNL"},
+        {"un arrêt demandé est ignoré", {.lignes = {1, 2, 3}}, 0, false, "ERPa1"},
+        {"sans `apres`, un message n'arrête pas", {.lignes = {1, 4, 2}}, -1, true, "ERPa1a"},
+        {"la page s'arrête au message", {.lignes = {1, 4, 2}}, 1, true, "ERPa1aa2L"},
+    };
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(c.faute);
+        Etat etat = modele;
+        if (c.absente) {
+            LigneCourbe absente = etat.courbes.lignes[0];
+            absente[colNumero] = 7;
+            ajouteCourbe(etat.courbes, absente);
+        }
+        SurfaceEnregistreuse surface;
+        Redessin quoi = c.quoi;
+        quoi.progres = [&] { surface.PSet(0, 0, progres); };
+        quoi.avant = [&] { surface.PSet(0, 0, avant); };
+        if (c.suite >= 0)
+            quoi.apres = [&](const OptionsTrace&, const ResultatTrace&) { return c.suite == 1; };
+        const Erreur erreur = redessine(etat, surface, quoi);
+
+        const std::map<Couleur, char> lettres = {{rouge, '1'},     {vert, '2'},    {bleu, '3'},  {enVigueur, 'N'},
+                                                 {etiquette, 'L'}, {progres, 'P'}, {avant, 'a'}, {axes, 'R'}};
+        std::string ordre;
+        for (const OperationDessin& op : surface.operations()) {
+            const auto l = lettres.find(op.couleur);
+            const char lettre = op.genre == Genre::Effacement ? 'E' : l == lettres.end() ? '?' : l->second;
+            if (ordre.empty() || ordre.back() != lettre || lettre == 'a')
+                ordre += lettre;
+        }
+        EXPECT_EQ(ordre, c.ordre);
+        // Each entry gets its row; the message of the curve that stopped the
+        // redraw is returned, none when it went on.
+        EXPECT_EQ(std::size_t(etat.courbes.nbCourbes), 3 + c.absente + c.quoi.entrees.size());
+        EXPECT_EQ(bool(erreur), c.absente && c.suite < 0) << erreur.message();
+        // The colour in force is the same after every redraw.
+        EXPECT_EQ(etat.couleurs.couleurTrace, enVigueur);
+    }
+}
+
+}  // namespace
+}  // namespace velorin
