@@ -4,6 +4,7 @@
 
 #include "commun/commun.h"
 #include "qt/dessin_fichier.h"
+#include "plot/redessin.h"
 #include "qt/tour_anime.h"
 
 namespace velorin::essai {
@@ -34,7 +35,8 @@ TEST(TourAnime, ChaqueImageEstLeRedessinDeSonInstant)
         const std::size_t n = suite.vues.size();
         ASSERT_GT(n, 20u);
         std::size_t courbes = 0;
-        auto compte = [&](Etat&, Surface&) { return ++courbes, Erreur{}; };
+        Redessin compte{.etiquettes = false};
+        compte.progres = [&] { ++courbes; };
         Etat etat = depart;
         ResultatTour r =
             exporteTour(etat, EtatRotation{}, {tourDeNom(axe), 1.0, dossier / "t_%02d.txt", 200, 150, "", {}}, compte);
@@ -74,7 +76,7 @@ TEST(TourAnime, ToutOuRien)
         const char* message;
     };
     const Cas cas[] = {
-        {"t_%02d.png", -1, 5, "arrêt"},
+        {"t_%02d.png", -1, 5, "L'entrée n° 0 n'existe pas"},
         {"u_%02d.txt", 2000, 0, "u_01.txt » : le disque est plein"},
         {"t_%02d.txt", -1, 0, "t_01.txt » est aussi lu par cette commande"},
         {"d_%02d.txt", -1, 0, "d_03.txt"},
@@ -88,8 +90,11 @@ TEST(TourAnime, ToutOuRien)
         ecrisFichier(dossier / "t_01.png", "ancien");
         fs::create_directory(dossier / "d_03.txt");
         const auto avant = dossier.noms();
+        // Entry 0 is refused with a message at every redraw; the hook stops
+        // the export at the redraw `echecA`.
         std::size_t courbes = 0;
-        auto dessin = [&](Etat&, Surface&) { return ++courbes == c.echecA ? Erreur("arrêt") : Erreur{}; };
+        Redessin dessin{.entrees = {0}};
+        dessin.apres = [&](const OptionsTrace&, const ResultatTrace&) { return ++courbes != c.echecA; };
         Etat etat = etatCalibre(true);
         simuleDisquePlein(c.disque);
         const ResultatTour r = exporteTour(etat, EtatRotation{},

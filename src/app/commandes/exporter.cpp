@@ -25,6 +25,16 @@ namespace velorin {
 
 namespace {
 
+// Every drawn curve again, as the screen shows them: a curve whose formula
+// fails has its row and its message on screen but no line, and the curves
+// after it are drawn all the same.
+Redessin commeALEcran(const Etat& copie)
+{
+    return {.lignes = toutesLesLignes(copie.courbes), .apres = [](const OptionsTrace&, const ResultatTrace&) {
+                return true;
+            }};
+}
+
 // The file the user chose, with `extension` added when it has none.
 std::string avecExtension(const QString& nom, const char* extension)
 {
@@ -79,7 +89,7 @@ void Mirado::mnuexpo_Click(int index)
                 erreur =
                     dessineDansFichier(fichier, format, int(image_.width() / ratio), int(image_.height() / ratio),
                                        etat.fenetre.fichierCatalogue, [&copie](Surface& surface) {
-                                           return redessine(copie, surface, {.lignes = toutesLesLignes(copie.courbes)});
+                                           return redessine(copie, surface, commeALEcran(copie));
                                        });
             if (!erreur)
                 erreur = fichier.termine();
@@ -117,7 +127,7 @@ void Mirado::mnuexpo_Click(int index)
     // would.
     Etat copie = etat;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const ResultatTour r = exporteTour(copie, rotation_, d, {.lignes = toutesLesLignes(copie.courbes)});
+    const ResultatTour r = exporteTour(copie, rotation_, d, commeALEcran(copie));
     QApplication::restoreOverrideCursor();
     QString texte = r.erreur ? QString::fromStdString(r.erreur.message())
                              : QStringLiteral("Animation écrite : %1 images, %2.")
