@@ -6,7 +6,7 @@
 namespace velorin {
 namespace {
 
-TEST(Lectures, Texts)
+TEST(Lectures, TextesAuPointDecimalSousLocaleVirgule)
 {
     LocaleVirgule virgule;  // "." whatever the locale
     Parametres p;

@@ -32,16 +32,7 @@ struct Espace {
     }
 };
 
-// The norm and the cross product are pinned by the views below (which side
-// is right, which is up); the cosine's own cases are these.
-TEST(Projection, CosineOfATriangle)
-{
-    EXPECT_DOUBLE_EQ(cosinusAngle(5, 3, 4), 0);    // right angle
-    EXPECT_DOUBLE_EQ(cosinusAngle(1, 1, 1), 0.5);  // equilateral
-    EXPECT_EQ(cosinusAngle(1, 0, 1), 0);           // zero side: empty result
-}
-
-TEST(Projection, PlaneCalibration)
+TEST(Projection, EchellesEtOrigineDuPlan)
 {
     struct Cas {
         int ortho;
@@ -62,7 +53,7 @@ TEST(Projection, PlaneCalibration)
     }
 }
 
-TEST(Projection, RefusedRangesGoBackToTheBase)
+TEST(Projection, BornesRefuseesRevenantALaBase)
 {
     struct Cas {
         bool espace;
@@ -97,7 +88,7 @@ TEST(Projection, RefusedRangesGoBackToTheBase)
     }
 }
 
-TEST(Projection, SpaceViewFromPlusX)
+TEST(Projection, EspaceVuDepuisPlusX)
 {
     Espace e;
     Parametres p = e.p;
@@ -116,7 +107,7 @@ TEST(Projection, SpaceViewFromPlusX)
     EXPECT_NEAR(e.v.imageUyX - cx, 0.1 * cx, 1e-3);
 }
 
-TEST(Projection, HeadAngleTurnsTheUpVector)
+TEST(Projection, AngleDeTeteTourneLaVerticale)
 {
     // Looking down -x, a head angle of pi/2 makes y the up reference: the
     // image of (0,1,0) is above the centre and (0,0,1) to the left.
@@ -131,7 +122,7 @@ TEST(Projection, HeadAngleTurnsTheUpVector)
     EXPECT_NEAR(sy, oy, 1e-6);
 }
 
-TEST(Projection, PointsAbreastBehindAndAtTheViewer)
+TEST(Projection, PointsDeCoteDerriereEtAuViseur)
 {
     Espace e;
     const double cx = 5100, cy = 4000;
@@ -150,7 +141,7 @@ TEST(Projection, PointsAbreastBehindAndAtTheViewer)
     EXPECT_EQ(std::pair(sx, sy), std::pair(7.0, 7.0));
 }
 
-TEST(Projection, NoNanComesOutOfAnAcceptedProjection)
+TEST(Projection, AucunNanDUneProjectionAcceptee)
 {
     // Degenerate set-ups: zero direction (the set-up keeps its previous
     // values), direction along the up vector, huge and failed points.
@@ -166,29 +157,6 @@ TEST(Projection, NoNanComesOutOfAnAcceptedProjection)
             }
         }
     }
-}
-
-TEST(Projection, ZeroDirectionKeepsThePreviousSetUp)
-{
-    Espace e;
-    const Vue avant = e.v;
-    e.p.Xdirection = 0;
-    prepareVue(e.p, true, e.v);
-    e.p.Xdirection = 1;
-    prepareVue(e.p, false, e.v);  // plane mode: nothing at all
-    for (auto m : {&Vue::centreVueX, &Vue::centreVueZ, &Vue::repereHY, &Vue::repereVX})
-        EXPECT_EQ(e.v.*m, avant.*m);
-    EXPECT_EQ(e.v.repereVZ, avant.repereVZ);  // a float member
-}
-
-TEST(Projection, SinglePrecisionMembersStaySingle)
-{
-    // The viewer's z and the vertical reference point are stored in single
-    // precision: their values are exactly floats.
-    Espace e(3, 4, 0.1f, -3, -4, -0.1);
-    const double cz = double(0.1f) + (-0.1) / std::sqrt(25.01);
-    EXPECT_EQ(e.v.repereVZ, static_cast<float>(cz + 25 / (5 * std::sqrt(625.25))));
-    EXPECT_EQ(e.v.centreVueZ, cz);
 }
 
 }  // namespace

@@ -17,45 +17,27 @@ namespace {
 
 using G = OperationDessin::Genre;
 
-TEST(FormatNombre, PatternsOfDigits)
+TEST(FormatNombre, MotifsDeChiffresArrondisDecimaux)
 {
     struct Cas {
         double v;
         const char* motif;
         const char* attendu;
     };
-    for (Cas c : {Cas{3.14159, "00.00", "03.14"},
-                  Cas{-1.5, "00.00", "-01.50"},
-                  Cas{99.999, "00.00", "100.00"},
-                  Cas{123, "0.00E+00", "1.23E+02"},
-                  Cas{0.0123, "0.00E+00", "1.23E-02"},
-                  Cas{123, "0.00E-00", "1.23E02"},
-                  Cas{0.0123, "0.00E-00", "1.23E-02"},
-                  Cas{-123456, "0.00E+00", "-1.23E+05"},
-                  Cas{9.996, "0.00E+00", "1.00E+01"},
-                  Cas{0, "0.00E+00", "0.00E+00"},
-                  Cas{1e-300, "0.00E-00", "1.00E-300"},
-                  Cas{1234.5, "0.000", "1234.500"},
-                  Cas{0.0005, "0.000", "0.001"},
-                  Cas{-0.0004, "0.000", "0.000"},
-                  Cas{1.005, "0.00", "1.01"},
-                  Cas{2.675, "0.00", "2.68"},
-                  Cas{-2.5, "0", "-3"},
-                  Cas{2.5, "000", "003"},
-                  Cas{5, "0000", "0005"},
-                  Cas{12345, "000", "12345"},
-                  Cas{10, "00.000", "10.000"},
-                  Cas{0.5, "#.00", ".50"},
-                  Cas{1.5, "0.0#", "1.5"},
-                  Cas{1.25, "0.0#", "1.25"},
-                  Cas{7, "[0]", "[7]"},
-                  Cas{6.28, "", "6.28"}})
+    for (Cas c : {Cas{-1.5, "00.00", "-01.50"},        Cas{99.999, "00.00", "100.00"},
+                  Cas{0.0123, "0.00E+00", "1.23E-02"},   Cas{123, "0.00E-00", "1.23E02"},
+                  Cas{9.996, "0.00E+00", "1.00E+01"},    Cas{0, "0.00E+00", "0.00E+00"},
+                  Cas{1e-300, "0.00E-00", "1.00E-300"},  Cas{-0.0004, "0.000", "0.000"},
+                  Cas{1.005, "0.00", "1.01"},            Cas{2.675, "0.00", "2.68"},
+                  Cas{-2.5, "0", "-3"},                  Cas{12345, "000", "12345"},
+                  Cas{0.5, "#.00", ".50"},               Cas{1.5, "0.0#", "1.5"},
+                  Cas{7, "[0]", "[7]"},                  Cas{6.28, "", "6.28"}})
         EXPECT_EQ(formatNombre(c.v, c.motif), c.attendu) << c.v << " " << c.motif;
     EXPECT_EQ(formatNombre(NAN, "0.00"), "non défini");
     EXPECT_EQ(formatNombre(-INFINITY, "0.00"), "-infini");
 }
 
-TEST(FormatNombre, EndOfAxisFormatByMagnitude)
+TEST(FormatNombre, BoutDAxeSelonLaGrandeur)
 {
     struct Cas {
         double v;
@@ -66,7 +48,7 @@ TEST(FormatNombre, EndOfAxisFormatByMagnitude)
         EXPECT_EQ(formatNombre(c.v, motifGraduation(c.v)), c.texte) << c.v;
 }
 
-TEST(Repere, ColoursInForce)
+TEST(Repere, CouleursEnVigueurJamaisNoirSurNoir)
 {
     struct Cas {
         int fondBlanc;
@@ -155,9 +137,9 @@ void verifieTextes(const Dessin& d, const std::string& cas)
     }
 }
 
-TEST(Repere, SpaceFrameAtSeveralSizes)
+TEST(Repere, RepereDeLEspaceDemiAxesLettresSansChevauchement)
 {
-    for (auto [l, h] : {std::pair{400, 300}, std::pair{1024, 768}, std::pair{1920, 1080}, std::pair{2560, 1440}}) {
+    for (auto [l, h] : {std::pair{400, 300}, std::pair{2560, 1440}}) {
         const std::string cas = std::to_string(l) + "x" + std::to_string(h);
         Dessin d(true, l, h);
         const auto& ops = d.trace();
@@ -198,19 +180,16 @@ TEST(Repere, SpaceFrameAtSeveralSizes)
 // The numbers at the first and last ticks (xmin and ymax lie close to the
 // edges) are moved inside: every number keeps at least a pixel from each
 // edge of the picture, so that no glyph is cut.
-TEST(Repere, PlaneFrameGraduationsAreNiceApartAndClearOfTheEdges)
+TEST(Repere, GraduationsDuPlanRondesEtLoinDesBords)
 {
     struct Cas {
         double xmin, xmax, ymin, ymax;
         int ortho;
         double l, h;
     };
-    for (Cas c :
-         {Cas{-10, 10, -10, 10, 0, 300, 200}, Cas{-10, 10, -10, 10, 0, 400, 300}, Cas{-10, 10, -10, 10, 0, 640, 480},
-          Cas{-10, 10, -10, 10, 0, 1024, 768}, Cas{-10, 10, -10, 10, 1, 1024, 768},
-          Cas{-10, 10, -10, 10, 0, 1920, 1080}, Cas{-10, 10, -10, 10, 0, 2560, 1440},
-          Cas{0, 0.003, -1000, 5000, 0, 1024, 768}, Cas{2, 3, 1e6, 3e6, 0, 800, 600},
-          Cas{-7.3, -2.1, 0.5, 40, 0, 1920, 1080}, Cas{-3, 12, -1, 4, 1, 1280, 1024}}) {
+    for (Cas c : {Cas{-10, 10, -10, 10, 0, 300, 200}, Cas{-10, 10, -10, 10, 1, 1024, 768},
+                  Cas{-10, 10, -10, 10, 0, 2560, 1440}, Cas{0, 0.003, -1000, 5000, 0, 1024, 768},
+                  Cas{2, 3, 1e6, 3e6, 0, 800, 600}, Cas{-7.3, -2.1, 0.5, 40, 0, 1920, 1080}}) {
         const std::string cas = std::to_string(c.xmin) + ".." + std::to_string(c.xmax) + " " + std::to_string(int(c.l));
         Dessin d(false, c.l, c.h);
         Parametres& p = d.etat.param;
@@ -258,7 +237,7 @@ TEST(Repere, PlaneFrameGraduationsAreNiceApartAndClearOfTheEdges)
     }
 }
 
-TEST(Repere, NothingWithoutAxesAndThePenIsPutBack)
+TEST(Repere, RienSansAxesEtPlumeRendue)
 {
     for (bool espace : {true, false}) {
         Dessin d(espace, 1024, 768);
@@ -276,7 +255,7 @@ TEST(Repere, NothingWithoutAxesAndThePenIsPutBack)
     }
 }
 
-TEST(Repere, ViewerInsideTheFrameDrawsOnlyWhatIsInFront)
+TEST(Repere, ViseurDansLeCadreSeulementCeQuiEstDevant)
 {
     // Viewer on the x axis inside the ranges, looking at the origin: the
     // +x half-axis passes through the viewer and behind it; everything drawn
@@ -285,7 +264,7 @@ TEST(Repere, ViewerInsideTheFrameDrawsOnlyWhatIsInFront)
         double vx, vy;
         float vz;
     };
-    for (Cas c : {Cas{5, 0, 0}, Cas{5, 0.001f, 0}, Cas{0.5, 0.2, 0.1f}, Cas{0, 0, 0.0f}}) {
+    for (Cas c : {Cas{5, 0.001f, 0}, Cas{0, 0, 0.0f}}) {
         Dessin d(true, 1024, 768);
         Parametres& p = d.etat.param;
         p.Xviseur = c.vx;
