@@ -180,34 +180,6 @@ TEST(Compilation, BouclesPortablesCommeAvx2)
     }
 }
 
-// The entry points read their formulas through the cache: a curve whose
-// formulas change between points, and the space "\" that divides by the
-// previous point's x, must give what the text reading gives.
-TEST(Compilation, PointsParLesFormulesCompilees)
-{
-    GlobalesMoteur g;
-    double xAttendu = 0, yAttendu = 0;
-    for (int k = 0; k < 40; ++k) {
-        const double t = -2 + 0.1 * k;
-        g.formuleF1 = k % 2 ? "(3\\X)+(T)" : "SIN(T)*(2)";
-        g.formuleF2 = "5\\T^2";
-        const double px = xAttendu;
-        yAttendu = evalespace(g.formuleF2, t, px);
-        xAttendu = evalespace(g.formuleF1, t, px);
-        pointparametre(g, t, 1, false);
-        ASSERT_EQ(bits(xAttendu), bits(g.pointX)) << k;
-        ASSERT_EQ(bits(yAttendu), bits(g.pointY)) << k;
-        g.formuleF1 = "(X)*(Y)";
-        g.formuleF2 = "COS(X)+(Y)";
-        g.formuleF3 = k % 3 ? "X-Y" : "(X";
-        g.erreurFormule.clear();
-        pointsurface(g, t, 0.5 * t);
-        EXPECT_EQ(bits(evalplan(g.formuleF2, t, 0.5 * t)), bits(g.pointY));
-        EXPECT_EQ(k % 3 ? "" : "Formule incorrecte", g.erreurFormule);
-        g.pointX = xAttendu;
-    }
-}
-
 TEST(Compilation, CacheRendLaFormuleDuTexteEtDeLaFamille)
 {
     CacheFormules cache;

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <tuple>
 
-#include "../view/locale_virgule.h"
+#include "commun/locale_virgule.h"
 #include "base/ecriture.h"
 #include "commun/commun.h"
 #include "settings/memoire.h"

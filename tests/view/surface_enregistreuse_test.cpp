@@ -3,7 +3,7 @@
 #include <locale>
 #include <sstream>
 
-#include "locale_virgule.h"
+#include "commun/locale_virgule.h"
 #include "view/surface_enregistreuse.h"
 
 namespace velorin {
