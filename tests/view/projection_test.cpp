@@ -9,21 +9,16 @@
 namespace velorin {
 namespace {
 
+// The view from (vx, vy, vz) along (dx, dy, dz) with head angle `rota`.
 struct Espace {
     Parametres p;
     Vue v;
     explicit Espace(double vx = 10, double vy = 0, float vz = 0, double dx = -1, double dy = 0, double dz = 0,
                     double rota = 0)
     {
-        p.Xviseur = vx;
-        p.Yviseur = vy;
-        p.Zviseur = vz;
-        p.Xdirection = dx;
-        p.Ydirection = dy;
-        p.Zdirection = dz;
-        p.Rotadir = rota;
-        v.W = 11600;
-        v.H = 8800;
+        std::tie(p.Xviseur, p.Yviseur, p.Zviseur, p.Xdirection, p.Ydirection, p.Zdirection, p.Rotadir) =
+            std::tuple(vx, vy, vz, dx, dy, dz, rota);
+        std::tie(v.W, v.H) = std::tuple(11600, 8800);
         prepareVue(p, true, v);
     }
     bool image(double x, double y, double z, double& sx, double& sy) const
@@ -88,57 +83,45 @@ TEST(Projection, BornesRefuseesRevenantALaBase)
     }
 }
 
-TEST(Projection, EspaceVuDepuisPlusX)
+// Looking down -x from (10, 0, 0), the origin's image at the centre
+// (5100, 4000): the unit points at distance 10 seen 1/10 of a half-width
+// away ((0,1,0) to the right, (0,0,1) above, (1,0,0) on the line of sight);
+// a point abreast (the cosine is exactly 0 at distances 0.75 and 1.25)
+// thrown 10^6 half-widths; a point behind seen through the viewer on the
+// other side; the viewer itself refused, nothing written. A head angle of
+// pi/2 makes y the up reference and puts z to the left.
+TEST(Projection, ImagesVuesDepuisPlusXEtAngleDeTete)
 {
     Espace e;
     Parametres p = e.p;
     ASSERT_TRUE(calibre(p, e.v, true));
-    const double cx = (11600 - 1400) / 2.0, cy = (8800 - 800) / 2.0;
+    const double cx = 5100, cy = 4000;
     EXPECT_NEAR(e.v.origineEcranX, cx, 1e-6);
     EXPECT_NEAR(e.v.origineEcranY, cy, 1e-6);
-    // (0,1,0) to the right, (0,0,1) above, (1,0,0) on the line of sight.
     // (The vertical reference point is single precision: 1e-3 twips.)
+    EXPECT_NEAR(e.v.imageUyX - cx, 0.1 * cx, 1e-3);
     EXPECT_NEAR(e.v.imageUyY, cy, 1e-3);
     EXPECT_NEAR(e.v.imageUzX, cx, 1e-3);
     EXPECT_LT(e.v.imageUzY, cy - 100);
     EXPECT_NEAR(e.v.imageUxX, cx, 1e-3);
     EXPECT_NEAR(e.v.imageUxY, cy, 1e-3);
-    // Central projection: the unit point at distance 10 is seen 1/10 away (to the right).
-    EXPECT_NEAR(e.v.imageUyX - cx, 0.1 * cx, 1e-3);
-}
-
-TEST(Projection, AngleDeTeteTourneLaVerticale)
-{
-    // Looking down -x, a head angle of pi/2 makes y the up reference: the
-    // image of (0,1,0) is above the centre and (0,0,1) to the left.
-    Espace e(10, 0, 0, -1, 0, 0, 3.141592653589793 / 2);
-    double sx, sy, ox, oy;
-    ASSERT_TRUE(e.image(0, 0, 0, ox, oy));
-    ASSERT_TRUE(e.image(0, 1, 0, sx, sy));
-    EXPECT_NEAR(sx, ox, 1e-6);
-    EXPECT_LT(sy, oy - 100);
-    ASSERT_TRUE(e.image(0, 0, 1, sx, sy));
-    EXPECT_LT(sx, ox - 100);
-    EXPECT_NEAR(sy, oy, 1e-6);
-}
-
-TEST(Projection, PointsDeCoteDerriereEtAuViseur)
-{
-    Espace e;
-    const double cx = 5100, cy = 4000;
     double sx = -1, sy = -1;
-    // Abreast (the cosine is exactly 0 for these distances 0.75 and 1.25):
-    // thrown with the factor 10^6, 10^6 half-widths to the right.
     ASSERT_TRUE(e.image(10, 0.75, 0, sx, sy));
     EXPECT_NEAR((sx - cx) / (1e6 * cx), 1, 1e-3);
     EXPECT_NEAR(sy, cy, 1);
-    // Behind: through the viewer to the other side.
     ASSERT_TRUE(e.image(20, 1, 0, sx, sy));
     EXPECT_NEAR(sx, cx - 0.1 * cx, 1e-3);
-    // At the viewer: refused, nothing written.
     sx = sy = 7;
     EXPECT_FALSE(e.image(10, 0, 0, sx, sy));
     EXPECT_EQ(std::pair(sx, sy), std::pair(7.0, 7.0));
+
+    Espace tete(10, 0, 0, -1, 0, 0, 3.141592653589793 / 2);
+    ASSERT_TRUE(tete.image(0, 1, 0, sx, sy));
+    EXPECT_NEAR(sx, cx, 1e-6);
+    EXPECT_LT(sy, cy - 100);
+    ASSERT_TRUE(tete.image(0, 0, 1, sx, sy));
+    EXPECT_LT(sx, cx - 100);
+    EXPECT_NEAR(sy, cy, 1e-6);
 }
 
 TEST(Projection, AucunNanDUneProjectionAcceptee)

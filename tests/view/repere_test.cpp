@@ -8,6 +8,7 @@
 #include <tuple>
 #include <vector>
 
+#include "commun/commun.h"
 #include "plot/ecran.h"
 #include "view/format_nombre.h"
 #include "view/surface_enregistreuse.h"
@@ -89,14 +90,8 @@ struct Dessin {
     Dessin(bool espace, double largeurPx, double hauteurPx) : surface(largeurPx * 15, hauteurPx * 15)
     {
         etat.fenetre.metsModeEspace(espace);
-        etat.param.Xviseur = 15;
-        etat.param.Yviseur = 10;
-        etat.param.Zviseur = 7.5f;
-        etat.param.Xdirection = -15;
-        etat.param.Ydirection = -10;
-        etat.param.Zdirection = -7.5;
-        etat.vue.W = surface.Width();
-        etat.vue.H = surface.Height();
+        essai::placeViseur(etat, 15, 10, 7.5);
+        std::tie(etat.vue.W, etat.vue.H) = std::tuple(surface.Width(), surface.Height());
     }
     const std::vector<OperationDessin>& trace()
     {
@@ -192,12 +187,8 @@ TEST(Repere, GraduationsDuPlanRondesEtLoinDesBords)
                   Cas{2, 3, 1e6, 3e6, 0, 800, 600}, Cas{-7.3, -2.1, 0.5, 40, 0, 1920, 1080}}) {
         const std::string cas = std::to_string(c.xmin) + ".." + std::to_string(c.xmax) + " " + std::to_string(int(c.l));
         Dessin d(false, c.l, c.h);
-        Parametres& p = d.etat.param;
-        p.xmin = c.xmin;
-        p.xmax = c.xmax;
-        p.ymin = c.ymin;
-        p.ymax = c.ymax;
-        p.repereOrthonorme = c.ortho;
+        d.etat.param.repereOrthonorme = c.ortho;
+        essai::placeCadre(d.etat, c.xmin, c.xmax, c.ymin, c.ymax);
         d.trace();
         const Vue& v = d.etat.vue;
         verifieTextes(d, cas);

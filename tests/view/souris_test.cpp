@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 #include "view/projection.h"
 #include "view/souris.h"
@@ -70,10 +71,7 @@ TEST(SourisVue, LeGlisserDeplaceLeViseurSurSaSphere)
     for (const Cas& c : cas) {
         SCOPED_TRACE(::testing::Message() << c.x << "," << c.y << "," << c.z << " drag " << c.dx << "," << c.dy);
         Parametres p;
-        p.Xviseur = c.x;
-        p.Yviseur = c.y;
-        p.Zviseur = c.z;
-        p.Xdirection = 7;
+        std::tie(p.Xviseur, p.Yviseur, p.Zviseur, p.Xdirection) = std::tuple(c.x, c.y, c.z, 7);
         const double rayon = std::sqrt(c.x * c.x + c.y * c.y + double(c.z) * c.z);
         ASSERT_EQ(tourneVue(p, c.dx, c.dy), c.bouge);
         if (!c.bouge) {
@@ -107,9 +105,7 @@ TEST(SourisMolette, GrossitAutourDuPointeur)
     for (const Cas& c : cas) {
         SCOPED_TRACE(::testing::Message() << "espace " << c.espace << " crans " << c.crans);
         Plan plan;
-        plan.p.Xviseur = 12;
-        plan.p.Yviseur = -3;
-        plan.p.Zviseur = 4;
+        std::tie(plan.p.Xviseur, plan.p.Yviseur, plan.p.Zviseur) = std::tuple(12, -3, 4);
         const Parametres avant = plan.p;
         double fx, fy;
         ASSERT_TRUE(pointDuPlan(plan.v, c.sx, c.sy, fx, fy));
@@ -132,9 +128,8 @@ TEST(SourisMolette, GrossitAutourDuPointeur)
         EXPECT_NEAR(gy, fy, 1e-9);
     }
     Parametres p;
-    p.Xviseur = p.Yviseur = 0;
-    p.Zviseur = 0;
-    EXPECT_FALSE(grossirMolette(p, Vue{}, true, 1, 0, 0));
+    std::tie(p.Xviseur, p.Yviseur, p.Zviseur) = std::tuple(0, 0, 0);
+    EXPECT_FALSE(grossirMolette(p, Vue{}, true, 1, 0, 0));  // the viewer at the origin
 }
 
 // The point found under the mouse is the point whose projection is there.
@@ -150,13 +145,8 @@ TEST(SourisLecture, SolvonsInverseLaProjection)
                        {-4, 9, -7, 4, -9, 7, 2.1, 0.2, -0.4, 1}, {3, -12, 2, -1, 4, 0, -1, -2, 1.5, 0}};
     for (const Cas& c : cas) {
         Parametres p;
-        p.Xviseur = c.vx;
-        p.Yviseur = c.vy;
-        p.Zviseur = c.vz;
-        p.Xdirection = c.dx;
-        p.Ydirection = c.dy;
-        p.Zdirection = c.dz;
-        p.Rotadir = c.rotadir;
+        std::tie(p.Xviseur, p.Yviseur, p.Zviseur, p.Xdirection, p.Ydirection, p.Zdirection, p.Rotadir) =
+            std::tuple(c.vx, c.vy, c.vz, c.dx, c.dy, c.dz, c.rotadir);
         Vue v;
         ASSERT_TRUE(ajusteVue(p, v, true, 15360, 11520));
         double sx, sy;
@@ -179,10 +169,8 @@ TEST(SourisLecture, SolvonsInverseLaProjection)
 TEST(SourisLecture, LigneDeVueParalleleAuPlan)
 {
     Parametres p;
-    p.Xviseur = 10;
-    p.Yviseur = p.Zviseur = 0;
-    p.Xdirection = -1;
-    p.Ydirection = p.Zdirection = p.Rotadir = 0;
+    std::tie(p.Xviseur, p.Yviseur, p.Zviseur, p.Xdirection, p.Ydirection, p.Zdirection, p.Rotadir) =
+        std::tuple(10, 0, 0, -1, 0, 0, 0);
     Vue v;
     ASSERT_TRUE(ajusteVue(p, v, true, 15360, 11520));
     double Px, Py, x = 5, y = 5, z = 5;
