@@ -6,21 +6,26 @@
 namespace velorin {
 namespace {
 
-// Every colour the file keeps, for comparisons.
-std::vector<Couleur> valeurs(const SchemaCouleurs& s)
+// Every colour the file keeps.
+std::vector<Couleur*> membres(SchemaCouleurs& s)
 {
-    return {s.couleurAxes,     s.couleurFondSombre, s.couleurTrace,   s.couleurFamille,
-            s.couleurTangente, s.couleurRayon,      s.couleurProjOx,  s.couleurProjOy,
-            s.couleurProjOz,   s.couleurProjXOy,    s.couleurProjXOz, s.couleurProjYOz};
+    return {&s.couleurAxes,     &s.couleurFondSombre, &s.couleurTrace,   &s.couleurFamille,
+            &s.couleurTangente, &s.couleurRayon,      &s.couleurProjOx,  &s.couleurProjOy,
+            &s.couleurProjOz,   &s.couleurProjXOy,    &s.couleurProjXOz, &s.couleurProjYOz};
+}
+std::vector<Couleur> valeurs(SchemaCouleurs s)
+{
+    std::vector<Couleur> v;
+    for (const Couleur* c : membres(s))
+        v.push_back(*c);
+    return v;
 }
 
 TEST(FichierCouleurs, AllerRetourParLeFichierGardeChaqueCouleur)
 {
     SchemaCouleurs ecrit;
     Couleur v = 0;
-    for (Couleur* c : {&ecrit.couleurAxes, &ecrit.couleurFondSombre, &ecrit.couleurTrace, &ecrit.couleurFamille,
-                       &ecrit.couleurTangente, &ecrit.couleurRayon, &ecrit.couleurProjOx, &ecrit.couleurProjOy,
-                       &ecrit.couleurProjOz, &ecrit.couleurProjXOy, &ecrit.couleurProjXOz, &ecrit.couleurProjYOz})
+    for (Couleur* c : membres(ecrit))
         *c = (v += 0x0F1E2D);
     ecrit.couleurProjYOz = 0xFFFFFF;  // the largest value
     ecrit.couleurAxes = 0;            // and the smallest

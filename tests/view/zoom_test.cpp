@@ -11,13 +11,8 @@ namespace {
 Parametres cadre(double xmin, double xmax, double ymin, double ymax, float zmin, double zmax)
 {
     Parametres p;
-    p.xmin = xmin;
-    p.xmax = xmax;
-    p.ymin = ymin;
-    p.ymax = ymax;
-    p.zmin = zmin;
-    p.zmax = zmax;
-    p.Zviseur = 15;
+    std::tie(p.xmin, p.xmax, p.ymin, p.ymax, p.zmin, p.zmax, p.Zviseur) =
+        std::tuple(xmin, xmax, ymin, ymax, zmin, zmax, 15.0f);
     return p;
 }
 
