@@ -54,6 +54,7 @@ TEST(MoteurLecture, OperationsEtGroupementDePaires)
              {'*', 3, 4, 12},
              {'/', 3, 0, horsCalcul},
              {'\\', 7, 2, 3},
+             {'\\', -7, 2, -3},  // toward zero
              {'\\', 2.5, 1, 2},
              {'\\', 7, 0.4, 0},
              {'\\', 3e9, 2, 0},

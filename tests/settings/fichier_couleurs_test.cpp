@@ -75,6 +75,7 @@ TEST(FichierCouleurs, LigneAbimeeNommeeRienNeChange)
         {"couleurTrace=255\ncouleurFamille=abc\n", "ligne 2 : la valeur « abc » de couleurFamille"},
         {"couleurTrace=16777216", "ligne 1 : la valeur « 16777216 »"},
         {"couleurTrace=2.5", "ligne 1 : la valeur « 2.5 »"},
+        {"couleurTrace=", "ligne 1 : la valeur «  » de couleurTrace"},
         {"couleurTrace=255\r\n\r\ncouleurInconnue=3", "ligne 3 : couleur inconnue « couleurInconnue »"},
         {"couleurFond=0", "ligne 1 : couleur inconnue « couleurFond »"},
         {"couleurTrace 255", "ligne 1 : « nom=valeur » attendu"},

@@ -134,6 +134,7 @@ TEST(Memoire, FichierAbimeNommeLigneEtValeurRienNeChange)
         {"-10,10,-10,10,-10,10", "-10,10,-10,10,-1e39,10", "ligne 1 : valeur 5, -1e39 est hors des limites de zmin"},
         {"50,0,#FALSE#", "32768,0,#FALSE#", "ligne 6 : valeur 1, 32768 est hors des limites de pauseMs"},
         {"0,0,0,0,0,0,1,0,0", "0,0,0,0,0,0,2,0,0", "ligne 5 : valeur 7, 2 pour axesVisibles : 0 ou 1"},
+        {"50,0,#FALSE#", "", "ligne 6 : 3 valeurs attendues, aucune trouvée"},
     };
     for (const Cas& c : cas) {
         std::string texte = exemple;

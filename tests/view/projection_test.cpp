@@ -27,6 +27,15 @@ struct Espace {
     }
 };
 
+// A zero side gives an empty result: reachable only where the product
+// with it hides it (a point at the centre of the view), so tested here.
+TEST(Projection, CosinusDUnTriangleCoteNulVide)
+{
+    EXPECT_DOUBLE_EQ(cosinusAngle(5, 3, 4), 0);    // right angle
+    EXPECT_DOUBLE_EQ(cosinusAngle(1, 1, 1), 0.5);  // equilateral
+    EXPECT_EQ(cosinusAngle(1, 0, 1), 0);           // zero side: empty result
+}
+
 TEST(Projection, EchellesEtOrigineDuPlan)
 {
     struct Cas {
@@ -140,6 +149,25 @@ TEST(Projection, AucunNanDUneProjectionAcceptee)
             }
         }
     }
+}
+
+// A zero direction keeps the previous set-up (the plane mode touches none);
+// the viewer's z and the vertical reference point stay single precision.
+TEST(Projection, DirectionNulleGardeLaVueMembresSimplePrecision)
+{
+    Espace e;
+    const Vue avant = e.v;
+    e.p.Xdirection = 0;
+    prepareVue(e.p, true, e.v);
+    e.p.Xdirection = 1;
+    prepareVue(e.p, false, e.v);
+    for (auto m : {&Vue::centreVueX, &Vue::centreVueZ, &Vue::repereHY, &Vue::repereVX})
+        EXPECT_EQ(e.v.*m, avant.*m);
+    EXPECT_EQ(e.v.repereVZ, avant.repereVZ);
+    Espace f(3, 4, 0.1f, -3, -4, -0.1);
+    const double cz = double(0.1f) + (-0.1) / std::sqrt(25.01);
+    EXPECT_EQ(f.v.repereVZ, static_cast<float>(cz + 25 / (5 * std::sqrt(625.25))));
+    EXPECT_EQ(f.v.centreVueZ, cz);
 }
 
 }  // namespace

@@ -30,8 +30,10 @@ TEST(SourisCadre, LePointDuCadreSuitLeGlisser)
         bool bouge;
         int orthonorme;  // equal scales: 400 across as down
     };
-    const Cas cas[] = {{5100, 4050, 5600, 4050, true, 0}, {300, 7000, 9000, 120, true, 0},
-                       {9000, 120, 300, 7000, true, 1},   {2000, 2000, 2000, 2000, false, 0}};
+    const Cas cas[] = {{5100, 4050, 5600, 4050, true, 0},
+                       {300, 7000, 9000, 120, true, 0},
+                       {9000, 120, 300, 7000, true, 1},
+                       {2000, 2000, 2000, 2000, false, 0}};
     for (const Cas& c : cas) {
         SCOPED_TRACE(::testing::Message() << c.x1 << "," << c.y1 << " -> " << c.x2 << "," << c.y2);
         Plan plan(c.orthonorme);
@@ -64,9 +66,9 @@ TEST(SourisVue, LeGlisserDeplaceLeViseurSurSaSphere)
         double azimut, elevation;  // after, degrees
     };
     const Cas cas[] = {
-        {10, 0, 0, 180, 0, true, -90, 0}, {5, 0, 0, 30, -60, true, -15, -30}, {10, 0, 0, 0, 400, true, 0, 88},
-        {0, 0, 10, 0, 10, true, 0, 90},   {0, 0, 10, 0, -10, true, 0, 85},    {3, 4, 0, 0, 0, false, 0, 0},
-        {0, 0, 0, 20, 20, false, 0, 0},
+        {10, 0, 0, 180, 0, true, -90, 0},  {5, 0, 0, 30, -60, true, -15, -30}, {10, 0, 0, 0, 400, true, 0, 88},
+        {10, 0, 0, 0, -400, true, 0, -88}, {0, 0, 10, 0, 10, true, 0, 90},     {0, 0, 10, 0, -10, true, 0, 85},
+        {3, 4, 0, 0, 0, false, 0, 0},      {0, 0, 0, 20, 20, false, 0, 0},
     };
     for (const Cas& c : cas) {
         SCOPED_TRACE(::testing::Message() << c.x << "," << c.y << "," << c.z << " drag " << c.dx << "," << c.dy);
@@ -100,7 +102,9 @@ TEST(SourisMolette, GrossitAutourDuPointeur)
         double crans, sx, sy;
         bool applique;
     };
-    const Cas cas[] = {{false, -2, 300, 8000, true}, {false, 0.5, 9000, 100, true}, {false, 0, 5100, 4050, false},
+    const Cas cas[] = {{false, -2, 300, 8000, true},
+                       {false, 0.5, 9000, 100, true},
+                       {false, 0, 5100, 4050, false},
                        {true, -3, 0, 0, true}};
     for (const Cas& c : cas) {
         SCOPED_TRACE(::testing::Message() << "espace " << c.espace << " crans " << c.crans);
@@ -141,8 +145,10 @@ TEST(SourisLecture, SolvonsInverseLaProjection)
         double dx, dy, dz, rotadir;
         double x, y, z;
     };
-    const Cas cas[] = {{10, 0, 0, -1, 0, 0, 0, 0.5, -2, 3}, {8, 6, 5, -8, -6, -5, 0.7, -3, 0.5, 2.5},
-                       {-4, 9, -7, 4, -9, 7, 2.1, 0.2, -0.4, 1}, {3, -12, 2, -1, 4, 0, -1, -2, 1.5, 0}};
+    const Cas cas[] = {{10, 0, 0, -1, 0, 0, 0, 0.5, -2, 3},
+                       {8, 6, 5, -8, -6, -5, 0.7, -3, 0.5, 2.5},
+                       {-4, 9, -7, 4, -9, 7, 2.1, 0.2, -0.4, 1},
+                       {3, -12, 2, -1, 4, 0, -1, -2, 1.5, 0}};
     for (const Cas& c : cas) {
         Parametres p;
         std::tie(p.Xviseur, p.Yviseur, p.Zviseur, p.Xdirection, p.Ydirection, p.Zdirection, p.Rotadir) =
