@@ -3,45 +3,38 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <random>
-
 #include "base/chemins.h"
 #include "base/texte_sur.h"
+#include "commun/commun.h"
 
 namespace velorin {
 namespace {
 
+using essai::DossierTemporaire;
 namespace fs = std::filesystem;
 
-class Chemins : public ::testing::Test {
-protected:
+// A file, a link to it, a folder, a link loop and a FIFO.
+struct Chemins : ::testing::Test {
+    DossierTemporaire d;
     void SetUp() override
     {
-        fs::create_directories(dossier);
-        std::ofstream(chemin("entree.lsu")) << "contenu";
-        fs::create_directory(chemin("un_dossier"));
-        fs::create_symlink("boucle_b", chemin("boucle_a"));
-        fs::create_symlink("boucle_a", chemin("boucle_b"));
-        fs::create_symlink("entree.lsu", chemin("lien.lsu"));
-        ASSERT_EQ(mkfifo(chemin("tube").c_str(), 0600), 0);
+        essai::ecrisFichier(d / "entree.lsu", "contenu");
+        fs::create_directory(d / "un_dossier");
+        fs::create_symlink("boucle_b", d / "boucle_a");
+        fs::create_symlink("boucle_a", d / "boucle_b");
+        fs::create_symlink("entree.lsu", d / "lien.lsu");
+        ASSERT_EQ(mkfifo((d / "tube").c_str(), 0600), 0);
     }
-    void TearDown() override
-    {
-        chmod(chemin("illisible").c_str(), 0600);
-        fs::remove_all(dossier);
-    }
-    std::string chemin(const std::string& nom) const { return (dossier / nom).string(); }
-    fs::path dossier = fs::temp_directory_path() / ("velorin_chm_" + std::to_string(std::random_device{}()));
+    void TearDown() override { chmod((d / "illisible").c_str(), 0600); }
 };
 
-TEST_F(Chemins, EachUnreadablePathHasItsOwnSentence)
+// Each refusal has its own sentence, for the checker and for the reader of
+// small text files above it (checked before opening: a FIFO never blocks).
+TEST_F(Chemins, ChaqueCheminIllisibleASaPhrase)
 {
     struct Cas {
-        std::string nom;
-        std::string fin;
-    };  // fin empty: readable
+        std::string nom, fin;  // fin empty: readable
+    };
     std::vector<Cas> cas = {
         {"entree.lsu", ""},
         {"lien.lsu", ""},
@@ -53,46 +46,50 @@ TEST_F(Chemins, EachUnreadablePathHasItsOwnSentence)
         {"boucle_a", " est un lien symbolique qui tourne en boucle."},
     };
     if (geteuid() != 0) {  // root reads everything
-        std::ofstream(chemin("illisible")) << "x";
-        chmod(chemin("illisible").c_str(), 0);
+        essai::ecrisFichier(d / "illisible", "x");
+        chmod((d / "illisible").c_str(), 0);
         cas.push_back({"illisible", " ne peut pas être lu : permission refusée."});
     }
     for (const Cas& c : cas) {
-        const auto erreur = verifieFichierLisible(chemin(c.nom), "Le catalogue");
-        if (c.fin.empty()) {
-            EXPECT_FALSE(erreur) << c.nom << ": " << erreur.message();
-            continue;
+        const std::string chemin = d / c.nom;
+        std::string contenu;
+        for (const Erreur& erreur :
+             {verifieFichierLisible(chemin, "Le catalogue"), lisFichierTexte(chemin, "Le catalogue", "", 100, contenu)}) {
+            EXPECT_EQ(bool(erreur), !c.fin.empty()) << c.nom << ": " << erreur.message();
+            if (erreur) {
+                EXPECT_EQ(erreur.message(), "Le catalogue " + texteCite(chemin) + c.fin);
+            }
         }
-        ASSERT_TRUE(erreur) << c.nom;
-        EXPECT_EQ(erreur.message(), "Le catalogue " + texteCite(chemin(c.nom)) + c.fin);
+        EXPECT_EQ(contenu, c.fin.empty() ? "contenu" : "") << c.nom;
     }
-    const auto peripherique = verifieFichierLisible("/dev/null");
-    ASSERT_TRUE(peripherique);
-    EXPECT_EQ(peripherique.message(), "Le fichier « /dev/null » est un périphérique, pas un fichier.");
-    EXPECT_TRUE(verifieDossier(chemin("entree.lsu")));
-    EXPECT_FALSE(verifieDossier(chemin("un_dossier")));
+    EXPECT_EQ(verifieFichierLisible("/dev/null").message(),
+              "Le fichier « /dev/null » est un périphérique, pas un fichier.");
+    EXPECT_TRUE(verifieDossier(d / "entree.lsu"));
+    EXPECT_FALSE(verifieDossier(d / "un_dossier"));
+    std::string contenu;
+    EXPECT_EQ(lisFichierTexte(d / "entree.lsu", "Le catalogue", "un catalogue", 6, contenu).message(),
+              "Fichier " + texteCite(d / "entree.lsu") + " : trop volumineux pour un catalogue");
 }
 
-TEST_F(Chemins, AnOutputIsNeverOneOfTheInputs)
+TEST_F(Chemins, UneSortieNEstJamaisUneDesEntrees)
 {
-    const std::string entree = chemin("entree.lsu");
+    const std::string entree = d / "entree.lsu";
     const std::string relatif = fs::relative(entree, fs::current_path()).string();
     ASSERT_NE(relatif[0], '/');
-    const std::vector<std::string> entrees = {chemin("autre.log"), relatif};
+    const std::vector<std::string> entrees = {d / "autre.log", relatif};
     struct Cas {
-        std::string sortie;
-        std::string message;
-    };  // message empty: accepted
+        std::string sortie, message;  // message empty: accepted
+    };
     const Cas cas[] = {
-        {chemin("nouveau.png"), ""},
-        {chemin("un_dossier/x.png"), ""},
+        {d / "nouveau.png", ""},
+        {d / "un_dossier/x.png", ""},
         {entree, "est aussi lu par cette commande (" + texteCite(relatif) + ")"},
-        {chemin("lien.lsu"), "est aussi lu par cette commande"},
-        {chemin("un_dossier/../entree.lsu"), "est aussi lu par cette commande"},
-        {chemin("un_dossier"), "est un dossier."},
-        {chemin("absent/x.png"), "Le dossier de sortie"},
-        {chemin("boucle_a"), "est un lien symbolique qui tourne en boucle."},
-        {chemin("tube"), "est un tube nommé (FIFO)"},
+        {d / "lien.lsu", "est aussi lu par cette commande"},
+        {d / "un_dossier/../entree.lsu", "est aussi lu par cette commande"},
+        {d / "un_dossier", "est un dossier."},
+        {d / "absent/x.png", "Le dossier de sortie"},
+        {d / "boucle_a", "est un lien symbolique qui tourne en boucle."},
+        {d / "tube", "est un tube nommé (FIFO)"},
         {"", "n'est pas nommé"},
     };
     for (const Cas& c : cas) {
@@ -100,10 +97,10 @@ TEST_F(Chemins, AnOutputIsNeverOneOfTheInputs)
         EXPECT_EQ(bool(erreur), !c.message.empty()) << c.sortie << ": " << erreur.message();
         EXPECT_NE(erreur.message().find(c.message), std::string::npos) << erreur.message();
     }
-    EXPECT_TRUE(memeFichier(relatif, chemin("lien.lsu")));
-    EXPECT_FALSE(memeFichier(entree, chemin("absent.lsu")));
-    EXPECT_EQ(tailleFichier(chemin("lien.lsu")), 7u);
-    EXPECT_EQ(tailleFichier(chemin("tube")), 0u);
+    EXPECT_TRUE(memeFichier(relatif, d / "lien.lsu"));
+    EXPECT_FALSE(memeFichier(entree, d / "absent.lsu"));
+    EXPECT_EQ(tailleFichier(d / "lien.lsu"), 7u);
+    EXPECT_EQ(tailleFichier(d / "tube"), 0u);
 }
 
 }  // namespace

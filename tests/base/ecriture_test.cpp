@@ -3,50 +3,35 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <random>
 #include <set>
 
 #include "base/ecriture.h"
 #include "base/texte_sur.h"
+#include "commun/commun.h"
 
 namespace velorin {
 namespace {
 
 namespace fs = std::filesystem;
+using essai::lisFichier;
 
-class Ecriture : public ::testing::Test {
-protected:
-    void SetUp() override { fs::create_directories(dossier); }
-    void TearDown() override
-    {
-        simuleDisquePlein(-1);
-        fs::remove_all(dossier);
-    }
-    std::string chemin(const std::string& nom) const { return (dossier / nom).string(); }
-    static std::string contenu(const std::string& c)
-    {
-        std::ifstream f(c, std::ios::binary);
-        return {std::istreambuf_iterator<char>(f), {}};
-    }
+struct Ecriture : ::testing::Test {
+    essai::DossierTemporaire d;
+    void TearDown() override { simuleDisquePlein(-1); }
+    std::string chemin(const std::string& nom) const { return d / nom; }
     std::set<std::string> noms() const
     {
-        std::set<std::string> n;
-        for (const auto& e : fs::directory_iterator(dossier))
-            n.insert(e.path().filename().string());
-        return n;
+        const auto n = d.noms();
+        return {n.begin(), n.end()};
     }
-    fs::path dossier = fs::temp_directory_path() / ("velorin_ecr_" + std::to_string(std::random_device{}()));
 };
 
-TEST_F(Ecriture, ReplacesTheFileWholeOrKeepsTheOldOne)
+TEST_F(Ecriture, DisquePleinGardeLAncienFichierSansTemporaire)
 {
     const std::string cible = chemin("f.txt");
     ASSERT_FALSE(ecrisFichierEntier(cible, "ancien contenu\n"));
     ASSERT_FALSE(ecrisFichierEntier(cible, "nouveau"));
-    EXPECT_EQ(contenu(cible), "nouveau");
+    EXPECT_EQ(lisFichier(cible), "nouveau");
 
     // A disk that fills up after N bytes: at the start, in the middle, at the
     // very end (the last byte), and through the stream of a long write.
@@ -58,7 +43,7 @@ TEST_F(Ecriture, ReplacesTheFileWholeOrKeepsTheOldOne)
         EXPECT_NE(erreur.message().find("le disque est plein ; le fichier précédent est conservé"), std::string::npos)
             << erreur.message();
         EXPECT_NE(erreur.message().find(texteCite(cible)), std::string::npos);
-        EXPECT_EQ(contenu(cible), "nouveau") << octets;
+        EXPECT_EQ(lisFichier(cible), "nouveau") << octets;
         EXPECT_EQ(noms(), std::set<std::string>{"f.txt"}) << "a temporary is left, " << octets;
 
         EcritureEntiere e(cible);
@@ -66,15 +51,15 @@ TEST_F(Ecriture, ReplacesTheFileWholeOrKeepsTheOldOne)
         for (int i = 0; i < 1000; ++i)
             e.flux() << long_.substr(0, 200) << '\n';
         EXPECT_TRUE(e.termine());
-        EXPECT_EQ(contenu(cible), "nouveau");
+        EXPECT_EQ(lisFichier(cible), "nouveau");
     }
     simuleDisquePlein(200000);  // exactly enough
     ASSERT_FALSE(ecrisFichierEntier(cible, long_));
-    EXPECT_EQ(contenu(cible), long_);
+    EXPECT_EQ(lisFichier(cible), long_);
     EXPECT_EQ(noms(), std::set<std::string>{"f.txt"});
 }
 
-TEST_F(Ecriture, PathsThatCannotBeWrittenAreToldInFrench)
+TEST_F(Ecriture, CheminsImpossiblesAEcrireDitsEnFrancais)
 {
     fs::create_directory(chemin("un_dossier"));
     fs::create_symlink("boucle_b", chemin("boucle_a"));
@@ -97,7 +82,7 @@ TEST_F(Ecriture, PathsThatCannotBeWrittenAreToldInFrench)
     EXPECT_EQ(noms(), (std::set<std::string>{"boucle_a", "boucle_b", "un_dossier"}));
 }
 
-TEST_F(Ecriture, WritesThroughALinkAndTakesLongNames)
+TEST_F(Ecriture, EcritAuTraversDUnLienEtAccepteLesNomsLongs)
 {
     fs::create_directory(chemin("vrai"));
     ASSERT_FALSE(ecrisFichierEntier(chemin("vrai/cible.txt"), "avant"));
@@ -105,17 +90,17 @@ TEST_F(Ecriture, WritesThroughALinkAndTakesLongNames)
     fs::create_symlink("vrai/cible.txt", chemin("lien.txt"));
     ASSERT_FALSE(ecrisFichierEntier(chemin("lien.txt"), "après"));
     EXPECT_TRUE(fs::is_symlink(chemin("lien.txt")));
-    EXPECT_EQ(contenu(chemin("vrai/cible.txt")), "après");
+    EXPECT_EQ(lisFichier(chemin("vrai/cible.txt")), "après");
     EXPECT_EQ(fs::status(chemin("vrai/cible.txt")).permissions() & fs::perms::all,
               fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
 
     const std::string nom(255, 'n');
     ASSERT_FALSE(ecrisFichierEntier(chemin(nom), "long"));
-    EXPECT_EQ(contenu(chemin(nom)), "long");
+    EXPECT_EQ(lisFichier(chemin(nom)), "long");
     EXPECT_EQ(noms(), (std::set<std::string>{"vrai", "lien.txt", nom}));
 }
 
-TEST(TexteSur, ControlBytesBecomeVisibleAndTextStays)
+TEST(TexteSur, OctetsDeControleRendusVisiblesTexteGarde)
 {
     struct Cas {
         std::string brut, sur;

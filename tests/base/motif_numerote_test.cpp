@@ -5,7 +5,7 @@
 namespace velorin {
 namespace {
 
-TEST(MotifNumerote, NamesOfTheSeries)
+TEST(MotifNumerote, NomsDeLaSerie)
 {
     struct Cas {
         const char* motif;
@@ -29,7 +29,7 @@ TEST(MotifNumerote, NamesOfTheSeries)
     EXPECT_FALSE(estMotifNumerote("anim.gif"));
 }
 
-TEST(MotifNumerote, RefusedPatterns)
+TEST(MotifNumerote, MotifsRefusesGardentLePrecedent)
 {
     struct Cas {
         const char* motif;

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "commun/formules_aleatoires.h"
 #include "engine/compilation.h"
 #include "engine/points.h"
 
@@ -23,97 +24,6 @@ std::uint64_t bits(double x)
     return b;
 }
 
-class Generateur {
-public:
-    explicit Generateur(unsigned graine) : alea_(graine) { }
-
-    int tire(int n) { return std::uniform_int_distribution<int>(0, n - 1)(alea_); }
-    template <class T, std::size_t n> const T& parmi(const T (&t)[n]) { return t[tire(int(n))]; }
-
-    // A term: constant, or coefficient, operator, letter, exponent.
-    std::string terme()
-    {
-        static const char* constantes[] = {"2",   "1.5", "P", "2P",  "P/2", "-3P/4", "1E2", "2E", "1E400",
-                                           "1/4", "1/0", "0", "PE2", "XE1", "3E-1",  "7",   "E",  "0.5P"};
-        static const char* coefficients[] = {"", "", "2*", "3/", "-1*", "2\\", "1E2*", "P*", "2", "0.5/", "1E999*"};
-        static const char* exposants[] = {"", "", "", "^2", "^3", "^0.5", "^-1", "^P", "^X", "^1E3", "^2.5", "^0"};
-        static const char lettres[] = "XYZTAXX";
-        if (tire(4) == 0)
-            return parmi(constantes);
-        return std::string(parmi(coefficients)) + lettres[tire(7)] + parmi(exposants);
-    }
-
-    std::string somme()
-    {
-        std::string s = tire(5) == 0 ? "-" : "";
-        for (int k = 1 + tire(3); k > 0; --k)
-            s += terme() + (k > 1 ? std::string(1, "+-"[tire(2)]) : "");
-        return s;
-    }
-
-    std::string prefixe()
-    {
-        static const char* noms[] = {"SIN",         "COS",  "TAN",  "TG",   "COTAN", "LN",      "LOG",     "EXP",
-                                     "EXPONENTIEL", "RAC",  "SQR",  "RAC3", "3SQR",  "ATN",     "ARCSIN",  "ARCCOS",
-                                     "ARCCOTAN",    "SINH", "HCOS", "TANH", "COTH",  "ARCSINH", "ARCCOSH", "ARCTANH",
-                                     "HARCCOTANH",  "ENT",  "E",    "INT",  "ABS",   "CUBR",    "FOO",     ""};
-        static const char* tetes[] = {"", "", "", "-", "2*", "3+", "1-", "5", "X*", "2^", "4\\", "1E999*", "2#"};
-        switch (tire(4)) {
-        case 0: return "";
-        case 1: return std::string(parmi(tetes)) + (tire(2) ? "" : "1");
-        default: return std::string(parmi(tetes)) + parmi(noms);
-        }
-    }
-
-    // A text with `paires` bracket pairs, nested or side by side.
-    std::string formule(int paires)
-    {
-        if (paires <= 0)
-            return somme();
-        if (paires == 1 || tire(2) == 0)
-            return prefixe() + "(" + formule(paires - 1) + ")";
-        const int gauche = 1 + tire(paires - 1);
-        const char op = "+-*/\\^*+"[tire(8)];
-        return formule(gauche) + op + formule(paires - gauche);
-    }
-
-    // Sometimes a text broken afterwards: a bracket or a character added,
-    // removed or moved, blanks, lower case.
-    std::string texte()
-    {
-        std::string s = formule(tire(6));
-        if (tire(4) == 0) {
-            static const char morceaux[] = "()+-*/^\\ xEP.0)(";
-            const std::size_t p = s.empty() ? 0 : std::size_t(tire(int(s.size())));
-            if (tire(2) == 0 || s.empty())
-                s.insert(p, 1, morceaux[tire(sizeof morceaux - 1)]);
-            else
-                s.erase(p, 1);
-        }
-        if (tire(8) == 0)
-            s = " " + s + " ";
-        if (tire(8) == 0)
-            for (char& c : s)
-                c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        return s;
-    }
-
-    static constexpr double speciales[] = {0,        -0.0,     1,        -1,       0.5,    1.5,          2.5,
-                                           -2.5,     2,        3,        0.4,      1e-300, 1e300,        -1e308,
-                                           1e155,    1e-170,   1e-9,     700,      -745,   2147483647.5, 2147483648.0,
-                                           3.141592, 1.570796, 4.9e-324, -2.5e-310};
-
-    double valeur()
-    {
-        if (tire(3) == 0)
-            return parmi(speciales);
-        return std::uniform_real_distribution<double>(-12, 12)(alea_);
-    }
-
-private:
-    std::mt19937 alea_;
-};
-
 void compare(const Resultat& attendu, const Resultat& obtenu, const std::string& quoi)
 {
     ASSERT_EQ(int(attendu.issue), int(obtenu.issue)) << quoi;
@@ -125,7 +35,7 @@ const Famille familles[] = {Famille::Plan, Famille::Espace, Famille::Nuage};
 
 TEST(Compilation, MemesResultatsQueLaLectureDuTexte)
 {
-    Generateur g(12345);
+    essai::FormulesAleatoires g(12345);
     for (int essai = 0; essai < 4000; ++essai) {
         const std::string texte = g.texte();
         for (Famille f : familles) {
@@ -138,51 +48,6 @@ TEST(Compilation, MemesResultatsQueLaLectureDuTexte)
             }
         }
     }
-}
-
-// Texts the evaluator reads in a particular way, each in every family.
-TEST(Compilation, CasParticuliers)
-{
-    const char* textes[] = {"(X)-(1)-(1)",
-                            "(2)*SIN(X)+(3)*COS(X)",
-                            "SIN(X)+1",
-                            ")X(",
-                            "SIN(X",
-                            "(X)(X)",
-                            "P",
-                            "1P",
-                            "RAC3(8)",
-                            "3SQR(8)",
-                            "5SIN(X)",
-                            "-SIN(X)",
-                            "2\\X",
-                            "1\\X",
-                            "X-1-1",
-                            "((((X))))",
-                            "(X)+(Y)*(Z)-(T)",
-                            "2X",
-                            "1E308+1E308",
-                            "(1E308+1E308)*(2)",
-                            "EXPONENTIELLE(X)",
-                            "12.5SIN(X)",
-                            "X^1000",
-                            "(X)^(Y)^(2)",
-                            "E(X)",
-                            "  x^2 ",
-                            "X-0",
-                            "-X-0",
-                            "(X)*(2)/(3)",
-                            "(X)/(Y)*(3)^(Z)"};
-    Generateur g(7);
-    for (const char* texte : textes)
-        for (Famille f : familles) {
-            const FormuleCompilee c(f, texte);
-            for (double a : Generateur::speciales) {
-                const double b = g.valeur(), d = g.valeur();
-                compare(evalue(f, texte, a, b, d), c.evalue(a, b, d), texte);
-                compare(evalue(f, texte, b, a, d), c.evalue(b, a, d), texte);
-            }
-        }
 }
 
 // Texts long enough to need more registers than the flat code numbers.
@@ -203,10 +68,10 @@ TEST(Compilation, TextesTresLongs)
 // Whole blocks, including lanes that fail, must match the point-by-point values.
 TEST(Compilation, BlocsCommePointParPoint)
 {
-    Generateur g(999);
+    essai::FormulesAleatoires g(999);
     std::vector<double> u(600), v(600), w(600), sortie(600);
     for (int essai = 0; essai < 4000; ++essai) {
-        const std::string texte = essai % 50 == 0 ? "(3+COS(A))*COS(T)" : g.texte();
+        const std::string texte = g.texte();
         const Famille f = familles[essai % 3];
         const FormuleCompilee c(f, texte);
         const std::size_t n = 1 + std::size_t(g.tire(essai % 10 == 0 ? 600 : 40));
@@ -232,7 +97,7 @@ TEST(Compilation, BlocsCommePointParPoint)
 // still give its own values, also where another one of the group fails.
 TEST(Compilation, GroupesCommeFormulesSeules)
 {
-    Generateur g(2024);
+    essai::FormulesAleatoires g(2024);
     std::vector<double> u(300), v(300), w(300), x(300), y(300), z(300);
     double* sorties[] = {x.data(), y.data(), z.data()};
     for (int essai = 0; essai < 1500; ++essai) {
@@ -288,7 +153,7 @@ TEST(Compilation, BouclesPortablesCommeAvx2)
 {
     if (!compil::avx2EnService())
         GTEST_SKIP() << "pas de boucles AVX2 dans cette construction ou sur ce processeur";
-    Generateur g(4242);
+    essai::FormulesAleatoires g(4242);
     double u[64], v[64], w[64], auto_[64], sse[64];
     bool douteuxAuto[64], douteuxSse[64];
     for (int essai = 0; essai < 1500; ++essai) {
@@ -312,34 +177,6 @@ TEST(Compilation, BouclesPortablesCommeAvx2)
                 ASSERT_EQ(bits(auto_[i]), bits(sse[i])) << c.texte();
             }
         }
-    }
-}
-
-// The entry points read their formulas through the cache: a curve whose
-// formulas change between points, and the space "\" that divides by the
-// previous point's x, must give what the text reading gives.
-TEST(Compilation, PointsParLesFormulesCompilees)
-{
-    GlobalesMoteur g;
-    double xAttendu = 0, yAttendu = 0;
-    for (int k = 0; k < 40; ++k) {
-        const double t = -2 + 0.1 * k;
-        g.formuleF1 = k % 2 ? "(3\\X)+(T)" : "SIN(T)*(2)";
-        g.formuleF2 = "5\\T^2";
-        const double px = xAttendu;
-        yAttendu = evalespace(g.formuleF2, t, px);
-        xAttendu = evalespace(g.formuleF1, t, px);
-        pointparametre(g, t, 1, false);
-        ASSERT_EQ(bits(xAttendu), bits(g.pointX)) << k;
-        ASSERT_EQ(bits(yAttendu), bits(g.pointY)) << k;
-        g.formuleF1 = "(X)*(Y)";
-        g.formuleF2 = "COS(X)+(Y)";
-        g.formuleF3 = k % 3 ? "X-Y" : "(X";
-        g.erreurFormule.clear();
-        pointsurface(g, t, 0.5 * t);
-        EXPECT_EQ(bits(evalplan(g.formuleF2, t, 0.5 * t)), bits(g.pointY));
-        EXPECT_EQ(k % 3 ? "" : "Formule incorrecte", g.erreurFormule);
-        g.pointX = xAttendu;
     }
 }
 

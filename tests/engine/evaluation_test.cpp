@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "engine/lecture.h"
-#include "engine/normalisation.h"
 
 namespace velorin {
 namespace {
@@ -12,7 +11,7 @@ constexpr Famille P = Famille::Plan, E = Famille::Espace, N = Famille::Nuage;
 constexpr Issue V = Issue::Valeur, S = Issue::SansValeur, I = Issue::Incorrecte;
 constexpr double H = horsCalcul;
 
-TEST(MoteurEvaluation, FormulesParFamille)
+TEST(MoteurEvaluation, FormulesParFamilleIssueEtValeur)
 {
     // Variables: plane (u, v), space (t, previous x), cloud (x, y, z).
     struct Cas {
@@ -25,38 +24,29 @@ TEST(MoteurEvaluation, FormulesParFamille)
     const double s = std::sin(0.5), co = std::cos(0.5);
     for (const Cas& c : std::initializer_list<Cas>{
              {E, "X^2", 3, 0, 0, V, 9},
-             {E, "2*X^2", 3, 0, 0, V, 18},
              {E, "1/X", 0, 0, 0, V, H},
              {E, "2\\X", 0.4, 0, 0, V, H},
              {P, "2\\X", 0.6, 0, 0, V, H},
              {P, "7\\X", 2, 0, 0, V, 3},
-             {P, "7\\X", -0.7, 0, 0, V, -7},
              {P, "(X)-(1)-(1)", 5, 0, 0, V, 5},
              {E, "X-1-1", 5, 0, 0, V, 3},
-             {E, "-X+2", 5, 0, 0, V, -3},
              {E, "RAC(X)", -4, 0, 0, V, 0},
              {E, "LOG(100)", 0, 0, 0, V, 2},
              {E, "E(X)", -1.5, 0, 0, V, -2},
              {E, "ARCCOTAN(0)", 0, 0, 0, V, 2 * std::atan(1.0)},
              {E, "SIN(X)+1", 0.5, 0, 0, V, s},
-             {E, "SIN(X)+(1)", 0.5, 0, 0, V, s + 1},
              {E, "-SIN(X)", 0.5, 0, 0, V, -s},
              {E, "5SIN(X)", 0.5, 0, 0, V, H},
-             {E, "(5)*SIN(X)", 0.5, 0, 0, V, 5 * s},
              {E, "RAC3(8)", 0, 0, 0, S, 0},
              {E, "3SQR(8)", 0, 0, 0, V, H},
              {E, "P", 0.25, 0, 0, V, 0.25},
              {E, "1P", 0.25, 0, 0, V, 3.141592},
              {E, "2X", 3, 0, 0, S, 0},
-             {E, "2X+1", 3, 0, 0, V, 1},
              {E, "(X)+1+(2)", 3, 0, 0, V, 6},
-             {E, "3*(X+1)", 2, 0, 0, V, 9},
-             {E, "2^(X)", 3, 0, 0, V, 8},
              {E, "  sin(x) ", 0.5, 0, 0, V, s},
              {E, "X^0.5", -4, 0, 0, V, H},
              {E, "1E300*X^2", 1e10, 0, 0, V, H},
              {E, "1E308+1E308", 0, 0, 0, V, H},  // a sum overflow nothing catches
-             {E, "(1E308+1E308)*(2)", 0, 0, 0, V, H},
              // The space family's "\" tests t but divides by the previous x.
              {E, "7\\X", 5, 2, 0, V, 3},
              {E, "7\\X", 5, 0.3, 0, V, H},
@@ -68,24 +58,18 @@ TEST(MoteurEvaluation, FormulesParFamille)
              {N, "(X)+(Y)+(1)", 1, 2, 0, S, 0},
              // Arrangements of two to four pairs.
              {N, "(X)*(Y)", 3, 4, 0, V, 12},
-             {E, "((X))", 2, 0, 0, V, 2},
              {E, "((((X))))", 2, 0, 0, V, 2},
              {E, "((X)+(1))*(2)", 2, 0, 0, V, 6},
-             {E, "(2)*((X)+(1))", 2, 0, 0, V, 6},
              {E, "SIN((X)*(2))", 0.25, 0, 0, V, s},
-             {E, "(X)*(2)+(1)-(3)", 2, 0, 0, V, 2},
              {E, "(X)^(2)*(3)", 2, 0, 0, V, 12},
              {E, "ABS((X)-(1)-(2))", 5, 0, 0, V, 6},
              // Variable letters of each family.
-             {P, "A", 2, 3, 0, V, 2},
              {P, "2*Y^2", 2, 3, 0, V, 18},
              {P, "X+T", 2, 3, 0, V, 5},
              {N, "X+Y+Z", 1, 2, 4, V, 7},
-             {N, "T", 1, 2, 4, V, 1},
              {E, "T+A+X", 2, 0, 0, V, 6},
              // Unreadable brackets, also when met in a piece.
              {E, "SIN(X", 1, 0, 0, I, 0},
-             {P, "SIN(X", 1, 0, 0, I, 0},
              {E, ")X(", 1, 0, 0, I, 0},
              {E, "(X)(1)", 1, 0, 0, I, 0},
              {N, "(X)+)(", 1, 0, 0, I, 0},
@@ -96,7 +80,7 @@ TEST(MoteurEvaluation, FormulesParFamille)
     }
 }
 
-TEST(MoteurEvaluation, ValeurStockeeEtMessages)
+TEST(MoteurEvaluation, IssueRangeeEtMessage)
 {
     Issue issue = Issue::Valeur;
     EXPECT_EQ(evalnuage("(X", 1, 2, 3, &issue), 0);
@@ -105,23 +89,6 @@ TEST(MoteurEvaluation, ValeurStockeeEtMessages)
     EXPECT_EQ(evalplan("(1)+(2)+(3)+(4)", 0, 0, &issue), 0);
     EXPECT_EQ(issue, Issue::SansValeur);
     EXPECT_EQ(evalespace("(1)+(2)+(3)+(4)", 0, 0, &issue), 10);
-}
-
-TEST(MoteurEvaluation, FormulesPrepareesPuisLues)
-{
-    struct Cas {
-        const char* tape;
-        double x, attendu;
-    };
-    for (const Cas& c : std::initializer_list<Cas>{
-             {"y = 2 sin(x)", 0.5, 2 * std::sin(0.5)},
-             {"z=[x+1]^2", 2, 3},  // "^2" after the only pair is not read
-             {"y=x*cos(x)", 2, 2 * std::cos(2.0)},
-             {"y=0.5exp(x)", 1, 0.5 * std::exp(1.0)},
-         }) {
-        const std::string f = nettoieformule(unifiecrochets(c.tape), 0);
-        EXPECT_DOUBLE_EQ(evalespace(f, c.x, 0), c.attendu) << c.tape << " -> " << f;
-    }
 }
 
 }  // namespace

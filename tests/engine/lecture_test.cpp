@@ -10,7 +10,7 @@ namespace {
 constexpr double kEchec = -12345;  // an expected failure
 constexpr double kSans = -54321;   // no value expected
 
-TEST(MoteurLecture, LecteurDeNombres)
+TEST(MoteurLecture, LecteurDeNombresEtEchecs)
 {
     struct Cas {
         const char* texte;
@@ -18,24 +18,16 @@ TEST(MoteurLecture, LecteurDeNombres)
     };
     for (const Cas& c : std::initializer_list<Cas>{
              {"-2P/3", 0, -2 * 3.141592 / 3},
-             {"P/2", 0, 1.570796},
-             {"-P", 0, -3.141592},
-             {"1/4", 0, 0.25},
-             {"2E3", 0, 2000},
-             {"1.5", 0, 1.5},
              {"1P", 0, 3.141592},
              {"P", 7, 7},
              {"x", 7, 7},
-             {"5", 7, 5},
              {"", 7, 0},
              {"  -3  ", 0, -3},
              {"E-3", 0, 0},
-             {"2E-3", 0, 0.002},
              {"1E1E1", 0, 100},
              {"2-1/4", 0, 0.25},  // a "-" not in front gives no sign
              {"1/-2", 0, -1},
              {"1.5-2", 0, 2},
-             {"3/", 0, 3},
              {"1E-999", 0, 0},
              {"1/0", 0, kEchec},
              {"1E999", 0, kEchec},
@@ -52,7 +44,7 @@ TEST(MoteurLecture, LecteurDeNombres)
     }
 }
 
-TEST(MoteurLecture, OperationsEtGroupement)
+TEST(MoteurLecture, OperationsEtGroupementDePaires)
 {
     struct Cas {
         char op;
@@ -60,20 +52,16 @@ TEST(MoteurLecture, OperationsEtGroupement)
     };
     for (const Cas& c : std::initializer_list<Cas>{
              {'*', 3, 4, 12},
-             {'-', 3, 4, -1},
              {'/', 3, 0, horsCalcul},
-             {'/', 1, 4, 0.25},
              {'\\', 7, 2, 3},
-             {'\\', -7, 2, -3},
+             {'\\', -7, 2, -3},  // toward zero
              {'\\', 2.5, 1, 2},
-             {'\\', 3.5, 1, 4},
              {'\\', 7, 0.4, 0},
              {'\\', 3e9, 2, 0},
              {'\\', -2147483648.0, -1, 0},
              {'^', 2, 10, 1024},
              {'^', 0, -1, 0},
              {'^', -8, 0.5, 0},
-             {'^', -2, 3, -8},
              {'*', 1e200, 1e200, 0},
              {'%', 1, 2, kSans},
          }) {
@@ -92,7 +80,7 @@ TEST(MoteurLecture, OperationsEtGroupement)
     EXPECT_EQ(combine4('*', '/', '-', 2, 3, 4, 5).valeur, 1.5 - 5);
 }
 
-TEST(MoteurLecture, PrefixesEtFonctions)
+TEST(MoteurLecture, PrefixesEtFonctionsHorsDomaine)
 {
     struct Cas {
         const char* prefixe;
@@ -100,26 +88,20 @@ TEST(MoteurLecture, PrefixesEtFonctions)
     };
     for (const Cas& c : std::initializer_list<Cas>{
              {"", 2.5, 2.5},
-             {"7", 2.5, 7},
              {"-", 2, -2},
              {"2*COS", 0, 2},
-             {"3-LN", 1, 3},
              {"X*", 2, 0},  // a letter in a head reads as 0
              {"CUBR", 8, kSans},
              {"12.5SIN", 0, kSans},  // head not ending with an operator
              {"INT", 2.7, 2},
              {"EXPONENTIELLE", 1, std::exp(1.0)},
-             {"ARCSINH", 0, 0},
              {"ARCCOS", 0, 2 * std::atan(1.0)},
              {"TANGEANTE", 1, std::tan(1.0)},
              {"LN", 0, horsCalcul},
-             {"LN", -1, horsCalcul},
              {"ARCSIN", 1, horsCalcul},
-             {"ARCSIN", 2, horsCalcul},
              {"COTAN", 0, horsCalcul},
              {"EXP", 1000, horsCalcul},
              {"SINH", 800, horsCalcul},
-             {"COTH", 0, horsCalcul},
              {"ARCTANH", 1, horsCalcul},
              {"ARCCOSH", 0.5, horsCalcul},
              {"1/0*", 1, horsCalcul},

@@ -1,42 +1,42 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <random>
-
+#include "commun/commun.h"
 #include "settings/fichier_couleurs.h"
 
 namespace velorin {
 namespace {
 
-namespace fs = std::filesystem;
-
-// Every colour the file keeps, for comparisons.
-std::vector<Couleur> valeurs(const SchemaCouleurs& s)
+// Every colour the file keeps.
+std::vector<Couleur*> membres(SchemaCouleurs& s)
 {
-    return {s.couleurAxes,     s.couleurFondSombre, s.couleurTrace,   s.couleurFamille,
-            s.couleurTangente, s.couleurRayon,      s.couleurProjOx,  s.couleurProjOy,
-            s.couleurProjOz,   s.couleurProjXOy,    s.couleurProjXOz, s.couleurProjYOz};
+    return {&s.couleurAxes,     &s.couleurFondSombre, &s.couleurTrace,   &s.couleurFamille,
+            &s.couleurTangente, &s.couleurRayon,      &s.couleurProjOx,  &s.couleurProjOy,
+            &s.couleurProjOz,   &s.couleurProjXOy,    &s.couleurProjXOz, &s.couleurProjYOz};
+}
+std::vector<Couleur> valeurs(SchemaCouleurs s)
+{
+    std::vector<Couleur> v;
+    for (const Couleur* c : membres(s))
+        v.push_back(*c);
+    return v;
 }
 
-TEST(FichierCouleurs, RoundTripThroughTheFileKeepsEveryColour)
+TEST(FichierCouleurs, AllerRetourParLeFichierGardeChaqueCouleur)
 {
     SchemaCouleurs ecrit;
     Couleur v = 0;
-    for (Couleur* c : {&ecrit.couleurAxes, &ecrit.couleurFondSombre, &ecrit.couleurTrace, &ecrit.couleurFamille,
-                       &ecrit.couleurTangente, &ecrit.couleurRayon, &ecrit.couleurProjOx, &ecrit.couleurProjOy,
-                       &ecrit.couleurProjOz, &ecrit.couleurProjXOy, &ecrit.couleurProjXOz, &ecrit.couleurProjYOz})
+    for (Couleur* c : membres(ecrit))
         *c = (v += 0x0F1E2D);
     ecrit.couleurProjYOz = 0xFFFFFF;  // the largest value
     ecrit.couleurAxes = 0;            // and the smallest
     ecrit.couleurFond = 0x123456;     // derived: not stored
 
-    const fs::path dossier = fs::temp_directory_path() / ("velorin_coul_" + std::to_string(std::random_device{}()));
-    fs::create_directories(dossier);
-    const std::string chemin = (dossier / nomFichierCouleurs()).string();
+    const essai::DossierTemporaire d;
+    const std::string chemin = d / nomFichierCouleurs();
     ASSERT_FALSE(ecrisCouleurs(chemin, ecrit));
+    EXPECT_EQ(essai::lisFichier(chemin), texteCouleurs(ecrit));
     SchemaCouleurs lu;
     const Erreur erreur = lisCouleurs(chemin, lu);
-    fs::remove_all(dossier);
     ASSERT_FALSE(erreur) << erreur.message();
     EXPECT_EQ(valeurs(lu), valeurs(ecrit));
     EXPECT_EQ(lu.couleurFond, SchemaCouleurs{}.couleurFond);
@@ -44,7 +44,7 @@ TEST(FichierCouleurs, RoundTripThroughTheFileKeepsEveryColour)
     EXPECT_NE(texteCouleurs(ecrit).find("\ncouleurProjYOz=16777215\n"), std::string::npos);
 }
 
-TEST(FichierCouleurs, TolerantLayoutsAreRead)
+TEST(FichierCouleurs, MisesEnPageTolerees)
 {
     struct Cas {
         const char* texte;
@@ -65,7 +65,7 @@ TEST(FichierCouleurs, TolerantLayoutsAreRead)
     }
 }
 
-TEST(FichierCouleurs, DamagedLineIsNamedAndChangesNothing)
+TEST(FichierCouleurs, LigneAbimeeNommeeRienNeChange)
 {
     struct Cas {
         const char* texte;
@@ -74,7 +74,6 @@ TEST(FichierCouleurs, DamagedLineIsNamedAndChangesNothing)
     const Cas cas[] = {
         {"couleurTrace=255\ncouleurFamille=abc\n", "ligne 2 : la valeur « abc » de couleurFamille"},
         {"couleurTrace=16777216", "ligne 1 : la valeur « 16777216 »"},
-        {"couleurTrace=-1", "ligne 1 : la valeur « -1 »"},
         {"couleurTrace=2.5", "ligne 1 : la valeur « 2.5 »"},
         {"couleurTrace=", "ligne 1 : la valeur «  » de couleurTrace"},
         {"couleurTrace=255\r\n\r\ncouleurInconnue=3", "ligne 3 : couleur inconnue « couleurInconnue »"},

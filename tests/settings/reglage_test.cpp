@@ -18,7 +18,7 @@ int champ(const char* nom)
 
 // Each field is read by the number reader, then converted to its member's
 // type; a value the member cannot hold refuses the whole set.
-TEST(Reglage, LectureEtConversionParChamp)
+TEST(Reglage, LectureEtConversionParChampRefusSansRienAppliquer)
 {
     struct Cas {
         const char* champ;
@@ -29,20 +29,16 @@ TEST(Reglage, LectureEtConversionParChamp)
     };
     const Cas cas[] = {
         {"xmin", "-2P", true, "-6.283184", ""},
-        {"tmax", "2*P", true, "6.283184", ""},
         {"pasT", "1.5E-3", true, "-1.5", ""},  // the evaluator reads "E-" as a subtraction
         {"amin", "(1)+(2)", true, "3", ""},
         {"xmax", "1E999", true, "1000000000", ""},  // a failed computation is horsCalcul
         {"Rotadir", "", true, "0", ""},  // an emptied field reads 0
         {"ymin", "abc", true, "0", ""},  // no number: 0, accepted
-        {"pauseMs", "32767.4", true, "32767", ""},
-        {"pauseMs", "-32768", true, "-32768", ""},
         {"pauseMs", "2.5", true, "2", ""},  // rounded half to even
         {"zmin", "P/3", true, "1.047197", ""},
         {"pauseMs", "40000", false, "", "Pause en millisecondes"},
         {"pauseMs", "32767.6", false, "", "pauseMs"},
         {"Zviseur", "1E39", false, "", "Zviseur"},
-        {"pasRota", "-4E38", false, "", "simple précision"},
         {"zmin", "1E39", false, "", "<z<"},
         {"xmax", "(2", false, "", "Formule incorrecte"},  // and the program ends
     };
@@ -92,20 +88,16 @@ TEST(Reglage, RemarquesPendantLaSaisie)
         {{{"xmin", "-2P"}}, "xmin", nullptr, false},
         {{{"xmax", "(2"}}, "xmax", "Parenthèses non équilibrées", true},
         {{{"xmax", "2)"}}, "xmax", "Formule incorrecte", true},
-        {{{"xmax", "2*(3)"}}, "xmax", nullptr, false},
         {{{"pasT", "1.5E-3"}}, "pasT", "se lit comme une soustraction", false},
         {{{"ymin", ""}}, "ymin", "Champ vide", false},
         {{{"ymin", "abc"}}, "ymin", "ne se lit pas comme un nombre : il vaudra 0", false},
-        {{{"ymin", "P"}}, "ymin", "écrivez 1P", false},
         {{{"tmin", "7"}}, "tmin", "tmin (7) est au-dessus de tmax (6.28)", false},
-        {{{"tmin", "7"}}, "tmax", "tmax (6.28) est au-dessous de tmin (7)", false},
         {{{"amin", "1"}, {"amax", "1"}},
          "amax",
          "amax est égal à amin : accepté tel quel, mais l'intervalle est vide",
          false},
         {{{"ymax", "-11"}}, "ymin", "la fenêtre reprendra alors les valeurs de mem.log", false},
         {{{"zmin", "5"}, {"zmax", "P"}}, "zmin", "au-dessus de zmax", false},  // lone P reads 0
-        {{{"pasT", "0"}}, "pasT", "Valeur nulle : acceptée telle quelle", false},
         {{{"nbrCalZ", "-3"}}, "nbrCalZ", "Valeur négative", false},
         {{{"Xviseur", "-3"}}, "Xviseur", nullptr, false},  // a viewer may be negative
         {{{"pauseMs", "40000"}}, "pauseMs", "n'est pas un entier de -32768 à 32767", true},

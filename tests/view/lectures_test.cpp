@@ -1,35 +1,21 @@
 #include <gtest/gtest.h>
 
-#include "locale_virgule.h"
+#include <tuple>
+
+#include "commun/locale_virgule.h"
 #include "view/lectures.h"
 
 namespace velorin {
 namespace {
 
-TEST(Lectures, Texts)
+TEST(Lectures, TextesAuPointDecimalSousLocaleVirgule)
 {
     LocaleVirgule virgule;  // "." whatever the locale
     Parametres p;
-    p.Xviseur = 10;
-    p.Yviseur = -0.004;
-    p.Zviseur = 2.5f;
-    p.Xdirection = -10;
-    p.Ydirection = 1234.567;
-    p.Zdirection = -2.5;
-    p.Rotadir = 3.14159;
-    p.xmin = -10.5;
-    p.xmax = 1e-5;
-    p.ymin = -3;
-    p.ymax = 12345678;
-    p.zmin = -1;
-    p.zmax = 1;
-    p.tmin = 0;
-    p.tmax = 6.28;
-    p.pasT = 0.05;
-    p.amin = -1;
-    p.amax = 1;
-    p.pasA = 0.1;
-    p.pauseMs = 20;
+    std::tie(p.Xviseur, p.Yviseur, p.Zviseur, p.Xdirection, p.Ydirection, p.Zdirection, p.Rotadir) =
+        std::tuple(10, -0.004, 2.5f, -10, 1234.567, -2.5, 3.14159);
+    std::tie(p.xmin, p.xmax, p.ymin, p.ymax, p.zmin, p.zmax) = std::tuple(-10.5, 1e-5, -3, 12345678, -1.0f, 1);
+    std::tie(p.tmin, p.tmax, p.pasT, p.amin, p.amax, p.pasA, p.pauseMs) = std::tuple(0, 6.28, 0.05, -1, 1, 0.1, 20);
     const std::pair<std::string, std::string> cas[] = {
         {texteViseur(p), "Xv=10.00  Xd=-10.00\nYv=0.00  Yd=1234.57\nZv=2.50  Zd=-2.50\nRot=3.14"},
         {texteBornes(p, true),

@@ -4,7 +4,7 @@
 
 namespace velorin {
 
-TEST(Palette, ConsoleColoursHaveRedInTheLowByte)
+TEST(Palette, CouleursDeConsoleRougeDansLOctetBas)
 {
     struct Cas {
         int index;

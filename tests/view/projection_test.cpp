@@ -9,21 +9,16 @@
 namespace velorin {
 namespace {
 
+// The view from (vx, vy, vz) along (dx, dy, dz) with head angle `rota`.
 struct Espace {
     Parametres p;
     Vue v;
     explicit Espace(double vx = 10, double vy = 0, float vz = 0, double dx = -1, double dy = 0, double dz = 0,
                     double rota = 0)
     {
-        p.Xviseur = vx;
-        p.Yviseur = vy;
-        p.Zviseur = vz;
-        p.Xdirection = dx;
-        p.Ydirection = dy;
-        p.Zdirection = dz;
-        p.Rotadir = rota;
-        v.W = 11600;
-        v.H = 8800;
+        std::tie(p.Xviseur, p.Yviseur, p.Zviseur, p.Xdirection, p.Ydirection, p.Zdirection, p.Rotadir) =
+            std::tuple(vx, vy, vz, dx, dy, dz, rota);
+        std::tie(v.W, v.H) = std::tuple(11600, 8800);
         prepareVue(p, true, v);
     }
     bool image(double x, double y, double z, double& sx, double& sy) const
@@ -32,16 +27,16 @@ struct Espace {
     }
 };
 
-// The norm and the cross product are pinned by the views below (which side
-// is right, which is up); the cosine's own cases are these.
-TEST(Projection, CosineOfATriangle)
+// A zero side gives an empty result: reachable only where the product
+// with it hides it (a point at the centre of the view), so tested here.
+TEST(Projection, CosinusDUnTriangleCoteNulVide)
 {
     EXPECT_DOUBLE_EQ(cosinusAngle(5, 3, 4), 0);    // right angle
     EXPECT_DOUBLE_EQ(cosinusAngle(1, 1, 1), 0.5);  // equilateral
     EXPECT_EQ(cosinusAngle(1, 0, 1), 0);           // zero side: empty result
 }
 
-TEST(Projection, PlaneCalibration)
+TEST(Projection, EchellesEtOrigineDuPlan)
 {
     struct Cas {
         int ortho;
@@ -62,7 +57,7 @@ TEST(Projection, PlaneCalibration)
     }
 }
 
-TEST(Projection, RefusedRangesGoBackToTheBase)
+TEST(Projection, BornesRefuseesRevenantALaBase)
 {
     struct Cas {
         bool espace;
@@ -97,60 +92,48 @@ TEST(Projection, RefusedRangesGoBackToTheBase)
     }
 }
 
-TEST(Projection, SpaceViewFromPlusX)
+// Looking down -x from (10, 0, 0), the origin's image at the centre
+// (5100, 4000): the unit points at distance 10 seen 1/10 of a half-width
+// away ((0,1,0) to the right, (0,0,1) above, (1,0,0) on the line of sight);
+// a point abreast (the cosine is exactly 0 at distances 0.75 and 1.25)
+// thrown 10^6 half-widths; a point behind seen through the viewer on the
+// other side; the viewer itself refused, nothing written. A head angle of
+// pi/2 makes y the up reference and puts z to the left.
+TEST(Projection, ImagesVuesDepuisPlusXEtAngleDeTete)
 {
     Espace e;
     Parametres p = e.p;
     ASSERT_TRUE(calibre(p, e.v, true));
-    const double cx = (11600 - 1400) / 2.0, cy = (8800 - 800) / 2.0;
+    const double cx = 5100, cy = 4000;
     EXPECT_NEAR(e.v.origineEcranX, cx, 1e-6);
     EXPECT_NEAR(e.v.origineEcranY, cy, 1e-6);
-    // (0,1,0) to the right, (0,0,1) above, (1,0,0) on the line of sight.
     // (The vertical reference point is single precision: 1e-3 twips.)
+    EXPECT_NEAR(e.v.imageUyX - cx, 0.1 * cx, 1e-3);
     EXPECT_NEAR(e.v.imageUyY, cy, 1e-3);
     EXPECT_NEAR(e.v.imageUzX, cx, 1e-3);
     EXPECT_LT(e.v.imageUzY, cy - 100);
     EXPECT_NEAR(e.v.imageUxX, cx, 1e-3);
     EXPECT_NEAR(e.v.imageUxY, cy, 1e-3);
-    // Central projection: the unit point at distance 10 is seen 1/10 away (to the right).
-    EXPECT_NEAR(e.v.imageUyX - cx, 0.1 * cx, 1e-3);
-}
-
-TEST(Projection, HeadAngleTurnsTheUpVector)
-{
-    // Looking down -x, a head angle of pi/2 makes y the up reference: the
-    // image of (0,1,0) is above the centre and (0,0,1) to the left.
-    Espace e(10, 0, 0, -1, 0, 0, 3.141592653589793 / 2);
-    double sx, sy, ox, oy;
-    ASSERT_TRUE(e.image(0, 0, 0, ox, oy));
-    ASSERT_TRUE(e.image(0, 1, 0, sx, sy));
-    EXPECT_NEAR(sx, ox, 1e-6);
-    EXPECT_LT(sy, oy - 100);
-    ASSERT_TRUE(e.image(0, 0, 1, sx, sy));
-    EXPECT_LT(sx, ox - 100);
-    EXPECT_NEAR(sy, oy, 1e-6);
-}
-
-TEST(Projection, PointsAbreastBehindAndAtTheViewer)
-{
-    Espace e;
-    const double cx = 5100, cy = 4000;
     double sx = -1, sy = -1;
-    // Abreast (the cosine is exactly 0 for these distances 0.75 and 1.25):
-    // thrown with the factor 10^6, 10^6 half-widths to the right.
     ASSERT_TRUE(e.image(10, 0.75, 0, sx, sy));
     EXPECT_NEAR((sx - cx) / (1e6 * cx), 1, 1e-3);
     EXPECT_NEAR(sy, cy, 1);
-    // Behind: through the viewer to the other side.
     ASSERT_TRUE(e.image(20, 1, 0, sx, sy));
     EXPECT_NEAR(sx, cx - 0.1 * cx, 1e-3);
-    // At the viewer: refused, nothing written.
     sx = sy = 7;
     EXPECT_FALSE(e.image(10, 0, 0, sx, sy));
     EXPECT_EQ(std::pair(sx, sy), std::pair(7.0, 7.0));
+
+    Espace tete(10, 0, 0, -1, 0, 0, 3.141592653589793 / 2);
+    ASSERT_TRUE(tete.image(0, 1, 0, sx, sy));
+    EXPECT_NEAR(sx, cx, 1e-6);
+    EXPECT_LT(sy, cy - 100);
+    ASSERT_TRUE(tete.image(0, 0, 1, sx, sy));
+    EXPECT_LT(sx, cx - 100);
+    EXPECT_NEAR(sy, cy, 1e-6);
 }
 
-TEST(Projection, NoNanComesOutOfAnAcceptedProjection)
+TEST(Projection, AucunNanDUneProjectionAcceptee)
 {
     // Degenerate set-ups: zero direction (the set-up keeps its previous
     // values), direction along the up vector, huge and failed points.
@@ -168,27 +151,23 @@ TEST(Projection, NoNanComesOutOfAnAcceptedProjection)
     }
 }
 
-TEST(Projection, ZeroDirectionKeepsThePreviousSetUp)
+// A zero direction keeps the previous set-up (the plane mode touches none);
+// the viewer's z and the vertical reference point stay single precision.
+TEST(Projection, DirectionNulleGardeLaVueMembresSimplePrecision)
 {
     Espace e;
     const Vue avant = e.v;
     e.p.Xdirection = 0;
     prepareVue(e.p, true, e.v);
     e.p.Xdirection = 1;
-    prepareVue(e.p, false, e.v);  // plane mode: nothing at all
+    prepareVue(e.p, false, e.v);
     for (auto m : {&Vue::centreVueX, &Vue::centreVueZ, &Vue::repereHY, &Vue::repereVX})
         EXPECT_EQ(e.v.*m, avant.*m);
-    EXPECT_EQ(e.v.repereVZ, avant.repereVZ);  // a float member
-}
-
-TEST(Projection, SinglePrecisionMembersStaySingle)
-{
-    // The viewer's z and the vertical reference point are stored in single
-    // precision: their values are exactly floats.
-    Espace e(3, 4, 0.1f, -3, -4, -0.1);
+    EXPECT_EQ(e.v.repereVZ, avant.repereVZ);
+    Espace f(3, 4, 0.1f, -3, -4, -0.1);
     const double cz = double(0.1f) + (-0.1) / std::sqrt(25.01);
-    EXPECT_EQ(e.v.repereVZ, static_cast<float>(cz + 25 / (5 * std::sqrt(625.25))));
-    EXPECT_EQ(e.v.centreVueZ, cz);
+    EXPECT_EQ(f.v.repereVZ, static_cast<float>(cz + 25 / (5 * std::sqrt(625.25))));
+    EXPECT_EQ(f.v.centreVueZ, cz);
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <locale>
 #include <sstream>
 
-#include "locale_virgule.h"
+#include "commun/locale_virgule.h"
 #include "view/surface_enregistreuse.h"
 
 namespace velorin {
@@ -25,42 +25,37 @@ void dessineUnPeuDeTout(SurfaceEnregistreuse& s)
     s.CurrentX = 300;
     s.CurrentY = 400;
     s.Print("x \"y\"\nz");
+    s.Line(1234567.5, 0.25, 2, 3, 16711680);
 }
 
-TEST(SurfaceEnregistreuse, JournalKeepsEveryOperationWithItsPen)
+// The journal in memory and streamed give the same text, "." decimals under
+// a comma locale with thousands grouping; the streamed one keeps nothing.
+TEST(SurfaceEnregistreuse, JournalEnMemoireEtEnFluxAvecLaPlume)
 {
-    // A comma-decimal locale with thousands grouping must not leak in.
     LocaleVirgule virgule;
-    SurfaceEnregistreuse s(6000, 4500);
-    dessineUnPeuDeTout(s);
-    EXPECT_EQ(s.journal(), "CLEAR 16777215\n"
-                           "LINE 0.5 1 1500.25 -3 255 2 2\n"
-                           "PSET 10 20 16711680 1\n"
-                           "CIRCLE 100 200 20 65280 1 0\n"
-                           "PRINT 300 400 8421376 \"Arial\" 9.5 \"x \"\"y\"\" z\"\n");
-    EXPECT_EQ(s.operations().size(), 5u);
-}
-
-TEST(SurfaceEnregistreuse, StreamedJournalIsTheSameTextAndKeepsNothing)
-{
     SurfaceEnregistreuse enMemoire(6000, 4500);
     dessineUnPeuDeTout(enMemoire);
-    enMemoire.Line(1234567.5, 0.25, 2, 3, 16711680);
-    LocaleVirgule virgule;  // the stream's locale must not matter either
+    const std::string attendu = "CLEAR 16777215\n"
+                                "LINE 0.5 1 1500.25 -3 255 2 2\n"
+                                "PSET 10 20 16711680 1\n"
+                                "CIRCLE 100 200 20 65280 1 0\n"
+                                "PRINT 300 400 8421376 \"Arial\" 9.5 \"x \"\"y\"\" z\"\n"
+                                "LINE 1234567.5 0.25 2 3 16711680 1 0\n";
+    EXPECT_EQ(enMemoire.journal(), attendu);
+    EXPECT_EQ(enMemoire.operations().size(), 6u);
     std::ostringstream flux;
     SurfaceEnregistreuse s(6000, 4500);
     s.ecrisDans(&flux);
     dessineUnPeuDeTout(s);
-    s.Line(1234567.5, 0.25, 2, 3, 16711680);
-    EXPECT_EQ(flux.str(), enMemoire.journal());
+    EXPECT_EQ(flux.str(), attendu);
     EXPECT_TRUE(s.operations().empty());
     s.ecrisDans(nullptr);  // back to memory
     s.PSet(1, 2, 3);
     EXPECT_EQ(s.journal(), "PSET 1 2 3 1\n");
-    EXPECT_EQ(flux.str(), enMemoire.journal());
+    EXPECT_EQ(flux.str(), attendu);
 }
 
-TEST(SurfaceEnregistreuse, PenPositionAndTextMetrics)
+TEST(SurfaceEnregistreuse, PositionDeLaPlumeEtMesuresDuTexte)
 {
     SurfaceEnregistreuse s;
     s.FontSize = 10;
