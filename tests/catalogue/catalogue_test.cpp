@@ -54,6 +54,18 @@ TEST(Cp1252, ConvertsBothWaysAndMarksWhatItCannotHold)
     }
 }
 
+TEST(Catalogue, NomDUnNouveauCatalogue)
+{
+    struct Cas {
+        const char* reponse;
+        std::optional<std::string> nom;
+    };
+    for (const Cas& c : {Cas{"essai", "essai.lsu"}, Cas{" essai.lsu ", "essai.lsu"}, Cas{"Essai.LSU", "Essai.LSU"},
+                         Cas{"a.b", "a.b.lsu"}, Cas{"", std::nullopt}, Cas{"  ", std::nullopt},
+                         Cas{".lsu", std::nullopt}, Cas{"../dehors", std::nullopt}, Cas{"a\\b", std::nullopt}})
+        EXPECT_EQ(nomNouveauCatalogue(c.reponse), c.nom) << '"' << c.reponse << '"';
+}
+
 TEST_F(Catalogues, RecordsRoundTripWithTheirLayout)
 {
     ASSERT_FALSE(ouvrirCatalogue(cat, chemin("essai.lsu")));  // created empty
