@@ -53,6 +53,8 @@ TEST(FiguresFenetre, SauverPuisRelireRedessineTout)
     for (int i : {0, 1})
         EXPECT_TRUE(article(m, "mnumemfig", i)->isEnabled()) << i;
     ASSERT_TRUE(controle<QPushButton>(m, "Command6")->isEnabled());
+    m.resize(760, 540);  // whole on the test screen, so read back as it is
+    m.suisTaille();
     m.envoie(1);
     m.envoie(3);
     b.etiquette(QPoint(30, 40), "Sommet");
