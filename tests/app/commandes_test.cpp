@@ -340,20 +340,13 @@ TEST(Commandes, Lectures)
     souris(zone, QEvent::MouseMove, {150, 90}, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     const QPointF sous = pointSous(m, {150, 90});
     EXPECT_EQ(label1->text(), QStringLiteral("X=%1  Y=%2").arg(sous.x(), 0, 'f', 3).arg(sous.y(), 0, 'f', 3));
-    // A key released: its code, or its name when it has none.
-    const std::pair<Qt::Key, const char*> touches[] = {{Qt::Key_A, "Touche 065"},
-                                                       {Qt::Key_Return, "Touche 013"},
-                                                       {Qt::Key_Left, "Touche 037"},
-                                                       {Qt::Key_F11, "Touche 122"},
-                                                       {Qt::Key_VolumeUp, nullptr}};
+    // A key released: its code as "000".
+    const std::pair<Qt::Key, const char*> touches[] = {
+        {Qt::Key_A, "065"}, {Qt::Key_Return, "013"}, {Qt::Key_F11, "122"}, {Qt::Key_VolumeUp, "175"}};
     for (const auto& [cle, texte] : touches) {
         QKeyEvent touche(QEvent::KeyRelease, cle, Qt::NoModifier);
         QApplication::sendEvent(zone, &touche);
-        if (texte) {
-            EXPECT_EQ(label1->text(), QString::fromUtf8(texte));
-        } else {
-            EXPECT_EQ(label1->text(), QStringLiteral("Touche ") + QKeySequence(cle).toString());
-        }
+        EXPECT_EQ(label1->text(), QString::fromUtf8(texte));
     }
     // Label2's tip follows its caption.
     auto* label2 = controle<QLabel>(m, "Label2");
