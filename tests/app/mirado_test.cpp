@@ -232,7 +232,6 @@ TEST(Mirado, BasculeEspacePlan)
         // The whole caption (shortened on the bar when it lacks room).
         EXPECT_EQ(controle<QMenu>(m, "mnutrace")->menuAction()->toolTip(),
                   "Dans " + QString::fromStdString(f.dossierCourbes) + c.fichier);
-        EXPECT_EQ(m.etat.courbes.nbCourbes, 0);  // the other catalogue's drawing is forgotten
         EXPECT_EQ(int(articles(m, "mnufa").size()), 1 + (c.espace ? 2 : 1));
     }
 }
