@@ -100,10 +100,10 @@ TEST(Fidelite, FigureLueSurUnPetitEcranEtSaCouleurDeReference)
     for (const bool reference : {true, false}) {
         // Saved at 1600 x 1000 pixels, larger than the screen.
         choisi = banc.chemin(reference ? QStringLiteral("vrai.fig") : QStringLiteral("faux.fig"));
-        banc.ecrisFichier(QFileInfo(choisi).fileName(),
-                          QByteArray("False\r\nLisurf.lsu\r\n-10  10 -10  10 -10  10 \r\n"
-                                     " 15  10  7.5  5 -15 -10 -7.5  0 \r\n 0  0 False ") +
-                              (reference ? "True" : "False") + " \r\n 0  0  24000  15000 \r\n");
+        banc.ecrisFichier(QFileInfo(choisi).fileName(), QByteArray("False\r\nLisurf.lsu\r\n-10  10 -10  10 -10  10 \r\n"
+                                                                   " 15  10  7.5  5 -15 -10 -7.5  0 \r\n 0  0 False ") +
+                                                            (reference ? "True" : "False") +
+                                                            " \r\n 0  0  24000  15000 \r\n");
         article(m, "mnumemfig", 1)->trigger();
         EXPECT_TRUE(m.screen()->availableGeometry().contains(m.frameGeometry())) << reference;
         EXPECT_EQ(m.etat.couleurs.couleurFond, reference ? 0x000000U : 0xFFFFFFU) << reference;

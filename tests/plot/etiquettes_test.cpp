@@ -38,8 +38,9 @@ TEST(Etiquettes, ReponsesDePoliceEtDeTaille)
         const char* reponse;
         std::optional<float> attendue;
     };
-    for (const Taille& c : {Taille{"12", 12.0F}, Taille{" 8.5 ", 8.5F}, Taille{"", std::nullopt},
-                            Taille{"0", std::nullopt}, Taille{"-3", std::nullopt}, Taille{"14abc", 14.0F}, Taille{"12pt", 12.0F}})
+    for (const Taille& c :
+         {Taille{"12", 12.0F}, Taille{" 8.5 ", 8.5F}, Taille{"", std::nullopt}, Taille{"0", std::nullopt},
+          Taille{"-3", std::nullopt}, Taille{"14abc", 14.0F}, Taille{"12pt", 12.0F}})
         EXPECT_EQ(tailleChoisie(c.reponse), c.attendue) << '"' << c.reponse << '"';
 }
 

@@ -85,21 +85,19 @@ void Mirado::lecmemoire()
         // The figure's place and size, but the whole window on this screen.
         const GeometrieFenetre& g = r.geometrie;
         const double k = twipsParPixelEcran;
-        const QRect ecran = screen()->availableGeometry();
-        const QRect dehors = frameGeometry(), dedans = geometry();
-        const Cadre c = tiensSurEcran(
-            {g.gauche / k, g.haut / k, g.largeur / k, g.hauteur / k},
-            {double(ecran.x()), double(ecran.y()), double(ecran.width()), double(ecran.height())},
-            {double(dedans.left() - dehors.left()), double(dedans.top() - dehors.top()),
-             double(dehors.right() - dedans.right()), double(dehors.bottom() - dedans.bottom())},
-            200, 150);
+        const QRect e = screen()->availableGeometry(), f = frameGeometry(), d = geometry();
+        const Bords bords{double(d.x() - f.x()), double(d.y() - f.y()), double(f.right() - d.right()),
+                          double(f.bottom() - d.bottom())};
+        const Cadre c =
+            tiensSurEcran({g.gauche / k, g.haut / k, g.largeur / k, g.hauteur / k},
+                          {double(e.x()), double(e.y()), double(e.width()), double(e.height())}, bords, 200, 150);
         setGeometry(int(std::lround(c.x)), int(std::lround(c.y)), int(c.largeur), int(c.hauteur));
         boites.message(this, QString::fromStdString(messageFigure(r)));
     }
     if (r.lignesLues > 0) {
         lecouleurs();
         const Couleur reference = etat.couleurs.couleurFond;
-        suisTaille();  // the bitmap at the new size, cleared, frame and every row drawn again
+        suisTaille();                           // the bitmap at the new size, cleared, frame and every row drawn again
         etat.couleurs.couleurFond = reference;  // the figure's, until the next clearing
         for (int i = 1; i <= etat.courbes.nbCourbes; ++i)
             ajoute_mnutra();

@@ -140,8 +140,7 @@ std::optional<std::string> Mirado::crenouveau()
         this, QStringLiteral("tapez un nom simple"), QStringLiteral("Je rajouterai si nécessaire l'extention .lsu"));
     const std::optional<std::string> nom = reponse ? nomNouveauCatalogue(reponse->toStdString()) : std::nullopt;
     if (reponse && !nom)
-        boites.message(this, QStringLiteral("« %1 » n'est pas un nom simple : le fichier n'est pas créé.")
-                                 .arg(reponse->trimmed()));
+        boites.message(this, QStringLiteral("« %1 » n'est pas un nom simple : pas de catalogue créé.").arg(*reponse));
     return nom;
 }
 
