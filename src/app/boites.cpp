@@ -3,10 +3,26 @@
 #include <QColorDialog>
 #include <QCoreApplication>
 #include <QFileDialog>
+#include <QGuiApplication>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
+#include <algorithm>
 
 namespace velorin {
+
+int largeurPourTitre(const QWidget& boite, const QString& titre)
+{
+    // The title bar's text is often bold; its icon and buttons take about
+    // eight lines' height. Never wider than the screen.
+    QFont gras = boite.font();
+    gras.setBold(true);
+    const QFontMetrics fm(gras);
+    const int largeur = fm.horizontalAdvance(titre) + 8 * fm.height();
+    const QScreen* ecran = boite.screen() ? boite.screen() : QGuiApplication::primaryScreen();
+    return ecran ? std::min(largeur, ecran->availableGeometry().width()) : largeur;
+}
 
 Boites Boites::standard()
 {
@@ -15,11 +31,15 @@ Boites Boites::standard()
         QMessageBox::information(parent, QStringLiteral("Velorin"), texte);
     };
     b.saisie = [](QWidget* parent, const QString& invite, const QString& titre) -> std::optional<QString> {
-        bool ok = false;
-        const QString reponse = QInputDialog::getText(parent, titre, invite, QLineEdit::Normal, QString(), &ok);
-        if (!ok)
+        QInputDialog boite(parent);
+        boite.setWindowTitle(titre);
+        boite.setLabelText(invite);
+        // The box's layout fits the box to its contents: the label sets the width.
+        if (auto* texte = boite.findChild<QLabel*>())
+            texte->setMinimumWidth(largeurPourTitre(boite, titre));
+        if (boite.exec() != QDialog::Accepted)
             return std::nullopt;
-        return reponse;
+        return boite.textValue();
     };
     b.question = [](QWidget* parent, const QString& texte, const QString& titre) {
         return QMessageBox::question(parent, titre, texte, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;

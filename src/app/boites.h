@@ -37,8 +37,13 @@ struct Boites {
                                      const QStringList& elements)>
         choixListe;
 
-    // The real boxes (QMessageBox, QInputDialog, QColorDialog, QFileDialog), titled with the program's name.
+    // The real boxes (QMessageBox, QInputDialog, QColorDialog, QFileDialog), titled with the program's name;
+    // an input box is wide enough to show its whole title.
     static Boites standard();
 };
+
+// The width a box needs to show `titre` whole in its title bar, beside the
+// frame's icon and buttons.
+int largeurPourTitre(const QWidget& boite, const QString& titre);
 
 }  // namespace velorin

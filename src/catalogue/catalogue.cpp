@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cctype>
 #include <cerrno>
 #include <fstream>
 
@@ -83,6 +84,22 @@ int ecrisEnPlace(int fd, const std::string& octets, off_t position)
 }
 
 }  // namespace
+
+std::optional<std::string> nomNouveauCatalogue(const std::string& reponse)
+{
+    const std::size_t debut = reponse.find_first_not_of(" \t\r\n");
+    std::string nom = debut == std::string::npos
+                          ? std::string()
+                          : reponse.substr(debut, reponse.find_last_not_of(" \t\r\n") - debut + 1);
+    if (nom.empty() || nom.front() == '.' || nom.find_first_of("/\\") != std::string::npos)
+        return std::nullopt;
+    std::string fin = nom.size() >= 4 ? nom.substr(nom.size() - 4) : std::string();
+    for (char& c : fin)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    if (fin != ".lsu")
+        nom += ".lsu";
+    return nom;
+}
 
 std::string entierFormate(long long valeur, int chiffres)
 {

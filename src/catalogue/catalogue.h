@@ -23,6 +23,7 @@
 // opening, so that a huge or sparse file cannot exhaust the memory.
 #pragma once
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -85,6 +86,12 @@ std::vector<std::string> listerCatalogue(Catalogue& cat, Erreur* erreur = nullpt
 
 // The list line of one record (item n of the list above).
 std::string ligneListeCatalogue(NumeroLigne n, const LigneCatalogue& ligne);
+
+// The catalogue file named by the answer to "tapez un nom simple": the
+// answer without its outer blanks, with ".lsu" appended unless it already
+// ends so (in any case). Nothing when it is not a simple name (empty, a
+// folder part, or nothing before the extension).
+std::optional<std::string> nomNouveauCatalogue(const std::string& reponse);
 
 // An integer on at least `chiffres` digits with leading zeros, the sign in
 // front of them ("00" gives "07", "-07"; "0000" gives "0012", "12345").

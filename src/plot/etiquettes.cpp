@@ -102,8 +102,9 @@ std::optional<std::string> policeChoisie(const std::string& reponse)
 
 std::optional<float> tailleChoisie(const std::string& reponse)
 {
-    double v = 0;
-    if (!lisValeurExacte(sansBlancsAuxBouts(reponse), v) || v <= 0 || v > 2000)
+    bool echec = false;
+    const double v = nombreEnTete(reponse, echec);
+    if (echec || !(v > 0 && v <= 2000))
         return std::nullopt;
     return static_cast<float>(v);
 }

@@ -71,8 +71,9 @@ Couleur couleurChoisie(const std::string& reponse, const CouleursDefaut& couleur
 // nothing.
 std::optional<std::string> policeChoisie(const std::string& reponse);
 
-// The size typed for "Tapez la nouvelle taille de police": a positive
-// number, or nothing (the size stays).
+// The size typed for "Tapez la nouvelle taille de police", read by its
+// leading number ("14abc" is 14): a positive number, or nothing (the size
+// stays).
 std::optional<float> tailleChoisie(const std::string& reponse);
 
 // The tip of label `index`: "Label n° " index "/" highest index "__" caption.

@@ -80,6 +80,13 @@ public:
     std::string nonFini_;
 };
 
+// The window's own background after a reading: black, white under video
+// inversion.
+Couleur fondFenetre(const Etat& etat)
+{
+    return etat.fenetre.inversionVideo ? 0xFFFFFF : 0;
+}
+
 Redaction redige(const Etat& etat, const GeometrieFenetre& g)
 {
     const Parametres& p = etat.param;
@@ -102,9 +109,9 @@ Redaction redige(const Etat& etat, const GeometrieFenetre& g)
                 .nombre(p.Ydirection, chiffresDouble, "Ydirection")
                 .nombre(p.Zdirection, chiffresDouble, "Zdirection")
                 .nombre(p.Rotadir, chiffresDouble, "Rotadir"));
-    // In this system the reference colour is the background recorded by the
-    // last clearing: the flag says whether they still agree.
-    const bool reference = etat.couleurs.couleurFond == couleursRepere(etat).fond;
+    // The flag says whether the reference colour for erasing is the window's
+    // background itself (rather than that background through the scheme).
+    const bool reference = etat.couleurs.couleurFond == fondFenetre(etat);
     r.ligne(LigneEcrite()
                 .entier(static_cast<long long>(etat.courbes.lignes.size()))
                 .entier(etat.etiquettes.nombre())
@@ -377,9 +384,11 @@ Erreur lisEntete(Lecture& l, Etat& etat, const OptionsFigure& options, ResultatF
     r.nbEtiquettes = static_cast<int>(nbEtiquettes);
     r.referenceFond = reference;
     etat.fenetre.inversionVideo = inversion;
-    // The reference colour for erasing is the background in force, which the
-    // inversion decides; every clearing records it again.
-    etat.couleurs.couleurFond = couleursRepere(etat).fond;
+    // The reference colour for erasing: with the flag, the window's
+    // background itself; without it, that background as the frame drawing
+    // converts it (the scheme's background, inverted under video inversion).
+    // The next clearing records the background in force again.
+    etat.couleurs.couleurFond = reference ? fondFenetre(etat) : couleursRepere(etat).fond;
 
     if (auto e = l.champsLigne(4, "la place de la fenêtre", v))
         return e;

@@ -28,13 +28,13 @@
 //   removes every label, switches mode and folders (line 1), takes the
 //   catalogue name and opens it in the curves folder of that mode (line 2),
 //   sets the frame and viewing values (lines 3, 4), the video inversion and
-//   the reference colour (line 5), replaces the drawn-curves table, adds the
+//   the reference colour chosen by the flag (line 5), replaces the drawn-curves table, adds the
 //   labels and resets the template. Each value applies as soon as its line
 //   (for a curve or a label: its whole group of lines) has been read; on an
 //   error the lines before stay in force and the message names the file and
 //   the line. Left to the window: giving itself the geometry of
 //   `ResultatFigure::geometrie` (when line 6 was read), its background
-//   from the state (couleursRepere), the message messageFigure(resultat)
+//   from the state (couleursRepere) while the reference colour read stays, the message messageFigure(resultat)
 //   in a box, the projection, clearing, frame and the re-plot of every row
 //   (OptionsTrace{.ligne = i}), the controls of the labels and of the
 //   drawn-curves menu, and showing `erreur` when there is one.

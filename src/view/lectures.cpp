@@ -38,12 +38,10 @@ std::string texteViseur(const Parametres& p)
            "\nRot=" + deux(p.Rotadir);
 }
 
-std::string texteBornes(const Parametres& p, bool modeEspace)
+std::string texteBornes(const Parametres& p)
 {
-    std::string texte =
-        "x:[" + court(p.xmin) + ";" + court(p.xmax) + "]\ny:[" + court(p.ymin) + ";" + court(p.ymax) + "]\n";
-    if (modeEspace)
-        texte += "z:[" + court(p.zmin) + ";" + court(p.zmax) + "]\n";
+    std::string texte = "x:[" + court(p.xmin) + ";" + court(p.xmax) + "]\ny:[" + court(p.ymin) + ";" + court(p.ymax) +
+                        "]\nz:[" + court(p.zmin) + ";" + court(p.zmax) + "]\n";
     texte += "t:[" + court(p.tmin) + ";" + court(p.tmax) + "] pat=" + court(p.pasT) + "\na:[" + court(p.amin) + ";" +
              court(p.amax) + "] paa=" + court(p.pasA) + "\npause=" + std::to_string(p.pauseMs);
     return texte;

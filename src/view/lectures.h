@@ -12,11 +12,11 @@ namespace velorin {
 // each followed by its value formatted "0.00", two by two on a line.
 std::string texteViseur(const Parametres& p);
 
-// The ranges and steps in force: "x:[xmin;xmax]", "y:[...]", in space
-// "z:[...]", then "t:[t1;t2] pat=" the step of t, "a:[a1;a2] paa=" the step
-// of a, and "pause=" the pause between points, one piece a line. Bounds and
-// steps are written short (7 significant digits at most).
-std::string texteBornes(const Parametres& p, bool modeEspace);
+// The ranges and steps in force: "x:[xmin;xmax]", "y:[...]", "z:[...]" (in
+// the plane too), then "t:[t1;t2] pat=" the step of t, "a:[a1;a2] paa=" the
+// step of a, and "pause=" the pause between points, one piece a line.
+// Bounds and steps are written short (7 significant digits at most).
+std::string texteBornes(const Parametres& p);
 
 // The drawing's size in surface units: "LF:" and "HF:", each "00000".
 std::string texteTaille(double largeur, double hauteur);

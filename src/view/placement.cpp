@@ -106,4 +106,16 @@ std::optional<Cadre> placeCadre(double px, double py, double ux, double uy, doub
     return std::nullopt;
 }
 
+Cadre tiensSurEcran(const Cadre& voulu, const Cadre& ecran, const Bords& bords, double largeurMin, double hauteurMin)
+{
+    const double bordsX = bords.gauche + bords.droite, bordsY = bords.haut + bords.bas;
+    // The outer size first: at least the minimum, at most the screen.
+    const double largeur = std::min(std::max(voulu.largeur, largeurMin) + bordsX, ecran.largeur);
+    const double hauteur = std::min(std::max(voulu.hauteur, hauteurMin) + bordsY, ecran.hauteur);
+    // Then the outer corner, pushed back onto the screen.
+    const double x = std::clamp(voulu.x - bords.gauche, ecran.x, ecran.x + ecran.largeur - largeur);
+    const double y = std::clamp(voulu.y - bords.haut, ecran.y, ecran.y + ecran.hauteur - hauteur);
+    return {x + bords.gauche, y + bords.haut, std::max(largeur - bordsX, 0.0), std::max(hauteur - bordsY, 0.0)};
+}
+
 }  // namespace velorin

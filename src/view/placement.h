@@ -1,5 +1,6 @@
-// Plane geometry on the surface, in twips: clipping a segment to a
-// rectangle and placing text boxes beside points without overlap.
+// Plane geometry: on the surface, in twips, clipping a segment to a
+// rectangle and placing text boxes beside points without overlap; on the
+// screen, keeping a window whole on it.
 #pragma once
 #include <optional>
 #include <vector>
@@ -34,5 +35,17 @@ bool coupeSegment(double& x1, double& y1, double& x2, double& y2, double xmin, d
 std::optional<Cadre> placeCadre(double px, double py, double ux, double uy, double largeur, double hauteur,
                                 double ecart, const std::vector<Cadre>& occupes, const std::vector<Segment>& traits,
                                 double W, double H, int directions = 16);
+
+// The borders a window's frame adds around its inside.
+struct Bords {
+    double gauche = 0, haut = 0, droite = 0, bas = 0;
+};
+
+// The inside of a window asked to stand at `voulu` (a figure's place),
+// moved and shrunk so that the window with its frame `bords` lies whole on
+// the screen area `ecran`: too wide or too high, it takes the whole width or
+// height; sticking out, it comes back in. It keeps at least
+// `largeurMin` x `hauteurMin` (inside), unless the screen is smaller still.
+Cadre tiensSurEcran(const Cadre& voulu, const Cadre& ecran, const Bords& bords, double largeurMin, double hauteurMin);
 
 }  // namespace velorin

@@ -47,6 +47,8 @@ TEST(FiguresFenetre, SauverPuisRelireRedessineTout)
 {
     BancFigures b(3);
     Mirado& m = *b.m;
+    m.resize(760, 540);  // whole on the test screen, so read back as it is
+    m.suisTaille();
     m.envoie(1);
     m.envoie(3);
     b.etiquette(QPoint(30, 40), "Sommet");

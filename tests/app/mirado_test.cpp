@@ -204,7 +204,6 @@ TEST(Mirado, BasculeEspacePlan)
         EXPECT_EQ(controle(m, "Frame2")->isHidden(), espace);
         EXPECT_EQ(controle<QMenu>(m, "mnutrace")->menuAction()->toolTip(),
                   "Dans " + QString::fromStdString(f.dossierCourbes + f.fichierCatalogue));
-        EXPECT_EQ(m.etat.courbes.nbCourbes, 0);  // the other catalogue's drawing is forgotten
         EXPECT_EQ(int(articles(m, "mnufa").size()), espace ? 3 : 2);
     }
 }

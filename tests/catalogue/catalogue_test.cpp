@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include <sys/stat.h>
 
 #include "base/ecriture.h"
@@ -31,6 +33,18 @@ TEST(Cp1252, ConversionDansLesDeuxSensEtOctetsIntraduisibles)
         if (c.allerRetour)
             EXPECT_EQ(depuisCp1252(c.octets), c.utf8) << c.utf8;
     }
+}
+
+TEST(Catalogue, NomDUnNouveauCatalogue)
+{
+    struct Cas {
+        const char* reponse;
+        std::optional<std::string> nom;
+    };
+    for (const Cas& c : {Cas{"essai", "essai.lsu"}, Cas{" essai.lsu ", "essai.lsu"}, Cas{"Essai.LSU", "Essai.LSU"},
+                         Cas{"a.b", "a.b.lsu"}, Cas{"", std::nullopt}, Cas{"  ", std::nullopt},
+                         Cas{".lsu", std::nullopt}, Cas{"../dehors", std::nullopt}, Cas{"a\\b", std::nullopt}})
+        EXPECT_EQ(nomNouveauCatalogue(c.reponse), c.nom) << '"' << c.reponse << '"';
 }
 
 TEST(Catalogue, EnregistrementsRelusAvecLeurDispositionAuOctetPres)

@@ -19,7 +19,7 @@ TEST(Etiquettes, ReponsesDeCouleurPoliceEtTaille)
           {"2", "Courier New"}, {"3", "Symbol"}, {"4", "Algerian"}, {"12", "Algerian"}, {"-2", std::nullopt}})
         EXPECT_EQ(policeChoisie(reponse), attendue) << '"' << reponse << '"';
     for (auto [reponse, attendue] : {std::pair<const char*, std::optional<float>>{"12", 12.0F}, {" 8.5 ", 8.5F},
-                                     {"", {}}, {"0", {}}, {"-3", {}}, {"12pt", {}}})
+                                     {"", {}}, {"0", {}}, {"-3", {}}, {"14abc", 14.0F}, {"12pt", 12.0F}})
         EXPECT_EQ(tailleChoisie(reponse), attendue) << '"' << reponse << '"';
 }
 

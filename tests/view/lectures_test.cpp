@@ -18,10 +18,8 @@ TEST(Lectures, TextesAuPointDecimalSousLocaleVirgule)
     std::tie(p.tmin, p.tmax, p.pasT, p.amin, p.amax, p.pasA, p.pauseMs) = std::tuple(0, 6.28, 0.05, -1, 1, 0.1, 20);
     const std::pair<std::string, std::string> cas[] = {
         {texteViseur(p), "Xv=10.00  Xd=-10.00\nYv=0.00  Yd=1234.57\nZv=2.50  Zd=-2.50\nRot=3.14"},
-        {texteBornes(p, true),
+        {texteBornes(p),
          "x:[-10.5;1e-05]\ny:[-3;1.234568e+07]\nz:[-1;1]\nt:[0;6.28] pat=0.05\na:[-1;1] paa=0.1\npause=20"},
-        {texteBornes(p, false),
-         "x:[-10.5;1e-05]\ny:[-3;1.234568e+07]\nt:[0;6.28] pat=0.05\na:[-1;1] paa=0.1\npause=20"},
         {texteTaille(12345.4, 987.6), "LF:12345  HF:00988"},
         {texteLecturePlan(-1.23456, 0.0004), "X=-1.235  Y=0.000"},
         {texteLectureEspace(3, -4, 12, 0.25, -1), "X=3.000 Y=-4.000 Z=12.000\nR=13.000\nPx:0.250 Py:-1.000"},

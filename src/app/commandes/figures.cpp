@@ -7,13 +7,14 @@
 #include <QAction>
 #include <QFileDialog>
 #include <QPushButton>
-#include <algorithm>
+#include <QScreen>
 #include <cmath>
 
 #include "app/commandes/etiquettes.h"
 #include "app/fenetre/mirado.h"
 #include "app/fenetre/zone_dessin.h"
 #include "plot/figure.h"
+#include "view/placement.h"
 #include "view/surface.h"
 
 namespace velorin {
@@ -81,17 +82,23 @@ void Mirado::lecmemoire()
         ajusteTitreTrace();
     }
     if (r.geometrieLue) {
+        // The figure's place and size, but the whole window on this screen.
         const GeometrieFenetre& g = r.geometrie;
-        const auto pixels = [](float twips, int plancher) {
-            const double p = std::round(twips / twipsParPixelEcran);
-            return std::isfinite(p) ? int(std::clamp(p, double(plancher), 20000.0)) : plancher;
-        };
-        setGeometry(pixels(g.gauche, -20000), pixels(g.haut, -20000), pixels(g.largeur, 200), pixels(g.hauteur, 150));
+        const double k = twipsParPixelEcran;
+        const QRect e = screen()->availableGeometry(), f = frameGeometry(), d = geometry();
+        const Bords bords{double(d.x() - f.x()), double(d.y() - f.y()), double(f.right() - d.right()),
+                          double(f.bottom() - d.bottom())};
+        const Cadre c =
+            tiensSurEcran({g.gauche / k, g.haut / k, g.largeur / k, g.hauteur / k},
+                          {double(e.x()), double(e.y()), double(e.width()), double(e.height())}, bords, 200, 150);
+        setGeometry(int(std::lround(c.x)), int(std::lround(c.y)), int(c.largeur), int(c.hauteur));
         boites.message(this, QString::fromStdString(messageFigure(r)));
     }
     if (r.lignesLues > 0) {
         lecouleurs();
-        suisTaille();  // the bitmap at the new size, cleared, frame and every row drawn again
+        const Couleur reference = etat.couleurs.couleurFond;
+        suisTaille();                           // the bitmap at the new size, cleared, frame and every row drawn again
+        etat.couleurs.couleurFond = reference;  // the figure's, until the next clearing
         for (int i = 1; i <= etat.courbes.nbCourbes; ++i)
             ajoute_mnutra();
         affviseur();

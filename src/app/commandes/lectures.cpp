@@ -1,7 +1,6 @@
 // The read-outs that follow the mouse and the keys: the point under the
 // mouse in Label1 (and in the tip bubble Label6, which Timer6 hides), the
 // drawing's size in Label5, the last key released, and the tip of Label2.
-#include <QKeySequence>
 #include <QLabel>
 #include <QListWidget>
 #include <QRadioButton>
@@ -18,19 +17,24 @@ namespace velorin {
 
 namespace {
 
-// The usual virtual key codes of the keys that have no character: letters,
-// digits and the space are their own codes already, and the other keys
-// that Qt numbers beyond Latin-1 are shown by their name.
+// The usual virtual key codes: letters, digits and the space are their own
+// codes already; the keys that Qt numbers beyond Latin-1 have theirs here,
+// and a key that has none shows 0.
 int codeDeTouche(int touche)
 {
     static const std::pair<int, int> codes[] = {
-        {Qt::Key_Backspace, 8},   {Qt::Key_Tab, 9},       {Qt::Key_Backtab, 9},  {Qt::Key_Return, 13},
-        {Qt::Key_Enter, 13},      {Qt::Key_Shift, 16},    {Qt::Key_Control, 17}, {Qt::Key_Alt, 18},
-        {Qt::Key_Pause, 19},      {Qt::Key_CapsLock, 20}, {Qt::Key_Escape, 27},  {Qt::Key_PageUp, 33},
-        {Qt::Key_PageDown, 34},   {Qt::Key_End, 35},      {Qt::Key_Home, 36},    {Qt::Key_Left, 37},
-        {Qt::Key_Up, 38},         {Qt::Key_Right, 39},    {Qt::Key_Down, 40},    {Qt::Key_Insert, 45},
-        {Qt::Key_Delete, 46},     {Qt::Key_Meta, 91},     {Qt::Key_Menu, 93},    {Qt::Key_NumLock, 144},
-        {Qt::Key_ScrollLock, 145}};
+        {Qt::Key_Backspace, 8},    {Qt::Key_Tab, 9},         {Qt::Key_Backtab, 9},      {Qt::Key_Clear, 12},
+        {Qt::Key_Return, 13},      {Qt::Key_Enter, 13},      {Qt::Key_Shift, 16},       {Qt::Key_Control, 17},
+        {Qt::Key_Alt, 18},         {Qt::Key_Pause, 19},      {Qt::Key_CapsLock, 20},    {Qt::Key_Escape, 27},
+        {Qt::Key_PageUp, 33},      {Qt::Key_PageDown, 34},   {Qt::Key_End, 35},         {Qt::Key_Home, 36},
+        {Qt::Key_Left, 37},        {Qt::Key_Up, 38},         {Qt::Key_Right, 39},       {Qt::Key_Down, 40},
+        {Qt::Key_Select, 41},      {Qt::Key_Printer, 42},    {Qt::Key_Execute, 43},     {Qt::Key_Print, 44},
+        {Qt::Key_Insert, 45},      {Qt::Key_Delete, 46},     {Qt::Key_Help, 47},        {Qt::Key_Meta, 91},
+        {Qt::Key_Menu, 93},        {Qt::Key_Sleep, 95},      {Qt::Key_NumLock, 144},    {Qt::Key_ScrollLock, 145},
+        {Qt::Key_Back, 166},       {Qt::Key_Forward, 167},   {Qt::Key_Refresh, 168},    {Qt::Key_Stop, 169},
+        {Qt::Key_Search, 170},     {Qt::Key_Favorites, 171}, {Qt::Key_HomePage, 172},   {Qt::Key_VolumeMute, 173},
+        {Qt::Key_VolumeDown, 174}, {Qt::Key_VolumeUp, 175},  {Qt::Key_MediaNext, 176},  {Qt::Key_MediaPrevious, 177},
+        {Qt::Key_MediaStop, 178},  {Qt::Key_MediaPlay, 179}, {Qt::Key_LaunchMail, 180}, {Qt::Key_LaunchMedia, 181}};
     if (touche < 0x100)
         return touche;
     if (touche >= Qt::Key_F1 && touche <= Qt::Key_F24)
@@ -38,16 +42,14 @@ int codeDeTouche(int touche)
     for (const auto& [qt, code] : codes)
         if (qt == touche)
             return code;
-    return -1;
+    return 0;
 }
 
 }  // namespace
 
 void Mirado::Form_KeyUp(int touche)
 {
-    const int code = codeDeTouche(touche);
-    const QString nom = code >= 0 ? QString::fromStdString(formatNombre(code, "000")) : QKeySequence(touche).toString();
-    Label1->setText(QStringLiteral("Touche ") + nom);
+    Label1->setText(QString::fromStdString(formatNombre(codeDeTouche(touche), "000")));
 }
 
 void Mirado::lecturePointeur(QPoint pixels)

@@ -105,22 +105,23 @@ void Mirado::aflico()
     }
 }
 
-// Choosing a catalogue file: the mode of its folder first (folders, panel),
-// then the creation of a new file or the start of work on the chosen one.
+// Choosing a catalogue file. The name of a new one is asked first: cancelled
+// or refused, nothing changes (mode, folders, panel, catalogue). Then the
+// mode of its folder (folders, panel) and the start of work on the file.
 void Mirado::choisitFichier(bool espace, const QAction* article)
 {
     if (refuseSiOccupe())
         return;
-    EtatFenetre& f = etat.fenetre;
-    f.choisisMode(espace);
-    montrePanneau();
-    const QString nom = article->data().toString();
-    if (nom.isEmpty()) {
-        crenouveau();
+    const QString choisi = article->data().toString();
+    const std::optional<std::string> nom = choisi.isEmpty() ? crenouveau() : choisi.toStdString();
+    if (!nom)
         return;
-    }
-    f.fichierCatalogue = nom.toStdString();
-    debutravail();
+    etat.fenetre.choisisMode(espace);
+    montrePanneau();
+    etat.fenetre.fichierCatalogue = *nom;
+    debutravail();  // opens (and so creates) the file
+    if (choisi.isEmpty())
+        aflico();
 }
 
 void Mirado::mnulifi_Click(int index)
@@ -133,24 +134,14 @@ void Mirado::mnulico_Click(int index)
     choisitFichier(false, mnulico.at(index));
 }
 
-void Mirado::crenouveau()
+std::optional<std::string> Mirado::crenouveau()
 {
     const std::optional<QString> reponse = boites.saisie(
         this, QStringLiteral("tapez un nom simple"), QStringLiteral("Je rajouterai si nécessaire l'extention .lsu"));
-    if (!reponse)
-        return;  // cancelled: the catalogue in force stays
-    QString nom = reponse->trimmed();
-    // A simple name: no folder part, something before the extension.
-    if (nom.isEmpty() || nom.contains(QLatin1Char('/')) || nom.contains(QLatin1Char('\\')) ||
-        nom.startsWith(QLatin1Char('.'))) {
-        boites.message(this, QStringLiteral("« %1 » n'est pas un nom simple : le fichier n'est pas créé.").arg(nom));
-        return;
-    }
-    if (!nom.endsWith(QStringLiteral(".lsu"), Qt::CaseInsensitive))
-        nom += QStringLiteral(".lsu");
-    etat.fenetre.fichierCatalogue = nom.toStdString();
-    debutravail();
-    aflico();
+    const std::optional<std::string> nom = reponse ? nomNouveauCatalogue(reponse->toStdString()) : std::nullopt;
+    if (reponse && !nom)
+        boites.message(this, QStringLiteral("« %1 » n'est pas un nom simple : pas de catalogue créé.").arg(*reponse));
+    return nom;
 }
 
 // ---- CREER FONCTIONS

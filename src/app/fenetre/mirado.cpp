@@ -86,9 +86,9 @@ void Mirado::debutravail()
 {
     if (refuseSiOccupe())
         return;
-    // The rows of the drawing name records of the catalogue they were drawn
-    // from: another catalogue forgets them before anything is redrawn.
-    vidage();
+    // The drawn curves and the labels stay: lecdebut redraws each row by its
+    // record number in the catalogue now in force, then the window is
+    // cleared and only the frame drawn; "O&K" brings the rows back.
     reinitialiseSuivi(etat.etiquettes);
     if (auto erreur = ouvrirCatalogue(etat.catalogue, cheminCatalogue().toStdString()))
         boites.message(this, QString::fromStdString(erreur.message()));

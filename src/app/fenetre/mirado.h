@@ -102,7 +102,7 @@ public:
     void aflico();
     void afmenu();
     void mnutf_Click(int index);
-    void crenouveau();
+    std::optional<std::string> crenouveau();  // the new catalogue's name; nothing when cancelled or refused
     void vidage();
     void vide_mnutra();
     void ajoute_mnutra();  // one "Déjà tracé" item per drawn curve

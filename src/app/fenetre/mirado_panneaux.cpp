@@ -239,8 +239,7 @@ void Mirado::affviseur()
 
 void Mirado::affou()
 {
-    const Parametres& p = etat.param;
-    const QString texte = QString::fromStdString(texteBornes(p, etat.fenetre.modeEspace));
+    const QString texte = QString::fromStdString(texteBornes(etat.param));
     Label4->setText(texte);
     Label2->setToolTip(texte);
     arrangelabel();
