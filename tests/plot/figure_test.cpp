@@ -112,15 +112,15 @@ TEST(Figure, LeDrapeauDeReferenceChoisitLaCouleurDEffacement)
                          Cas{1, true, true, 0xFFFFFF, true}, Cas{1, true, false, 0x000000, false},
                          Cas{0, false, false, 0x000000, true}}) {
         Seance s;
-        s.etat.param.fondBlanc = c.fondBlanc;
+        s.e.param.fondBlanc = c.fondBlanc;
         const std::string drapeaux = std::string(c.inversion ? "True " : "False ") + (c.reference ? "True" : "False");
         const std::string texte = entete + " 0  0 " + drapeaux + " \r\n 0  0  15360  11520 \r\n";
-        const ResultatFigure r = analyseFigure(texte, "a.fig", s.etat);
+        const ResultatFigure r = analyseFigure(texte, "a.fig", s.e);
         ASSERT_FALSE(r.erreur) << r.erreur.message();
-        EXPECT_EQ(s.etat.couleurs.couleurFond, c.couleurFond) << drapeaux << " fondBlanc " << c.fondBlanc;
+        EXPECT_EQ(s.e.couleurs.couleurFond, c.couleurFond) << drapeaux << " fondBlanc " << c.fondBlanc;
         const std::string ligne5 =
             std::string(" 0  0 ") + (c.inversion ? "True " : "False ") + (c.reecrit ? "True" : "False") + " \r\n";
-        EXPECT_NE(texteFigure(s.etat, r.geometrie).find(ligne5), std::string::npos) << ligne5;
+        EXPECT_NE(texteFigure(s.e, r.geometrie).find(ligne5), std::string::npos) << ligne5;
     }
 }
 
