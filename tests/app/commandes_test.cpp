@@ -172,7 +172,7 @@ TEST(CommandesVue, ChaqueControleAtteintSaRoutineEtRedessine)
             EXPECT_EQ(pauses > 0, c.redessine == 1 && !c.souris);
         }
         EXPECT_EQ(controle<QLabel>(m, "Label3")->text().toStdString(), texteViseur(m.etat.param));
-        EXPECT_EQ(controle<QLabel>(m, "Label4")->text().toStdString(), texteBornes(m.etat.param, !c.plan));
+        EXPECT_EQ(controle<QLabel>(m, "Label4")->text().toStdString(), texteBornes(m.etat.param));
     }
     EXPECT_TRUE(banc.messages.isEmpty()) << banc.messages.join('|').toStdString();
 }
