@@ -75,18 +75,14 @@ TEST(Compilation, BlocsCommePointParPoint)
         const Famille f = familles[essai % 3];
         const FormuleCompilee c(f, texte);
         const std::size_t n = 1 + std::size_t(g.tire(essai % 10 == 0 ? 600 : 40));
-        for (std::size_t i = 0; i < n; ++i) {
-            u[i] = g.valeur();
-            v[i] = g.valeur();
-            w[i] = g.valeur();
-        }
+        for (std::size_t i = 0; i < n; ++i)
+            u[i] = g.valeur(), v[i] = g.valeur(), w[i] = g.valeur();
         const bool lisible = evalueBloc(c, u.data(), v.data(), w.data(), sortie.data(), n);
         bool attenduLisible = true;
         for (std::size_t i = 0; i < n; ++i) {
             Issue issue;
             const double attendu = c.valeur(u[i], v[i], w[i], &issue);
-            if (issue == Issue::Incorrecte)
-                attenduLisible = false;
+            attenduLisible = attenduLisible && issue != Issue::Incorrecte;
             ASSERT_EQ(bits(attendu), bits(sortie[i])) << texte << " point " << i << " : " << u[i];
         }
         EXPECT_EQ(attenduLisible, lisible) << texte;
@@ -163,19 +159,14 @@ TEST(Compilation, BouclesPortablesCommeAvx2)
         for (int i = 0; i < 64; ++i)
             u[i] = g.valeur(), v[i] = g.valeur(), w[i] = g.valeur();
         const compil::Arbre* arbres[] = {&c.arbre()};
-        double* sortiesAuto[] = {auto_};
-        double* sortiesSse[] = {sse};
+        double *sortiesAuto[] = {auto_}, *sortiesSse[] = {sse};
         const bool a = compil::executeBloc(c.programme(), arbres, u, v, w, sortiesAuto, douteuxAuto, 64);
         const bool b =
             compil::executeBloc(c.programme(), arbres, u, v, w, sortiesSse, douteuxSse, 64, compil::Jeu::Portable);
         ASSERT_EQ(a, b) << c.texte();
         for (int i = 0; i < 64; ++i) {
-            if (a) {
-                ASSERT_EQ(douteuxAuto[i], douteuxSse[i]) << c.texte();
-            }
-            if (!a || !douteuxAuto[i]) {
-                ASSERT_EQ(bits(auto_[i]), bits(sse[i])) << c.texte();
-            }
+            ASSERT_TRUE(!a || douteuxAuto[i] == douteuxSse[i]) << c.texte();
+            ASSERT_TRUE((a && douteuxAuto[i]) || bits(auto_[i]) == bits(sse[i])) << c.texte();
         }
     }
 }

@@ -4,6 +4,7 @@
 
 #include "commun/locale_virgule.h"
 #include "view/lectures.h"
+#include "view/placement.h"
 
 namespace velorin {
 namespace {
@@ -27,6 +28,30 @@ TEST(Lectures, TextesAuPointDecimalSousLocaleVirgule)
     };
     for (const auto& [texte, attendu] : cas)
         EXPECT_EQ(texte, attendu);
+}
+
+// A window's place read from a figure, on a screen of 1024 x 738 below a
+// 30-pixel panel, with a frame of 4 on the sides and the bottom and 24 on top.
+TEST(Placement, LaFenetreTientEntiereSurLEcran)
+{
+    const Cadre ecran{0, 30, 1024, 738};
+    const Bords bords{4, 24, 4, 4};
+    struct Cas {
+        const char* defaut;  // what a window placed as read would do
+        Cadre voulu, attendu;
+    };
+    for (const Cas& c : {
+             Cas{"rien : elle tient déjà", {100, 100, 600, 400}, {100, 100, 600, 400}},
+             Cas{"trop grande (1600 x 1000) : menus et colonne cachés", {0, 0, 1600, 1000}, {4, 54, 1016, 710}},
+             Cas{"déborde à droite et en bas : déplacée seulement", {900, 600, 300, 200}, {720, 564, 300, 200}},
+             Cas{"hors de l'écran en haut à gauche", {-5000, -5000, 300, 200}, {4, 54, 300, 200}},
+             Cas{"trop petite pour servir", {10, 60, 20, 10}, {10, 60, 200, 150}},
+         }) {
+        const Cadre r = tiensSurEcran(c.voulu, ecran, bords, 200, 150);
+        EXPECT_EQ(std::tie(r.x, r.y, r.largeur, r.hauteur),
+                  std::tie(c.attendu.x, c.attendu.y, c.attendu.largeur, c.attendu.hauteur))
+            << c.defaut;
+    }
 }
 
 }  // namespace

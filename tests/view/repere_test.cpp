@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <map>
@@ -18,69 +19,46 @@ namespace {
 
 using G = OperationDessin::Genre;
 
-TEST(FormatNombre, MotifsDeChiffresArrondisDecimaux)
+// The motif's digits, rounding and exponent; then the motif an axis end takes by its size.
+TEST(FormatNombre, MotifsDeChiffresEtBoutsDAxe)
 {
-    struct Cas {
-        double v;
-        const char* motif;
-        const char* attendu;
-    };
-    for (Cas c : {Cas{-1.5, "00.00", "-01.50"},        Cas{99.999, "00.00", "100.00"},
-                  Cas{0.0123, "0.00E+00", "1.23E-02"},   Cas{123, "0.00E-00", "1.23E02"},
-                  Cas{9.996, "0.00E+00", "1.00E+01"},    Cas{0, "0.00E+00", "0.00E+00"},
-                  Cas{1e-300, "0.00E-00", "1.00E-300"},  Cas{-0.0004, "0.000", "0.000"},
-                  Cas{1.005, "0.00", "1.01"},            Cas{2.675, "0.00", "2.68"},
-                  Cas{-2.5, "0", "-3"},                  Cas{12345, "000", "12345"},
-                  Cas{0.5, "#.00", ".50"},               Cas{1.5, "0.0#", "1.5"},
-                  Cas{7, "[0]", "[7]"},                  Cas{6.28, "", "6.28"}})
-        EXPECT_EQ(formatNombre(c.v, c.motif), c.attendu) << c.v << " " << c.motif;
-    EXPECT_EQ(formatNombre(NAN, "0.00"), "non défini");
-    EXPECT_EQ(formatNombre(-INFINITY, "0.00"), "-infini");
-}
-
-TEST(FormatNombre, BoutDAxeSelonLaGrandeur)
-{
-    struct Cas {
-        double v;
-        const char* texte;
-    };
-    for (Cas c : {Cas{0, "0.000"}, Cas{0.005, "5.00E-03"}, Cas{-0.01, "-0.010"}, Cas{6.28, "6.280"}, Cas{-10, "-10.00"},
-                  Cas{99.5, "99.50"}, Cas{100, "1.00E+02"}, Cas{-2500, "-2.50E+03"}})
-        EXPECT_EQ(formatNombre(c.v, motifGraduation(c.v)), c.texte) << c.v;
+    using C = std::tuple<double, const char*, const char*>;
+    for (auto [v, motif, attendu] :
+         {C{-1.5, "00.00", "-01.50"}, C{99.999, "00.00", "100.00"}, C{0.0123, "0.00E+00", "1.23E-02"},
+          C{123, "0.00E-00", "1.23E02"}, C{9.996, "0.00E+00", "1.00E+01"}, C{0, "0.00E+00", "0.00E+00"},
+          C{1e-300, "0.00E-00", "1.00E-300"}, C{-0.0004, "0.000", "0.000"}, C{1.005, "0.00", "1.01"},
+          C{2.675, "0.00", "2.68"}, C{-2.5, "0", "-3"}, C{12345, "000", "12345"}, C{0.5, "#.00", ".50"},
+          C{1.5, "0.0#", "1.5"}, C{7, "[0]", "[7]"}, C{6.28, "", "6.28"}, C{NAN, "0.00", "non défini"},
+          C{-INFINITY, "0.00", "-infini"}})
+        EXPECT_EQ(formatNombre(v, motif), attendu) << v << " " << motif;
+    using B = std::pair<double, const char*>;
+    for (auto [v, texte] : {B{0, "0.000"}, B{0.005, "5.00E-03"}, B{-0.01, "-0.010"}, B{6.28, "6.280"}, B{-10, "-10.00"},
+                            B{99.5, "99.50"}, B{100, "1.00E+02"}, B{-2500, "-2.50E+03"}})
+        EXPECT_EQ(formatNombre(v, motifGraduation(v)), texte) << v;
 }
 
 TEST(Repere, CouleursEnVigueurJamaisNoirSurNoir)
 {
-    struct Cas {
-        int fondBlanc;
-        bool inversion;
-        Couleur axes;
-        Couleur fondAttendu, axesAttendu;
-    };
-    for (Cas c : {Cas{0, false, 0xFFFFFF, 0x000000, 0xFFFFFF}, Cas{0, false, 0x00FFFF, 0, 0x00FFFF},
-                  Cas{1, false, 0x00FFFF, 0xFFFFFF, 0x000000}, Cas{0, true, 0x00FFFF, 0xFFFFFF, 0xFF0000},
-                  Cas{1, true, 0x00FFFF, 0x000000, 0xFFFFFF},
-                  Cas{0, false, 0x000000, 0x000000, 0xFFFFFF}}) {  // never black on black
+    using C = std::tuple<int, bool, Couleur, Couleur, Couleur>;  // fondBlanc, inversion, axes -> fond, axes
+    for (auto [fondBlanc, inversion, axes, fondAttendu, axesAttendu] :
+         {C{0, false, 0xFFFFFF, 0x000000, 0xFFFFFF}, C{0, false, 0x00FFFF, 0, 0x00FFFF},
+          C{1, false, 0x00FFFF, 0xFFFFFF, 0x000000}, C{0, true, 0x00FFFF, 0xFFFFFF, 0xFF0000},
+          C{1, true, 0x00FFFF, 0x000000, 0xFFFFFF}, C{0, false, 0x000000, 0x000000, 0xFFFFFF}}) {  // not black on black
         Etat e;
-        e.param.fondBlanc = c.fondBlanc;
-        e.fenetre.inversionVideo = c.inversion;
-        e.couleurs.couleurAxes = c.axes;
-        e.couleurs.couleurFond = 0x123456;
+        std::tie(e.param.fondBlanc, e.fenetre.inversionVideo, e.couleurs.couleurAxes, e.couleurs.couleurFond) =
+            std::tuple(fondBlanc, inversion, axes, 0x123456u);
         SurfaceEnregistreuse s;
         effaceEcran(e, s);
-        EXPECT_EQ(e.couleurs.couleurFond, c.fondAttendu);
+        EXPECT_EQ(e.couleurs.couleurFond, fondAttendu);
         ASSERT_EQ(s.operations().size(), 1u);
-        EXPECT_EQ(s.operations()[0].genre, G::Effacement);
-        EXPECT_EQ(s.operations()[0].couleur, c.fondAttendu);
+        EXPECT_EQ(std::tuple(s.operations()[0].genre, s.operations()[0].couleur),
+                  std::tuple(G::Effacement, fondAttendu));
         prepareVue(e.param, true, e.vue);
         calibre(e.param, e.vue, true);
         traceRepere(e, s);
         ASSERT_GT(s.operations().size(), 10u);
-        for (const OperationDessin& op : s.operations()) {
-            if (op.genre != G::Effacement) {
-                EXPECT_EQ(op.couleur, c.axesAttendu) << c.fondBlanc << c.inversion;
-            }
-        }
+        for (const OperationDessin& op : s.operations())
+            EXPECT_TRUE(op.genre == G::Effacement || op.couleur == axesAttendu) << fondBlanc << inversion;
     }
 }
 
@@ -99,12 +77,13 @@ struct Dessin {
         traceRepere(etat, surface);
         return surface.operations();
     }
-    // The text boxes as the recording surface measures them.
     struct Texte {
         std::string t;
         double x, y, l, h;
     };
-    std::vector<Texte> textes() const
+    // The text boxes as the recording surface measures them, checked inside
+    // the surface and two by two apart.
+    std::vector<Texte> textes(const std::string& cas) const
     {
         std::vector<Texte> r;
         SurfaceEnregistreuse mesure;
@@ -113,25 +92,22 @@ struct Dessin {
                 mesure.FontSize = op.taille;
                 r.push_back({op.texte, op.x1, op.y1, mesure.TextWidth(op.texte), mesure.TextHeight()});
             }
+        for (std::size_t i = 0; i < r.size(); ++i) {
+            const Texte& a = r[i];
+            EXPECT_TRUE(a.x >= 0 && a.y >= 0 && a.x + a.l <= surface.Width() && a.y + a.h <= surface.Height())
+                << cas << " hors surface : " << a.t;
+            for (std::size_t j = i + 1; j < r.size(); ++j) {
+                const Texte& b = r[j];
+                EXPECT_FALSE(a.x < b.x + b.l && b.x < a.x + a.l && a.y < b.y + b.h && b.y < a.y + a.h)
+                    << cas << " : « " << a.t << " » sur « " << b.t << " »";
+            }
+        }
         return r;
     }
 };
 
-void verifieTextes(const Dessin& d, const std::string& cas)
-{
-    const auto textes = d.textes();
-    for (std::size_t i = 0; i < textes.size(); ++i) {
-        const auto& a = textes[i];
-        EXPECT_TRUE(a.x >= 0 && a.y >= 0 && a.x + a.l <= d.surface.Width() && a.y + a.h <= d.surface.Height())
-            << cas << " hors surface : " << a.t;
-        for (std::size_t j = i + 1; j < textes.size(); ++j) {
-            const auto& b = textes[j];
-            const bool chevauche = a.x < b.x + b.l && b.x < a.x + a.l && a.y < b.y + b.h && b.y < a.y + a.h;
-            EXPECT_FALSE(chevauche) << cas << " : « " << a.t << " » sur « " << b.t << " »";
-        }
-    }
-}
-
+// Six half-axes from the origin's image to each end's image; the letters
+// beside their points, the six numbers at the ends, no overlap.
 TEST(Repere, RepereDeLEspaceDemiAxesLettresSansChevauchement)
 {
     for (auto [l, h] : {std::pair{400, 300}, std::pair{2560, 1440}}) {
@@ -139,66 +115,53 @@ TEST(Repere, RepereDeLEspaceDemiAxesLettresSansChevauchement)
         Dessin d(true, l, h);
         const auto& ops = d.trace();
         const Vue& v = d.etat.vue;
-        // Six half-axes: a line from the origin's image to each end's image.
-        const double bouts[6][3] = {{-10, 0, 0}, {10, 0, 0}, {0, -10, 0}, {0, 10, 0}, {0, 0, -10}, {0, 0, 10}};
-        for (const auto& b : bouts) {
+        for (const auto& b : {std::array{-10, 0, 0}, {10, 0, 0}, {0, -10, 0}, {0, 10, 0}, {0, 0, -10}, {0, 0, 10}}) {
             double ex, ey;
             ASSERT_TRUE(projette(d.etat.param, v, true, b[0], b[1], b[2], ex, ey));
-            bool trouve = false;
-            for (const OperationDessin& op : ops)
-                trouve = trouve ||
-                         (op.genre == G::Ligne && std::hypot(op.x1 - v.origineEcranX, op.y1 - v.origineEcranY) < 1 &&
-                          std::hypot(op.x2 - ex, op.y2 - ey) < 1);
-            EXPECT_TRUE(trouve) << cas << " demi-axe vers " << b[0] << "," << b[1] << "," << b[2];
+            EXPECT_TRUE(std::any_of(ops.begin(), ops.end(),
+                                    [&](const OperationDessin& op) {
+                                        return op.genre == G::Ligne &&
+                                               std::hypot(op.x1 - v.origineEcranX, op.y1 - v.origineEcranY) < 1 &&
+                                               std::hypot(op.x2 - ex, op.y2 - ey) < 1;
+                                    }))
+                << cas << " demi-axe vers " << b[0] << "," << b[1] << "," << b[2];
         }
-        // Letters beside their points, numbers at the ends, no overlap.
         const std::map<std::string, std::pair<double, double>> points = {{"O", {v.origineEcranX, v.origineEcranY}},
                                                                          {"I", {v.imageUxX, v.imageUxY}},
                                                                          {"J", {v.imageUyX, v.imageUyY}},
                                                                          {"K", {v.imageUzX, v.imageUzY}}};
-        int nombres = 0;
-        for (const auto& tx : d.textes()) {
-            if (auto p = points.find(tx.t); p != points.end()) {
-                const double cx = tx.x + tx.l / 2, cy = tx.y + tx.h / 2;
-                EXPECT_LT(std::hypot(cx - p->second.first, cy - p->second.second), 3 * tx.h) << cas << " " << tx.t;
-            } else {
-                EXPECT_TRUE(tx.t == "10.00" || tx.t == "-10.00") << tx.t;
-                ++nombres;
-            }
+        const auto textes = d.textes(cas);
+        EXPECT_EQ(textes.size(), 10u) << cas;
+        for (const auto& tx : textes) {
+            const auto p = points.find(tx.t);
+            EXPECT_TRUE(p != points.end() ? std::hypot(tx.x + tx.l / 2 - p->second.first,
+                                                       tx.y + tx.h / 2 - p->second.second) < 3 * tx.h
+                                          : tx.t == "10.00" || tx.t == "-10.00")
+                << cas << " " << tx.t;
         }
-        EXPECT_EQ(nombres, 6) << cas;
-        EXPECT_EQ(d.textes().size(), 10u) << cas;
-        verifieTextes(d, cas);
     }
 }
 
-// The numbers at the first and last ticks (xmin and ymax lie close to the
-// edges) are moved inside: every number keeps at least a pixel from each
-// edge of the picture, so that no glyph is cut.
+// Every number keeps a pixel from each edge (the first and last ticks are
+// moved inside, so that no glyph is cut) and stands at its tick, across it
+// (under or over the x axis, beside the y axis); steps are 1, 2 or 5 x 10^k.
 TEST(Repere, GraduationsDuPlanRondesEtLoinDesBords)
 {
-    struct Cas {
-        double xmin, xmax, ymin, ymax;
-        int ortho;
-        double l, h;
-    };
-    for (Cas c : {Cas{-10, 10, -10, 10, 0, 300, 200}, Cas{-10, 10, -10, 10, 1, 1024, 768},
-                  Cas{-10, 10, -10, 10, 0, 2560, 1440}, Cas{0, 0.003, -1000, 5000, 0, 1024, 768},
-                  Cas{2, 3, 1e6, 3e6, 0, 800, 600}, Cas{-7.3, -2.1, 0.5, 40, 0, 1920, 1080}}) {
-        const std::string cas = std::to_string(c.xmin) + ".." + std::to_string(c.xmax) + " " + std::to_string(int(c.l));
-        Dessin d(false, c.l, c.h);
-        d.etat.param.repereOrthonorme = c.ortho;
-        essai::placeCadre(d.etat, c.xmin, c.xmax, c.ymin, c.ymax);
+    using C = std::tuple<double, double, double, double, int, double, double>;  // ranges, orthonormal, pixels
+    for (auto [xmin, xmax, ymin, ymax, ortho, l, h] :
+         {C{-10, 10, -10, 10, 0, 300, 200}, C{-10, 10, -10, 10, 1, 1024, 768}, C{-10, 10, -10, 10, 0, 2560, 1440},
+          C{0, 0.003, -1000, 5000, 0, 1024, 768}, C{2, 3, 1e6, 3e6, 0, 800, 600},
+          C{-7.3, -2.1, 0.5, 40, 0, 1920, 1080}}) {
+        const std::string cas = std::to_string(xmin) + ".." + std::to_string(xmax) + " " + std::to_string(int(l));
+        Dessin d(false, l, h);
+        d.etat.param.repereOrthonorme = ortho;
+        essai::placeCadre(d.etat, xmin, xmax, ymin, ymax);
         d.trace();
         const Vue& v = d.etat.vue;
-        verifieTextes(d, cas);
-        // Each number stands at its tick, across it (under or over the x
-        // axis, beside the y axis; pushed back inside at the borders).
-        // Steps are 1, 2 or 5 x 10^k.
-        const double xAxe = v.decalX + v.echelleX * std::clamp(0.0, c.xmin, c.xmax);
-        const double yAxe = v.decalY - v.echelleY * std::clamp(0.0, c.ymin, c.ymax);
+        const double xAxe = v.decalX + v.echelleX * std::clamp(0.0, xmin, xmax);
+        const double yAxe = v.decalY - v.echelleY * std::clamp(0.0, ymin, ymax);
         std::vector<double> surX, surY;
-        for (const auto& tx : d.textes()) {
+        for (const auto& tx : d.textes(cas)) {
             if (tx.t == "O" || tx.t == "x" || tx.t == "y")
                 continue;
             const double bord = twipsParPixelEcran;
@@ -214,16 +177,12 @@ TEST(Repere, GraduationsDuPlanRondesEtLoinDesBords)
             else
                 ADD_FAILURE() << cas << " : « " << tx.t << " » loin de sa graduation";
         }
-        if (c.xmin == -10) {
-            EXPECT_EQ(surX.front(), -10) << cas;  // the first tick keeps its number
-        }
+        EXPECT_TRUE(xmin != -10 || surX.front() == -10) << cas;  // the first tick keeps its number
         for (const auto* valeurs : {&surX, &surY}) {
             ASSERT_GE(valeurs->size(), 2u) << cas;
             const double pas = std::fabs((*valeurs)[1] - (*valeurs)[0]);
-            const double mantisse = pas / std::pow(10, std::floor(std::log10(pas) + 1e-9));
-            EXPECT_TRUE(std::fabs(mantisse - 1) < 1e-6 || std::fabs(mantisse - 2) < 1e-6 ||
-                        std::fabs(mantisse - 5) < 1e-6)
-                << cas << " pas " << pas;
+            const double m = pas / std::pow(10, std::floor(std::log10(pas) + 1e-9));
+            EXPECT_TRUE(std::fabs(m - 1) < 1e-6 || std::fabs(m - 2) < 1e-6 || std::fabs(m - 5) < 1e-6) << cas << pas;
         }
     }
 }
@@ -261,7 +220,7 @@ TEST(Repere, ViseurDansLeCadreSeulementCeQuiEstDevant)
                                                  std::min(op.y1, op.y2) >= 0 && std::max(op.y1, op.y2) <= 11520))
                 << vx << " : " << op.x1 << "," << op.y1 << " " << op.x2 << "," << op.y2;
         }
-        verifieTextes(d, "viseur " + std::to_string(vx));
+        d.textes("viseur " + std::to_string(vx));
     }
 }
 

@@ -2,8 +2,10 @@
 
 #include <locale>
 #include <sstream>
+#include <tuple>
 
 #include "commun/locale_virgule.h"
+#include "view/surface.h"
 #include "view/surface_enregistreuse.h"
 
 namespace velorin {
@@ -12,18 +14,13 @@ namespace {
 void dessineUnPeuDeTout(SurfaceEnregistreuse& s)
 {
     s.Clear(0xFFFFFF);
-    s.DrawWidth = 2;
-    s.DrawStyle = 2;
+    std::tie(s.DrawWidth, s.DrawStyle) = std::tuple(2, 2);
     s.Line(0.5, 1, 1500.25, -3, 255);
-    s.DrawWidth = 1;
-    s.DrawStyle = 0;
+    std::tie(s.DrawWidth, s.DrawStyle) = std::tuple(1, 0);
     s.PSet(10, 20, 0xFF0000);
     s.Circle(100, 200, 20, 65280);
-    s.ForeColor = 0x808000;
-    s.FontName = "Arial";
-    s.FontSize = 9.5;
-    s.CurrentX = 300;
-    s.CurrentY = 400;
+    std::tie(s.ForeColor, s.FontName, s.FontSize, s.CurrentX, s.CurrentY) =
+        std::tuple(0x808000, "Arial", 9.5, 300, 400);
     s.Print("x \"y\"\nz");
     s.Line(1234567.5, 0.25, 2, 3, 16711680);
 }
@@ -59,32 +56,31 @@ TEST(SurfaceEnregistreuse, PositionDeLaPlumeEtMesuresDuTexte)
 {
     SurfaceEnregistreuse s;
     s.FontSize = 10;
-    struct Cas {
-        const char* texte;
-        double largeur;
-    };
-    for (Cas c : {Cas{"", 0}, Cas{"O", 120}, Cas{"1.23E+02", 960}, Cas{"Repère", 720}})
-        EXPECT_DOUBLE_EQ(s.TextWidth(c.texte), c.largeur) << c.texte;
+    for (auto [texte, largeur] : {std::pair{"", 0.0}, {"O", 120.0}, {"1.23E+02", 960.0}, {"Repère", 720.0}})
+        EXPECT_DOUBLE_EQ(s.TextWidth(texte), largeur) << texte;
     EXPECT_DOUBLE_EQ(s.TextHeight(), 240);
-
+    const auto plume = [&s] { return std::pair(s.CurrentX, s.CurrentY); };
     s.Line(1, 2, 3, 4, 0);
-    EXPECT_EQ(s.CurrentX, 3);
-    EXPECT_EQ(s.CurrentY, 4);
+    EXPECT_EQ(plume(), std::pair(3.0, 4.0));
     s.PSet(5, 6, 0);
-    EXPECT_EQ(s.CurrentX, 5);
-    EXPECT_EQ(s.CurrentY, 6);
+    EXPECT_EQ(plume(), std::pair(5.0, 6.0));
     s.Circle(50, 60, 7, 0);
-    EXPECT_EQ(s.CurrentX, 5);
+    EXPECT_EQ(plume(), std::pair(5.0, 6.0));
     s.CurrentX = 100;
     s.Print("a");
     s.Print("b");  // steps down one line, back at the left edge
-    EXPECT_EQ(s.operations()[3].x1, 100);
-    EXPECT_EQ(s.operations()[3].y1, 6);
-    EXPECT_EQ(s.operations()[4].x1, 0);
-    EXPECT_EQ(s.operations()[4].y1, 246);
+    const auto& ops = s.operations();
+    EXPECT_EQ(std::tuple(ops[3].x1, ops[3].y1, ops[4].x1, ops[4].y1), std::tuple(100, 6, 0, 246));
     s.Clear(0);
-    EXPECT_EQ(s.CurrentX, 0);
-    EXPECT_EQ(s.CurrentY, 0);
+    EXPECT_EQ(plume(), std::pair(0.0, 0.0));
+}
+
+TEST(Palette, CouleursDeConsoleRougeDansLOctetBas)
+{
+    using C = std::tuple<int, Couleur>;
+    for (auto [index, attendu] : {C{0, 0x000000}, C{1, 0x800000}, C{4, 0x000080}, C{7, 0xC0C0C0}, C{9, 0xFF0000},
+                                  C{12, 0x0000FF}, C{14, 0x00FFFF}, C{15, 0xFFFFFF}})
+        EXPECT_EQ(QBColor(index), attendu) << index;
 }
 
 }  // namespace
