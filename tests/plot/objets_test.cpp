@@ -20,11 +20,9 @@ struct Scene {
     std::string trace(int genre, std::string f1, std::string f2 = {}, std::string f3 = {})
     {
         etat.trace.typeTrace = genre;
-        etat.moteur.formuleF1 = std::move(f1);
-        etat.moteur.formuleF2 = std::move(f2);
+        etat.moteur.formuleF1 = std::move(f1), etat.moteur.formuleF2 = std::move(f2);
         etat.moteur.formuleF3 = std::move(f3);
-        const Erreur erreur = traceObjet(etat, surface, {});
-        return erreur ? erreur.message() : std::string();
+        return traceObjet(etat, surface, {}).message();
     }
     std::vector<OperationDessin> lignes() const { return duGenre(surface, Genre::Ligne); }
     // Plane mode: the point of the plane drawn at (sx, sy).
@@ -75,10 +73,9 @@ TEST(ObjetsLecture, EquationsLuesOuRefusees)
     };
     for (const Cas& c : cas) {
         const auto eq = lisEquation(c.texte);
-        std::vector<double> lu;
-        if (eq)
-            lu = {eq->normale[0], eq->normale[1], eq->normale[2], eq->constante};
-        attendProche(lu, c.attendu, c.texte);
+        attendProche(eq ? std::vector{eq->normale[0], eq->normale[1], eq->normale[2], eq->constante}
+                        : std::vector<double>{},
+                     c.attendu, c.texte);
     }
 }
 
@@ -111,8 +108,8 @@ TEST(ObjetsTrace, MessagesEtRienDessine)
     for (const Cas& c : cas) {
         Scene s(c.espace);
         const std::string message = s.trace(c.genre, c.f1, c.f2, c.f3);
-        EXPECT_EQ(message.substr(0, c.debut.size()), c.debut) << c.f1 << " " << c.f2;
-        EXPECT_EQ(message.empty(), c.debut.empty()) << message;
+        EXPECT_EQ(message.substr(0, c.debut.size()) + "|" + std::to_string(message.empty()),
+                  c.debut + "|" + std::to_string(c.debut.empty())) << c.f1 << " " << c.f2;
         EXPECT_TRUE(s.surface.operations().empty()) << c.f1;
     }
 }
