@@ -172,14 +172,8 @@ TEST_F(Figure, FiguresAbimeesRefuseesAvecLeurLigne)
     const std::string label = deuxCourbes + "Arial\r\n 10 \r\nTrue\r\nFalse\r\nTrue\r\n";
     std::string courbeAbimee = courbe(3, 6.28);
     courbeAbimee.replace(courbeAbimee.find("0.05"), 4, "0.o5");
-    struct Cas {
-        std::string texte;
-        int ligne;
-        const char* extrait;
-        int courbesLues;
-        bool modePlanLu;  // line 1 reached and read as a plane figure
-    };
-    const std::vector<Cas> cas = {
+    // Row: text, damaged line, part of the message, curves read, line 1 read as a plane figure.
+    const std::vector<std::tuple<std::string, int, const char*, int, bool>> cas = {
         {"", 1, "la figure s'arrête là", 0, false},
         {"Peut-être\r\n", 1, "True ou False attendu", 0, false},
         {"True\r\n  \r\n", 2, "nom du catalogue est vide", 0, true},
@@ -199,20 +193,20 @@ TEST_F(Figure, FiguresAbimeesRefuseesAvecLeurLigne)
         {label + " 1E10 \r\n", 6 + 64 + 6, "la couleur d'un label", 2, false},
         {label + " 0 \r\nTexte\r\n 10 \r\n", 6 + 64 + 9, "la figure s'arrête là", 2, false},
     };
-    for (const Cas& c : cas) {
+    for (const auto& [texte, ligne, extrait, courbesLues, modePlanLu] : cas) {
         e = etatAvecDossiers(d.chemin(), true);
         e.param.xmax = 99;
         e.etiquettes.lb.resize(3);
-        const ResultatFigure r = analyseFigure(c.texte, "abimee.fig", e);
-        ASSERT_TRUE(r.erreur) << c.extrait;
+        const ResultatFigure r = analyseFigure(texte, "abimee.fig", e);
+        ASSERT_TRUE(r.erreur) << extrait;
         const std::string& m = r.erreur.message();
-        EXPECT_EQ(m.rfind("Figure « abimee.fig », ligne " + std::to_string(c.ligne) + " :", 0), 0U) << m;
-        EXPECT_NE(m.find(c.extrait), std::string::npos) << m;
-        EXPECT_EQ(r.lignesLues, c.ligne - 1);
+        EXPECT_EQ(m.rfind("Figure « abimee.fig », ligne " + std::to_string(ligne) + " :", 0), 0U) << m;
+        EXPECT_NE(m.find(extrait), std::string::npos) << m;
+        EXPECT_EQ(r.lignesLues, ligne - 1);
         // The values read before the damaged line stay in force.
-        EXPECT_EQ(e.param.xmax, c.ligne > 3 ? 10 : 99) << m;
-        EXPECT_EQ(e.fenetre.modePlan, c.modePlanLu) << m;
-        EXPECT_EQ(e.courbes.nbCourbes, c.courbesLues) << m;
+        EXPECT_EQ(e.param.xmax, ligne > 3 ? 10 : 99) << m;
+        EXPECT_EQ(e.fenetre.modePlan, modePlanLu) << m;
+        EXPECT_EQ(e.courbes.nbCourbes, courbesLues) << m;
         EXPECT_EQ(e.etiquettes.nombre(), 0) << m;
     }
 }

@@ -83,12 +83,8 @@ TEST(ObjetsTrace, MessagesEtRienDessine)
 {
     const std::string nul = "PAS POCHIBLE AVEC UNE NULLITE DE VECTEUR NUL";
     const std::string colin = "pas pochible,vecteurs colinéaires";
-    struct Cas {
-        bool espace;
-        int genre;
-        const char *f1, *f2, *f3;
-        std::string debut;
-    } const cas[] = {
+    // Row: space, kind, three fields, the start of the message (empty: none).
+    const std::tuple<bool, int, const char*, const char*, const char*, std::string> cas[] = {
         {true, 5, "(1,2,3)", "(0,0,0)", "", nul},
         {false, 5, "(1,2)", "(0,0,5)", "", nul},  // z does not count in the plane
         {true, 6, "(0,0,0)", "(1,2,3)", "(0,0,0)", nul},
@@ -105,12 +101,12 @@ TEST(ObjetsTrace, MessagesEtRienDessine)
         {true, 5, "(0,0,30)", "(1,1,0)", "", ""},  // lines outside the frame: no message either
         {true, 7, "z=11", "", "", ""},
     };
-    for (const Cas& c : cas) {
-        Scene s(c.espace);
-        const std::string message = s.trace(c.genre, c.f1, c.f2, c.f3);
-        EXPECT_EQ(message.substr(0, c.debut.size()) + "|" + std::to_string(message.empty()),
-                  c.debut + "|" + std::to_string(c.debut.empty())) << c.f1 << " " << c.f2;
-        EXPECT_TRUE(s.surface.operations().empty()) << c.f1;
+    for (const auto& [espace, genre, f1, f2, f3, debut] : cas) {
+        Scene s(espace);
+        const std::string message = s.trace(genre, f1, f2, f3);
+        EXPECT_EQ(message.substr(0, debut.size()) + "|" + std::to_string(message.empty()),
+                  debut + "|" + std::to_string(debut.empty())) << f1 << " " << f2;
+        EXPECT_TRUE(s.surface.operations().empty()) << f1;
     }
 }
 

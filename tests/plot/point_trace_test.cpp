@@ -26,14 +26,8 @@ TEST(PointTrace, ReliesSeulementPointsVisiblesConsecutifsAMoinsDeLaMoitie)
     };
     // Drawing area: x in [1, 13760], y in [16, 10735]; half of it 6880 by 5360.
     using P = std::pair<double, double>;
-    struct Cas {
-        const char* nom;
-        int continu;
-        std::vector<P> pts;
-        std::vector<Genre> attendu;
-    };
     const Genre o = Genre::Point, l = Genre::Ligne;
-    const Cas cas[] = {
+    const std::tuple<const char*, int, std::vector<P>, std::vector<Genre>> cas[] = {
         {"leaves and comes back", 1, {{100, 100}, {200, 300}, {0, 200}, {300, 300}, {400, 300}}, {o, l, o, l}},
         {"bottom and right edges", 1, {{100, 10735}, {100, 10736}, {13760, 50}, {13761, 50}, {13000, 50}}, {o, o, o}},
         {"top edge", 1, {{500, 16}, {500, 15}, {500, 16}}, {o, o}},
@@ -42,21 +36,21 @@ TEST(PointTrace, ReliesSeulementPointsVisiblesConsecutifsAMoinsDeLaMoitie)
         {"not finite", 1, {{100, 100}, {nan, 100}, {150, 100}}, {o, o}},
         {"dotted", 0, {{100, 100}, {200, 200}, {0, 0}, {300, 300}}, {o, o, o}},
     };
-    for (const Cas& c : cas) {
+    for (const auto& [nom, continu, pts, attendu] : cas) {
         Etat etat = etatCalibre(false);
-        etat.param.traceContinu = c.continu;
+        etat.param.traceContinu = continu;
         SurfaceEnregistreuse s;
-        for (auto [x, y] : c.pts)
+        for (auto [x, y] : pts)
             pose(etat, s, x, y);
         std::vector<Genre> genres;
         for (std::size_t i = 0; i < s.operations().size(); ++i) {
             const auto& op = s.operations()[i];
             genres.push_back(op.genre);
             if (op.genre == l) {  // a segment starts at the previous point
-                EXPECT_EQ(std::make_pair(op.x1, op.y1), fin(s.operations()[i - 1])) << c.nom;
+                EXPECT_EQ(std::make_pair(op.x1, op.y1), fin(s.operations()[i - 1])) << nom;
             }
         }
-        EXPECT_EQ(genres, c.attendu) << c.nom;
+        EXPECT_EQ(genres, attendu) << nom;
         EXPECT_EQ(s.operations()[0].couleur, 0xABCDEFu);
     }
 }
