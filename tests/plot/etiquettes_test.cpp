@@ -44,25 +44,19 @@ TEST(Etiquettes, CreationDepuisLeModeleEtSuiviAgrandi)
     Etiquettes e;
     e.lb[0].taille = 14;
     e.general2[0] = 7;
-    EXPECT_EQ(ajouteEtiquette(e, 300, 450), 1);
-    EXPECT_EQ(ajouteEtiquette(e, 600, 900), 2);
+    EXPECT_EQ(ajouteEtiquette(e, 300, 450) + 10 * ajouteEtiquette(e, 600, 900), 21);
     ASSERT_EQ(e.nombre(), 2);
     EXPECT_FALSE(e.lb[0].visible);
     const Etiquette& l = e.lb[2];
     EXPECT_TRUE(l.texte == "texte à afficher" && l.taille == 14 && l.visible && l.gauche == 600 && l.haut == 900);
-    for (std::size_t taille :
-         {e.general1.size(), e.general5.size(), e.drapeaux.size(), e.simples.size(), e.doubles.size()})
-        EXPECT_EQ(taille, 3U);
-    EXPECT_EQ(e.general2[0], 7);  // contents kept
-
+    EXPECT_EQ((std::vector{e.general1.size(), e.general5.size(), e.drapeaux.size(), e.simples.size(),
+                           e.doubles.size(), std::size_t(e.general2[0])}),
+              (std::vector<std::size_t>{3, 3, 3, 3, 3, 7}));  // contents kept
     videlabel(e);
-    EXPECT_EQ(e.nombre(), 0);
-    EXPECT_EQ(e.lb[0].taille, 14);
-    EXPECT_EQ(e.general1.size(), 3U);  // only the reset shrinks them
+    // Only the reset shrinks the arrays.
+    EXPECT_TRUE(e.nombre() == 0 && e.lb[0].taille == 14 && e.general1.size() == 3U);
     reinitialiseSuivi(e);
-    EXPECT_EQ(e.general1.size(), 1U);
-    EXPECT_EQ(e.general2[0], 0);
-    EXPECT_EQ(e.doubles.size(), 1U);
+    EXPECT_TRUE(e.general1.size() == 1U && e.general2[0] == 0 && e.doubles.size() == 1U);
 }
 
 // The remaining labels keep their caption, style, colour and place on the

@@ -33,7 +33,7 @@ std::string courbe(int numero, double tmax)
 }
 
 // A space state whose four folders are in a fresh temporary folder.
-struct Seance {
+struct Figure : ::testing::Test {
     DossierTemporaire d;
     Etat e = etatAvecDossiers(d.chemin(), true);
 };
@@ -47,15 +47,13 @@ std::string decrit(const Etiquette& l)
     return s.str();
 }
 
-TEST(Figure, RelueEtReecriteAuxMemesOctets)
+TEST_F(Figure, RelueEtReecriteAuxMemesOctets)
 {
-    Seance s;
-    Etat& e = s.e;
     const std::string texte = entete + " 2  1 False True \r\n 120 -60  15360  11520 \r\n" + courbe(3, 6.28) +
                               courbe(7, 12.5) +
                               "Times New Roman\r\n 12.5 \r\nTrue\r\nFalse\r\nTrue\r\n 255 \r\n"
                               "Bonjour à tous\r\n 1500 \r\n 900 \r\n";
-    const ResultatFigure r = analyseFigure(texte, s.d / "a.fig", e);
+    const ResultatFigure r = analyseFigure(texte, d / "a.fig", e);
     ASSERT_FALSE(r.erreur) << r.erreur.message();
     EXPECT_EQ(r.lignesLues, 6 + 64 + 9);
     EXPECT_EQ(messageFigure(r), "Nre de fonctions 2\nNbre de labels 1");
@@ -72,14 +70,12 @@ TEST(Figure, RelueEtReecriteAuxMemesOctets)
     EXPECT_EQ(decrit(e.etiquettes.lb[1]), "Times New Roman|12.5|101|255|Bonjour à tous|1500,900|1");
     EXPECT_EQ(e.etiquettes.doubles.size(), 2U);
     EXPECT_EQ(texteFigure(e, r.geometrie), texte);
-    ASSERT_FALSE(ecrisFigure(s.d / "b.fig", e, r.geometrie));  // written whole: the same bytes again
-    EXPECT_EQ(lisFichier(s.d / "b.fig"), texte);
+    ASSERT_FALSE(ecrisFigure(d / "b.fig", e, r.geometrie));  // written whole: the same bytes again
+    EXPECT_EQ(lisFichier(d / "b.fig"), texte);
 }
 
-TEST(Figure, LePlusDeCourbesEtDeLabelsFaitLAllerRetour)
+TEST_F(Figure, LePlusDeCourbesEtDeLabelsFaitLAllerRetour)
 {
-    Seance s;
-    Etat& e = s.e;
     std::string texte = entete + " 32767  300 True False \r\n 0  0  9000  6000 \r\n";
     for (int i = 1; i <= maxCourbes; ++i)
         texte += courbe(i, i * 0.5);
@@ -88,65 +84,51 @@ TEST(Figure, LePlusDeCourbesEtDeLabelsFaitLAllerRetour)
                  std::to_string(k * 10) + " \r\n 0 \r\n";
     const ResultatFigure r = analyseFigure(texte, "max.fig", e);
     ASSERT_FALSE(r.erreur) << r.erreur.message();
-    EXPECT_EQ(e.courbes.nbCourbes, maxCourbes);
-    EXPECT_EQ(e.courbes.lignes.back()[colNumero], maxCourbes);
-    EXPECT_EQ(e.etiquettes.nombre(), 300);
-    EXPECT_EQ(e.etiquettes.lb[300].couleur, INT32_MIN);
-    EXPECT_TRUE(e.fenetre.inversionVideo);
-    EXPECT_FALSE(r.referenceFond);
+    EXPECT_EQ((std::vector<double>{double(e.courbes.nbCourbes), e.courbes.lignes.back()[colNumero],
+                                   double(e.etiquettes.nombre()), double(e.etiquettes.lb[300].couleur)}),
+              (std::vector<double>{maxCourbes, maxCourbes, 300, INT32_MIN}));
+    EXPECT_TRUE(e.fenetre.inversionVideo && !r.referenceFond);
     // The flag is written again from the state: the reference colour is the
     // background recorded by the reading, so True.
     texte.replace(texte.find("True False"), 10, "True True");
     EXPECT_EQ(texteFigure(e, r.geometrie), texte);
 }
 
-TEST(Figure, LeDrapeauDeReferenceChoisitLaCouleurDEffacement)
+TEST_F(Figure, LeDrapeauDeReferenceChoisitLaCouleurDEffacement)
 {
-    struct Cas {
-        int fondBlanc;  // the scheme's background: white, or black (the window's own)
-        bool inversion, reference;
-        Couleur couleurFond;
-        bool reecrit;  // the flag written back
-    };
-    for (const Cas& c : {Cas{1, false, true, 0x000000, true}, Cas{1, false, false, 0xFFFFFF, false},
-                         Cas{1, true, true, 0xFFFFFF, true}, Cas{1, true, false, 0x000000, false},
-                         Cas{0, false, false, 0x000000, true}}) {
-        Seance s;
-        s.e.param.fondBlanc = c.fondBlanc;
-        const std::string drapeaux = std::string(c.inversion ? "True " : "False ") + (c.reference ? "True" : "False");
-        const std::string texte = entete + " 0  0 " + drapeaux + " \r\n 0  0  15360  11520 \r\n";
-        const ResultatFigure r = analyseFigure(texte, "a.fig", s.e);
+    // The scheme's background (white, or the window's own black), the two flags read, the colour
+    // cleared to and the reference flag written back.
+    for (auto [fondBlanc, inversion, reference, couleurFond, reecrit] :
+         {std::tuple{1, false, true, 0x000000u, true}, {1, false, false, 0xFFFFFFu, false},
+          {1, true, true, 0xFFFFFFu, true}, {1, true, false, 0x000000u, false}, {0, false, false, 0x000000u, true}}) {
+        e = etatAvecDossiers(d.chemin(), true);
+        e.param.fondBlanc = fondBlanc;
+        auto ligne5 = [&](bool ref) {
+            return std::string(" 0  0 ") + (inversion ? "True " : "False ") + (ref ? "True" : "False") + " \r\n";
+        };
+        const ResultatFigure r = analyseFigure(entete + ligne5(reference) + " 0  0  15360  11520 \r\n", "a.fig", e);
         ASSERT_FALSE(r.erreur) << r.erreur.message();
-        EXPECT_EQ(s.e.couleurs.couleurFond, c.couleurFond) << drapeaux << " fondBlanc " << c.fondBlanc;
-        const std::string ligne5 =
-            std::string(" 0  0 ") + (c.inversion ? "True " : "False ") + (c.reecrit ? "True" : "False") + " \r\n";
-        EXPECT_NE(texteFigure(s.e, r.geometrie).find(ligne5), std::string::npos) << ligne5;
+        EXPECT_EQ(e.couleurs.couleurFond, couleurFond) << ligne5(reference) << fondBlanc;
+        EXPECT_NE(texteFigure(e, r.geometrie).find(ligne5(reecrit)), std::string::npos) << ligne5(reecrit);
     }
 }
 
-TEST(Figure, SixLignesDonnentUnCadreVideAvecSonViseur)
+TEST_F(Figure, SixLignesDonnentUnCadreVideAvecSonViseur)
 {
-    Seance s;
-    Etat& e = s.e;
     e.courbes.lignes.assign(3, LigneCourbe{});
     e.courbes.nbCourbes = 3;
     e.etiquettes.lb.resize(4);
     const std::string texte = entete + " 0  0 False True \r\n 0  0  15360  11520 \r\n";
     const ResultatFigure r = analyseFigure(texte, "vide.fig", e);
     ASSERT_FALSE(r.erreur) << r.erreur.message();
-    EXPECT_EQ(r.lignesLues, 6);
-    EXPECT_EQ(e.courbes.nbCourbes, 0);
-    EXPECT_TRUE(e.courbes.lignes.empty());
-    EXPECT_EQ(e.etiquettes.nombre(), 0);
-    EXPECT_EQ(e.param.Xviseur, 30);
+    EXPECT_TRUE(r.lignesLues == 6 && e.courbes.nbCourbes == 0 && e.courbes.lignes.empty());
+    EXPECT_TRUE(e.etiquettes.nombre() == 0 && e.param.Xviseur == 30);
     EXPECT_EQ(messageFigure(r), "Nre de fonctions 0\nNbre de labels 0");
     EXPECT_EQ(texteFigure(e, r.geometrie), texte);
 }
 
-TEST(Figure, VirgulesDecimalesEtMotsAnciensLus)
+TEST_F(Figure, VirgulesDecimalesEtMotsAnciensLus)
 {
-    Seance s;
-    Etat& e = s.e;
     const std::string texte =
         "faux\r\nLisurf.lsu\r\n-10,5  10,25 -10  10 -5  5 \r\n"
         " 30,5  20  15,25  5 -30 -20 -15  0 \r\n 0  1 Faux Vrai \r\n 0  0  100,5  200 \r\n"
@@ -158,22 +140,16 @@ TEST(Figure, VirgulesDecimalesEtMotsAnciensLus)
     EXPECT_EQ(decrit(e.etiquettes.lb[1]), "Arial|9.5|100|65280|texte à afficher|10.5,20|1");  // Windows-1252
 }
 
-TEST(Figure, UneFigureDuPlanChangeModeDossiersEtCatalogue)
+TEST_F(Figure, UneFigureDuPlanChangeModeDossiersEtCatalogue)
 {
-    Seance s;
-    Etat& e = s.e;
     const std::string texte = "True\r\nLico.lsu\r\n-5  5 -3  3 -10  10 \r\n 30  20  15  5 -30 -20 -15  0 \r\n"
                               " 0  0 False True \r\n 0  0  15360  11520 \r\n";
     const ResultatFigure r = analyseFigure(texte, "plan.fig", e);
     ASSERT_FALSE(r.erreur) << r.erreur.message();
     const EtatFenetre& f = e.fenetre;
-    EXPECT_TRUE(f.modePlan && !f.modeEspace);
-    EXPECT_EQ(f.dossierCourbes, f.cheminPlanCourbes);
-    EXPECT_EQ(f.dossierFig, f.cheminPlanFig);
-    EXPECT_EQ(f.fichierCatalogue, "Lico.lsu");
-    EXPECT_EQ(e.catalogue.chemin, f.cheminPlanCourbes + "Lico.lsu");
-    EXPECT_EQ(e.param.ymin, -3);
-
+    EXPECT_TRUE(f.modePlan && !f.modeEspace && e.param.ymin == -3);
+    EXPECT_EQ(f.dossierCourbes + "|" + f.dossierFig + "|" + f.fichierCatalogue + "|" + e.catalogue.chemin,
+              f.cheminPlanCourbes + "|" + f.cheminPlanFig + "|Lico.lsu|" + f.cheminPlanCourbes + "Lico.lsu");
     // A catalogue named with a folder is looked for by its name alone; a
     // catalogue that must exist and does not is refused on line 2.
     std::string autre = texte;
@@ -189,21 +165,15 @@ TEST(Figure, UneFigureDuPlanChangeModeDossiersEtCatalogue)
 }
 
 // Each damaged figure is refused on its line; what came before stays.
-TEST(Figure, FiguresAbimeesRefuseesAvecLeurLigne)
+TEST_F(Figure, FiguresAbimeesRefuseesAvecLeurLigne)
 {
     const std::string debut5 = entete + " 2  1 False True \r\n 0  0  15360  11520 \r\n";
     const std::string deuxCourbes = debut5 + courbe(3, 6.28) + courbe(7, 12.5);
     const std::string label = deuxCourbes + "Arial\r\n 10 \r\nTrue\r\nFalse\r\nTrue\r\n";
     std::string courbeAbimee = courbe(3, 6.28);
     courbeAbimee.replace(courbeAbimee.find("0.05"), 4, "0.o5");
-    struct Cas {
-        std::string texte;
-        int ligne;
-        const char* extrait;
-        int courbesLues;
-        bool modePlanLu;  // line 1 reached and read as a plane figure
-    };
-    const std::vector<Cas> cas = {
+    // Row: text, damaged line, part of the message, curves read, line 1 read as a plane figure.
+    const std::vector<std::tuple<std::string, int, const char*, int, bool>> cas = {
         {"", 1, "la figure s'arrête là", 0, false},
         {"Peut-être\r\n", 1, "True ou False attendu", 0, false},
         {"True\r\n  \r\n", 2, "nom du catalogue est vide", 0, true},
@@ -223,36 +193,31 @@ TEST(Figure, FiguresAbimeesRefuseesAvecLeurLigne)
         {label + " 1E10 \r\n", 6 + 64 + 6, "la couleur d'un label", 2, false},
         {label + " 0 \r\nTexte\r\n 10 \r\n", 6 + 64 + 9, "la figure s'arrête là", 2, false},
     };
-    for (const Cas& c : cas) {
-        Seance s;
-        Etat& e = s.e;
+    for (const auto& [texte, ligne, extrait, courbesLues, modePlanLu] : cas) {
+        e = etatAvecDossiers(d.chemin(), true);
         e.param.xmax = 99;
         e.etiquettes.lb.resize(3);
-        const ResultatFigure r = analyseFigure(c.texte, "abimee.fig", e);
-        ASSERT_TRUE(r.erreur) << c.extrait;
+        const ResultatFigure r = analyseFigure(texte, "abimee.fig", e);
+        ASSERT_TRUE(r.erreur) << extrait;
         const std::string& m = r.erreur.message();
-        EXPECT_EQ(m.rfind("Figure « abimee.fig », ligne " + std::to_string(c.ligne) + " :", 0), 0U) << m;
-        EXPECT_NE(m.find(c.extrait), std::string::npos) << m;
-        EXPECT_EQ(r.lignesLues, c.ligne - 1);
+        EXPECT_EQ(m.rfind("Figure « abimee.fig », ligne " + std::to_string(ligne) + " :", 0), 0U) << m;
+        EXPECT_NE(m.find(extrait), std::string::npos) << m;
+        EXPECT_EQ(r.lignesLues, ligne - 1);
         // The values read before the damaged line stay in force.
-        EXPECT_EQ(e.param.xmax, c.ligne > 3 ? 10 : 99) << m;
-        EXPECT_EQ(e.fenetre.modePlan, c.modePlanLu) << m;
-        EXPECT_EQ(e.courbes.nbCourbes, c.courbesLues) << m;
+        EXPECT_EQ(e.param.xmax, ligne > 3 ? 10 : 99) << m;
+        EXPECT_EQ(e.fenetre.modePlan, modePlanLu) << m;
+        EXPECT_EQ(e.courbes.nbCourbes, courbesLues) << m;
         EXPECT_EQ(e.etiquettes.nombre(), 0) << m;
     }
 }
 
-TEST(Figure, EcritureEntiereOuRien)
+TEST_F(Figure, EcritureEntiereOuRien)
 {
-    Seance s;
-    Etat& e = s.e;
-    const std::string chemin = s.d / "garde.fig";
+    const std::string chemin = d / "garde.fig";
     ecrisFichier(chemin, "ancienne");
     e.courbes.lignes.assign(2, LigneCourbe{});
     e.param.Xviseur = std::numeric_limits<double>::infinity();
-    const Erreur infini = ecrisFigure(chemin, e, {});
-    ASSERT_TRUE(infini);
-    EXPECT_NE(infini.message().find("Xviseur"), std::string::npos);
+    EXPECT_NE(ecrisFigure(chemin, e, {}).message().find("Xviseur"), std::string::npos);
     e.param.Xviseur = 30;
     simuleDisquePlein(100);
     const Erreur plein = ecrisFigure(chemin, e, {});

@@ -20,11 +20,9 @@ struct Scene {
     std::string trace(int genre, std::string f1, std::string f2 = {}, std::string f3 = {})
     {
         etat.trace.typeTrace = genre;
-        etat.moteur.formuleF1 = std::move(f1);
-        etat.moteur.formuleF2 = std::move(f2);
+        etat.moteur.formuleF1 = std::move(f1), etat.moteur.formuleF2 = std::move(f2);
         etat.moteur.formuleF3 = std::move(f3);
-        const Erreur erreur = traceObjet(etat, surface, {});
-        return erreur ? erreur.message() : std::string();
+        return traceObjet(etat, surface, {}).message();
     }
     std::vector<OperationDessin> lignes() const { return duGenre(surface, Genre::Ligne); }
     // Plane mode: the point of the plane drawn at (sx, sy).
@@ -75,10 +73,9 @@ TEST(ObjetsLecture, EquationsLuesOuRefusees)
     };
     for (const Cas& c : cas) {
         const auto eq = lisEquation(c.texte);
-        std::vector<double> lu;
-        if (eq)
-            lu = {eq->normale[0], eq->normale[1], eq->normale[2], eq->constante};
-        attendProche(lu, c.attendu, c.texte);
+        attendProche(eq ? std::vector{eq->normale[0], eq->normale[1], eq->normale[2], eq->constante}
+                        : std::vector<double>{},
+                     c.attendu, c.texte);
     }
 }
 
@@ -86,12 +83,8 @@ TEST(ObjetsTrace, MessagesEtRienDessine)
 {
     const std::string nul = "PAS POCHIBLE AVEC UNE NULLITE DE VECTEUR NUL";
     const std::string colin = "pas pochible,vecteurs colinéaires";
-    struct Cas {
-        bool espace;
-        int genre;
-        const char *f1, *f2, *f3;
-        std::string debut;
-    } const cas[] = {
+    // Row: space, kind, three fields, the start of the message (empty: none).
+    const std::tuple<bool, int, const char*, const char*, const char*, std::string> cas[] = {
         {true, 5, "(1,2,3)", "(0,0,0)", "", nul},
         {false, 5, "(1,2)", "(0,0,5)", "", nul},  // z does not count in the plane
         {true, 6, "(0,0,0)", "(1,2,3)", "(0,0,0)", nul},
@@ -108,12 +101,12 @@ TEST(ObjetsTrace, MessagesEtRienDessine)
         {true, 5, "(0,0,30)", "(1,1,0)", "", ""},  // lines outside the frame: no message either
         {true, 7, "z=11", "", "", ""},
     };
-    for (const Cas& c : cas) {
-        Scene s(c.espace);
-        const std::string message = s.trace(c.genre, c.f1, c.f2, c.f3);
-        EXPECT_EQ(message.substr(0, c.debut.size()), c.debut) << c.f1 << " " << c.f2;
-        EXPECT_EQ(message.empty(), c.debut.empty()) << message;
-        EXPECT_TRUE(s.surface.operations().empty()) << c.f1;
+    for (const auto& [espace, genre, f1, f2, f3, debut] : cas) {
+        Scene s(espace);
+        const std::string message = s.trace(genre, f1, f2, f3);
+        EXPECT_EQ(message.substr(0, debut.size()) + "|" + std::to_string(message.empty()),
+                  debut + "|" + std::to_string(debut.empty())) << f1 << " " << f2;
+        EXPECT_TRUE(s.surface.operations().empty()) << f1;
     }
 }
 

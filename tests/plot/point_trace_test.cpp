@@ -26,14 +26,8 @@ TEST(PointTrace, ReliesSeulementPointsVisiblesConsecutifsAMoinsDeLaMoitie)
     };
     // Drawing area: x in [1, 13760], y in [16, 10735]; half of it 6880 by 5360.
     using P = std::pair<double, double>;
-    struct Cas {
-        const char* nom;
-        int continu;
-        std::vector<P> pts;
-        std::vector<Genre> attendu;
-    };
     const Genre o = Genre::Point, l = Genre::Ligne;
-    const Cas cas[] = {
+    const std::tuple<const char*, int, std::vector<P>, std::vector<Genre>> cas[] = {
         {"leaves and comes back", 1, {{100, 100}, {200, 300}, {0, 200}, {300, 300}, {400, 300}}, {o, l, o, l}},
         {"bottom and right edges", 1, {{100, 10735}, {100, 10736}, {13760, 50}, {13761, 50}, {13000, 50}}, {o, o, o}},
         {"top edge", 1, {{500, 16}, {500, 15}, {500, 16}}, {o, o}},
@@ -42,21 +36,21 @@ TEST(PointTrace, ReliesSeulementPointsVisiblesConsecutifsAMoinsDeLaMoitie)
         {"not finite", 1, {{100, 100}, {nan, 100}, {150, 100}}, {o, o}},
         {"dotted", 0, {{100, 100}, {200, 200}, {0, 0}, {300, 300}}, {o, o, o}},
     };
-    for (const Cas& c : cas) {
+    for (const auto& [nom, continu, pts, attendu] : cas) {
         Etat etat = etatCalibre(false);
-        etat.param.traceContinu = c.continu;
+        etat.param.traceContinu = continu;
         SurfaceEnregistreuse s;
-        for (auto [x, y] : c.pts)
+        for (auto [x, y] : pts)
             pose(etat, s, x, y);
         std::vector<Genre> genres;
         for (std::size_t i = 0; i < s.operations().size(); ++i) {
             const auto& op = s.operations()[i];
             genres.push_back(op.genre);
             if (op.genre == l) {  // a segment starts at the previous point
-                EXPECT_EQ(std::make_pair(op.x1, op.y1), fin(s.operations()[i - 1])) << c.nom;
+                EXPECT_EQ(std::make_pair(op.x1, op.y1), fin(s.operations()[i - 1])) << nom;
             }
         }
-        EXPECT_EQ(genres, c.attendu) << c.nom;
+        EXPECT_EQ(genres, attendu) << nom;
         EXPECT_EQ(s.operations()[0].couleur, 0xABCDEFu);
     }
 }
@@ -89,15 +83,14 @@ TEST(PointTrace, MarquesDUnDixiemePoint)
         SurfaceEnregistreuse s;
         pose(etat, s, c.x, 5000, c.marque);
         const auto rayons = duGenre(s, Genre::Ligne, etat.couleurs.couleurRayon);
-        EXPECT_EQ(rayons.size(), c.rayons) << c.nom;
         for (const auto& r : rayons)  // from the origin
             EXPECT_EQ(std::make_pair(r.x1, r.y1), std::make_pair(etat.vue.origineEcranX, etat.vue.origineEcranY));
-        EXPECT_EQ(duGenre(s, Genre::Ligne, etat.couleurs.couleurTangente).size(), c.tangentes) << c.nom;
         const auto traits = duGenre(s, Genre::Ligne);
-        EXPECT_EQ(std::count_if(traits.begin(), traits.end(), [](const auto& op) { return op.style == 2; }),
-                  long(c.projections))
+        const auto tirets = std::count_if(traits.begin(), traits.end(), [](const auto& op) { return op.style == 2; });
+        const std::size_t tangentes = duGenre(s, Genre::Ligne, etat.couleurs.couleurTangente).size();
+        EXPECT_EQ((std::vector{rayons.size(), tangentes, std::size_t(tirets), duGenre(s, Genre::Cercle).size()}),
+                  (std::vector<std::size_t>{c.rayons, c.tangentes, c.projections, c.projections}))
             << c.nom;
-        EXPECT_EQ(duGenre(s, Genre::Cercle).size(), c.projections) << c.nom;
         // The xOy foot (2, 3, 0): a blue solid circle of radius 20 whatever the scheme.
         const auto pieds = duGenre(s, Genre::Cercle, 0xFF0000);
         double fx, fy;
@@ -127,28 +120,19 @@ TEST(PointTrace, PauseSeulementActiveEtDUneMillisecondeAuMoins)
 
 TEST(PointTrace, PointsAdmis)
 {
-    struct Cas {
-        bool espace;
-        float zmin;
-        double zmax;
-        double sx, sy, x, y, z;
-        bool admis;
-    } const cas[] = {
-        // Plane: the surface position within 0..W-1400 by 0..H-800.
-        {false, -10, 10, 13960, 10720, 99, 99, 99, true}, {false, -10, 10, 13961, 100, 0, 0, 0, false},
-        {false, -10, 10, 0, -0.5, 0, 0, 0, false},         {false, -10, 10, nan, 100, 0, 0, 0, false},
-        // Space: every coordinate within its range.
-        {true, -10, 10, -1e6, -1e6, 10, -10, 0, true},     {true, -10, 10, 0, 0, 10.001, 0, 0, false},
-        {true, -10, 10, 0, 0, 0, -10.5, 0, false},          {true, -10, 10, 0, 0, 0, 0, 1e9, false},
-        {true, 5, -5, 0, 0, 0, 0, -4, true},  // reversed z range
-        {true, 5, -5, 0, 0, 0, 0, 6, false},                {true, -10, 10, 0, 0, nan, 0, 0, false},
-    };
-    for (const Cas& c : cas) {
-        Etat etat = etatCalibre(c.espace);
-        etat.param.zmin = c.zmin;
-        etat.param.zmax = c.zmax;
-        EXPECT_EQ(pointAdmis(etat, c.sx, c.sy, c.x, c.y, c.z), c.admis)
-            << c.espace << " " << c.sx << " " << c.x << " " << c.y << " " << c.z;
+    // Plane: the surface position within 0..W-1400 by 0..H-800. Space: every coordinate within its range.
+    // Row: space, zmin, zmax, screen x and y, x, y, z, admitted.
+    for (auto [espace, zmin, zmax, sx, sy, x, y, z, admis] :
+         {std::tuple{false, -10.f, 10., 13960., 10720., 99., 99., 99., true},
+          {false, -10.f, 10., 13961., 100., 0., 0., 0., false},
+          {false, -10.f, 10., 0., -0.5, 0., 0., 0., false}, {false, -10.f, 10., nan, 100., 0., 0., 0., false},
+          {true, -10.f, 10., -1e6, -1e6, 10., -10., 0., true}, {true, -10.f, 10., 0., 0., 10.001, 0., 0., false},
+          {true, -10.f, 10., 0., 0., 0., -10.5, 0., false}, {true, -10.f, 10., 0., 0., 0., 0., 1e9, false},
+          {true, 5.f, -5., 0., 0., 0., 0., -4., true},  // reversed z range
+          {true, 5.f, -5., 0., 0., 0., 0., 6., false}, {true, -10.f, 10., 0., 0., nan, 0., 0., false}}) {
+        Etat etat = etatCalibre(espace);
+        etat.param.zmin = zmin, etat.param.zmax = zmax;
+        EXPECT_EQ(pointAdmis(etat, sx, sy, x, y, z), admis) << espace << " " << sx << " " << x << " " << y << " " << z;
     }
 }
 

@@ -16,15 +16,6 @@ using namespace essai;
 constexpr Couleur rouge = 0x0000FF, vert = 0x00FF00, bleu = 0xFF0000, enVigueur = 0x00FFFF;
 constexpr Couleur etiquette = 0x123456, progres = 0x010101, avant = 0x020202, tangente = 0x030303;
 
-struct Cas {
-    const char* faute;  // what a wrong redraw would do
-    Redessin quoi;
-    int suite;          // what `apres` answers: -1 no `apres`, 0 stop, 1 go on (the printed page)
-    bool fausse;        // a 4th row names an entry whose formula fails
-    const char* ordre;  // E clear, R frame, P progress, a before a curve, 1 2 3 rows,
-                        // N a new curve, L labels; a run of one letter counts once
-};
-
 TEST(Redessin, OrdreLignesEtArret)
 {
     DossierTemporaire dossier;
@@ -39,24 +30,24 @@ TEST(Redessin, OrdreLignesEtArret)
         ASSERT_FALSE(demandeTrace(modele, rien, 1, OptionsTrace{}, CrochetsTrace{}).erreur);
     }
     modele.couleurs.couleurTrace = enVigueur;
-    Etiquette lb;
-    lb.texte = "Sommet";
-    lb.couleur = etiquette;
-    lb.visible = true;
-    modele.etiquettes.lb.push_back(lb);
-    const Couleur axes = couleursRepere(modele).axes;
-
-    const Cas cas[] = {
+    modele.etiquettes.lb.push_back(Etiquette{});
+    modele.etiquettes.lb.back().texte = "Sommet", modele.etiquettes.lb.back().couleur = etiquette;
+    modele.etiquettes.lb.back().visible = true;
+    const std::map<Couleur, char> lettres = {{rouge, '1'},     {vert, '2'},    {bleu, '3'},  {enVigueur, 'N'},
+                                             {etiquette, 'L'}, {progres, 'P'}, {avant, 'a'},
+                                             {couleursRepere(modele).axes, 'R'}};
+    // Row: what a wrong redraw would do, what to draw, what `apres` answers (-1 no `apres`, 0 stop, 1 go on
+    // as the printed page), a 4th row naming an entry whose formula fails, the order read back
+    // (E clear, R frame, P progress, a before a curve, 1 2 3 rows, N a new curve, L labels; a run
+    // of one letter counts once).
+    const std::tuple<const char*, Redessin, int, bool, const char*> cas[] = {
         {"ordre faux, ou une ligne aux valeurs en vigueur", {.lignes = {1, 2, 3}}, -1, false, "ERPa1a2a3L"},
         {"toutes les lignes au lieu des choisies", {.lignes = {3, 1}}, -1, false, "ERPa3a1L"},
         {"une ligne hors de la table arrête ou signale", {.lignes = {0, 2, 9}}, -1, false, "ERPa2L"},
         {"la page effacée ou étiquetée", {.efface = false, .lignes = {1}, .etiquettes = false}, -1, false, "RPa1"},
         {"EffaceRepère avec repère", {.repere = false, .lignes = {2}}, -1, false, "EPa2L"},
-        {"l'envoi efface ou trace le repère",
-         {.efface = false, .repere = false, .entrees = {1}, .etiquettes = false},
-         -1,
-         false,
-         "aN"},
+        {"l'envoi efface ou trace le repère", {.efface = false, .repere = false, .entrees = {1}, .etiquettes = false},
+         -1, false, "aN"},
         // The values of the last row drawn stay in force for the new curves.
         {"les entrées avant les lignes", {.lignes = {2}, .entrees = {1, 1}}, -1, false, "ERPa2a2a2L"},
         {"une entrée sans les valeurs en vigueur", {.entrees = {1}}, -1, false, "ERPaNL"},
@@ -64,38 +55,32 @@ TEST(Redessin, OrdreLignesEtArret)
         {"sans `apres`, un message n'arrête pas", {.lignes = {1, 4, 2}}, -1, true, "ERPa1a"},
         {"la page s'arrête au message", {.lignes = {1, 4, 2}}, 1, true, "ERPa1aa2L"},
     };
-    for (const Cas& c : cas) {
-        SCOPED_TRACE(c.faute);
+    for (const auto& [faute, quoiCas, suite, fausse, attendu] : cas) {
         Etat etat = modele;
-        if (c.fausse) {
+        if (fausse) {
             LigneCourbe fausse = etat.courbes.lignes[0];
             fausse[colNumero] = 2;
             ajouteCourbe(etat.courbes, fausse);
         }
         SurfaceEnregistreuse surface;
-        Redessin quoi = c.quoi;
+        Redessin quoi = quoiCas;
         quoi.progres = [&] { surface.PSet(0, 0, progres); };
         quoi.avant = [&] { surface.PSet(0, 0, avant); };
-        if (c.suite >= 0)
-            quoi.apres = [&](const OptionsTrace&, const ResultatTrace&) { return c.suite == 1; };
+        if (suite >= 0)
+            quoi.apres = [&, suite = suite](const OptionsTrace&, const ResultatTrace&) { return suite == 1; };
         const Erreur erreur = redessine(etat, surface, quoi);
-
-        const std::map<Couleur, char> lettres = {{rouge, '1'},     {vert, '2'},    {bleu, '3'},  {enVigueur, 'N'},
-                                                 {etiquette, 'L'}, {progres, 'P'}, {avant, 'a'}, {axes, 'R'}};
         std::string ordre;
         for (const OperationDessin& op : surface.operations()) {
-            if (op.couleur == tangente)
-                continue;
             const auto l = lettres.find(op.couleur);
             const char lettre = op.genre == Genre::Effacement ? 'E' : l == lettres.end() ? '?' : l->second;
-            if (ordre.empty() || ordre.back() != lettre || lettre == 'a')
+            if (op.couleur != tangente && (ordre.empty() || ordre.back() != lettre || lettre == 'a'))
                 ordre += lettre;
         }
-        EXPECT_EQ(ordre, c.ordre);
+        EXPECT_EQ(ordre, attendu) << faute;
         // Each entry gets its row; the message of the curve that stopped the
         // redraw is returned, none when it went on.
-        EXPECT_EQ(std::size_t(etat.courbes.nbCourbes), 3 + c.fausse + c.quoi.entrees.size());
-        EXPECT_EQ(bool(erreur), c.fausse && c.suite < 0) << erreur.message();
+        EXPECT_EQ(std::size_t(etat.courbes.nbCourbes), 3 + fausse + quoiCas.entrees.size()) << faute;
+        EXPECT_EQ(bool(erreur), fausse && suite < 0) << faute << erreur.message();
     }
 }
 

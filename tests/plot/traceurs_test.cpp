@@ -22,19 +22,6 @@ Etat etatAvec(bool espace, std::string f1, std::string f2 = {}, std::string f3 =
     return etat;
 }
 
-TEST(Traceurs, BranchesDeLaTangenteJamaisReliees)
-{
-    Etat etat = etatAvec(false, "TAN(X)");
-    SurfaceEnregistreuse s;
-    EXPECT_FALSE(traceExplicite(etat, s, {}).erreur);
-    // Seven branches between the six asymptotes of [-10, 10], each starting with a dot.
-    EXPECT_EQ(duGenre(s, Genre::Point).size(), 7u);
-    EXPECT_GT(duGenre(s, Genre::Ligne).size(), 100u);
-    auto branche = [&](double sx) { return std::floor((sx - etat.vue.decalX) / etat.vue.echelleX / M_PI - 0.5); };
-    for (const auto& l : duGenre(s, Genre::Ligne))
-        EXPECT_EQ(branche(l.x1), branche(l.x2)) << "segment across an asymptote at " << l.x1;
-}
-
 // Drawn just before its point, a tenth one; centred on it, the half length
 // in range units and the slope of 0.5 X.
 TEST(Traceurs, CourbePlaneMarqueChaqueDixiemePointDeSaTangente)
@@ -64,19 +51,6 @@ TEST(Traceurs, CourbePlaneMarqueChaqueDixiemePointDeSaTangente)
             EXPECT_NEAR(dy / dx, 0.5, 1e-6);
         }
         EXPECT_EQ(marques, attendues) << nbrCalX;
-    }
-}
-
-TEST(Traceurs, RayonDeLaCourbeSpherique)
-{
-    for (int avecRayon : {0, 1}) {
-        Etat etat = etatAvec(true, "2", "T", "0", 0, 6.28, 0.1);  // 63 points
-        etat.moteur.genreCourbe = 3;
-        etat.param.avecRayon = avecRayon;
-        SurfaceEnregistreuse s;
-        parcours3(etat, s, {});
-        // One radius a tenth point (PointTrace checks where it starts).
-        EXPECT_EQ(duGenre(s, Genre::Ligne, etat.couleurs.couleurRayon).size(), avecRayon ? 6u : 0u);
     }
 }
 
@@ -123,11 +97,9 @@ TEST(Traceurs, IntervallesRefusesNeTracentRienEtDisentPourquoi)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN(), inf = std::numeric_limits<double>::infinity();
     // Kind 0: the range of x and nbrCalX; 1: the range of t; 2: the range of a.
-    struct Cas {
-        int genre;
-        double debut, fin, pas;
-        const char* message;  // nullptr: an empty walk, nothing drawn nor said; "": 5 points drawn
-    } const cas[] = {
+    // Row: kind, start, end, step (or count); the message, nullptr for an empty walk (nothing drawn nor
+    // said), "" for 5 points drawn.
+    const std::tuple<int, double, double, double, const char*> cas[] = {
         {1, 0, 1, 0, nullptr},     // zero step
         {1, 0, 1, -0.1, nullptr},  // step of the wrong sign
         {1, nan, 1, 0.1, "L'intervalle de t n'a pas des bornes finies"},
@@ -144,24 +116,20 @@ TEST(Traceurs, IntervallesRefusesNeTracentRienEtDisentPourquoi)
         {0, -10, 10, nan, "nbrCalX n'est pas un nombre fini"},
         {0, 5, 5, 0, nullptr},  // equal bounds
     };
-    for (const Cas& c : cas) {
-        Etat etat = etatCalibre(c.genre != 0);  // t over its range by default
+    for (const auto& [genre, debut, fin, pas, attente] : cas) {
+        Etat etat = etatCalibre(genre != 0);  // t over its range by default
         etat.moteur.formuleF1 = "T/10", etat.moteur.formuleF2 = "A/10", etat.moteur.formuleF3 = "0";
-        if (c.genre == 1)
-            etat.param.tmin = c.debut, etat.param.tmax = c.fin, etat.param.pasT = c.pas;
-        if (c.genre == 2)
-            etat.param.amin = c.debut, etat.param.amax = c.fin, etat.param.pasA = c.pas;
-        if (c.genre == 0)
-            etat.param.xmin = c.debut, etat.param.xmax = c.fin;
-        etat.param.nbrCalX = c.pas;
+        auto [d, f, p] = genre == 0 ? std::tie(etat.param.xmin, etat.param.xmax, etat.param.nbrCalX)
+                          : genre == 1 ? std::tie(etat.param.tmin, etat.param.tmax, etat.param.pasT)
+                                       : std::tie(etat.param.amin, etat.param.amax, etat.param.pasA);
+        d = debut, f = fin, p = pas, etat.param.nbrCalX = pas;
         SurfaceEnregistreuse s;
-        const FinTrace fin = c.genre == 0   ? traceExplicite(etat, s, {})
-                             : c.genre == 1 ? parcours1(etat, s, {})
-                                            : parcours2(etat, s, {});
-        const std::string& message = fin.erreur.message();
-        const std::string attendu = c.message ? c.message : "";
-        EXPECT_EQ(s.operations().size(), c.message && !*c.message ? 5u : 0u) << attendu;
-        EXPECT_EQ(bool(fin.erreur), !attendu.empty()) << message;
+        const FinTrace r = genre == 0 ? traceExplicite(etat, s, {}) : genre == 1 ? parcours1(etat, s, {})
+                                                                                   : parcours2(etat, s, {});
+        const std::string& message = r.erreur.message();
+        const std::string attendu = attente ? attente : "";
+        EXPECT_EQ(s.operations().size(), attente && !*attente ? 5u : 0u) << attendu;
+        EXPECT_EQ(bool(r.erreur), !attendu.empty()) << message;
         EXPECT_NE(message.find(attendu), std::string::npos) << message;
         for (const char* jamais : {" inf ", "(inf", "inf)", "nan", "e+308"})
             EXPECT_EQ(message.find(jamais), std::string::npos) << message;
