@@ -58,9 +58,9 @@ TEST(Redessin, OrdreLignesEtArret)
     for (const auto& [faute, quoiCas, suite, fausse, attendu] : cas) {
         Etat etat = modele;
         if (fausse) {
-            LigneCourbe fausse = etat.courbes.lignes[0];
-            fausse[colNumero] = 2;
-            ajouteCourbe(etat.courbes, fausse);
+            LigneCourbe ligne = etat.courbes.lignes[0];
+            ligne[colNumero] = 2;
+            ajouteCourbe(etat.courbes, ligne);
         }
         SurfaceEnregistreuse surface;
         Redessin quoi = quoiCas;
