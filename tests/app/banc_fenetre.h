@@ -1,7 +1,7 @@
 // Test bench of the main window: a fresh application folder (a temporary
 // copy of the factory files put beside the built program), a fresh state,
 // and message and input boxes that record what the program says instead of
-// waiting for a click.
+// waiting for a click; mouse events sent to a control.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QMouseEvent>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <functional>
@@ -74,21 +75,19 @@ struct Banc {
     Etat etat;
     QStringList messages;                          // what the message boxes said
     int fins = 0;                                  // times the program asked to end
-    std::vector<std::optional<QString>> reponses;  // answers of the input boxes, in turn
-    // The colour chooser's answer for a title; none (cancel) when unset.
+    std::vector<std::optional<QString>> reponses;  // answers of the input boxes, in turn (none: cancel)
+    QStringList saisies;                           // "title: prompt" of the input boxes shown
+    QStringList questions;                         // "title: text" of the yes/no questions asked
+    bool reponseQuestion = false;                  // their answer
+    // The answers of the colour chooser and file dialog for a title, and of
+    // the list chooser for its entries; none (cancel) when unset.
     std::function<std::optional<QColor>(const QString& titre)> choixCouleur;
-    QStringList questions;         // "title: text" of the yes/no questions asked
-    bool reponseQuestion = false;  // their answer
-    QStringList saisies;           // "title: prompt" of the input boxes shown
-    // The file dialog's answer for a title, and the list chooser's for its
-    // entries; none (cancel) when unset.
     std::function<std::optional<QString>(const QString& titre)> fichierAEcrire;
     std::function<std::optional<int>(const QStringList& elements)> choixListe;
     std::unique_ptr<Mirado> fenetre;
 
     Banc()
     {
-        // The factory files put beside the program by the build.
         const QString usine = QStringLiteral(VELORIN_BIN_DIR "/usine");
         QDirIterator it(usine, QDir::Files, QDirIterator::Subdirectories);
         while (it.hasNext()) {
@@ -109,18 +108,33 @@ struct Banc {
         f.write(contenu);
     }
 
-    // A catalogue of `nb` parametric curves (circles of radius 1..nb).
-    void ecrisCatalogue(const QString& relatif, int nb) const
+    // A catalogue of curves (kind 1) with these texts.
+    void ecrisCatalogue(const QString& relatif, const std::vector<std::string>& textes) const
     {
         QDir().mkpath(QFileInfo(chemin(relatif)).absolutePath());
         QFile::remove(chemin(relatif));
         Catalogue cat;
         ASSERT_FALSE(ouvrirCatalogue(cat, chemin(relatif).toStdString()));
+        for (std::size_t n = 0; n < textes.size(); ++n)
+            ASSERT_FALSE(ecrisLigne(cat, NumeroLigne(n + 1), LigneCatalogue{1, textes[n]}));
+    }
+
+    // A catalogue of `nb` parametric curves (circles of radius n % 9 + 1).
+    void ecrisCatalogue(const QString& relatif, int nb) const
+    {
+        std::vector<std::string> textes;
         for (int n = 1; n <= nb; ++n) {
             const std::string r = std::to_string(n % 9 + 1);
-            LigneCatalogue l{1, "x=f1(t)=(" + r + ")*COS(T)][y=f2(t)=(" + r + ")*SIN(T)][z=f3(t)=0"};
-            ASSERT_FALSE(ecrisLigne(cat, n, l));
+            textes.push_back("x=f1(t)=(" + r + ")*COS(T)][y=f2(t)=(" + r + ")*SIN(T)][z=f3(t)=0");
         }
+        ecrisCatalogue(relatif, textes);
+    }
+
+    // The window started on a space catalogue Lisurf.lsu of `nb` circles.
+    Mirado& demarre(int nb)
+    {
+        ecrisCatalogue("Espace_courbes/Lisurf.lsu", nb);
+        return demarre();
     }
 
     Mirado& demarre()
@@ -135,11 +149,8 @@ struct Banc {
             saisies << titre + QStringLiteral(": ") + invite;
             if (reponses.empty())
                 return std::nullopt;
-            const bool annule = !reponses.front();
-            const QString r = reponses.front().value_or(QString());
+            const std::optional<QString> r = reponses.front();
             reponses.erase(reponses.begin());
-            if (annule)
-                return std::nullopt;
             return r;
         };
         boites.fin = [this] { ++fins; };
@@ -173,6 +184,26 @@ inline int nbCouleurs(const QImage& image)
         for (int x = 0; x < image.width(); x += 2)
             vues.insert(image.pixel(x, y));
     return int(vues.size());
+}
+
+// A mouse event at `ici`, in the widget's coordinates.
+inline void souris(QWidget* w, QEvent::Type type, QPoint ici, Qt::MouseButton bouton, Qt::MouseButtons tenus,
+                   Qt::KeyboardModifiers touches = Qt::NoModifier)
+{
+    QMouseEvent e(type, QPointF(ici), w->mapToGlobal(QPointF(ici)), bouton, tenus, touches);
+    QApplication::sendEvent(w, &e);
+}
+
+// A left-button drag from a to b in two moves; `pendant` runs before the release.
+inline void glisse(QWidget* w, QPoint a, QPoint b, Qt::KeyboardModifiers touches,
+                   const std::function<void()>& pendant = {})
+{
+    souris(w, QEvent::MouseButtonPress, a, Qt::LeftButton, Qt::LeftButton, touches);
+    souris(w, QEvent::MouseMove, (a + b) / 2, Qt::NoButton, Qt::LeftButton, touches);
+    souris(w, QEvent::MouseMove, b, Qt::NoButton, Qt::LeftButton, touches);
+    if (pendant)
+        pendant();
+    souris(w, QEvent::MouseButtonRelease, b, Qt::LeftButton, Qt::NoButton, touches);
 }
 
 }  // namespace velorin::essai

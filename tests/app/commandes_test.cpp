@@ -13,7 +13,6 @@
 
 #include "app/fenetre/zone_dessin.h"
 #include "banc_fenetre.h"
-#include "souris_essai.h"
 #include "view/lectures.h"
 #include "view/souris.h"
 #include "view/zoom.h"
@@ -32,14 +31,13 @@ void placeViseur(Mirado& m, double x, double y, float z)
     m.affviseur();
 }
 
-std::array<double, 13> valeurs(const Parametres& p)
-{
-    return {p.Xviseur, p.Yviseur, p.Zviseur, p.Xdirection, p.Ydirection, p.Zdirection, p.Rotadir,
-            p.xmin,    p.xmax,    p.ymin,    p.ymax,       p.zmin,       p.zmax};
-}
-
 void memesValeurs(const Parametres& a, const Parametres& b)
 {
+    auto valeurs = [](const Parametres& p) {
+        return std::array<double, 13>{p.Xviseur,    p.Yviseur, p.Zviseur, p.Xdirection, p.Ydirection,
+                                      p.Zdirection, p.Rotadir, p.xmin,    p.xmax,       p.ymin,
+                                      p.ymax,       p.zmin,    p.zmax};
+    };
     for (std::size_t i = 0; i < valeurs(a).size(); ++i)
         EXPECT_NEAR(valeurs(a)[i], valeurs(b)[i], 1e-9) << i;
 }
@@ -89,14 +87,15 @@ Action glisser(Qt::KeyboardModifiers touches, bool oui = false, QPoint arrivee =
         b.reponseQuestion = oui;
         b.questions.clear();
         auto* zone = m.findChild<ZoneDessin*>();
-        glisse(zone, {100, 60}, arrivee, touches, [&] { EXPECT_EQ(zone->loupe().isNull(), touches != Qt::AltModifier); });
+        glisse(zone, {100, 60}, arrivee, touches,
+               [&] { EXPECT_EQ(zone->loupe().isNull(), touches != Qt::AltModifier); });
         EXPECT_EQ(b.questions.size(), touches == Qt::AltModifier && arrivee.y() != 60 ? 1 : 0);
     };
 }
 
 // The routine a control must reach, on a copy of the values in force.
-#define ROUTINE(...)                                                                                   \
-    []([[maybe_unused]] Parametres& p, [[maybe_unused]] EtatRotation& r, [[maybe_unused]] const Vue& v, \
+#define ROUTINE(...)                                                                                                   \
+    []([[maybe_unused]] Parametres& p, [[maybe_unused]] EtatRotation& r, [[maybe_unused]] const Vue& v,                \
        [[maybe_unused]] double k) { __VA_ARGS__; }
 
 // The space rows run with a curve drawn slowly: the mouse's redraws skip the
@@ -104,48 +103,47 @@ Action glisser(Qt::KeyboardModifiers touches, bool oui = false, QPoint arrivee =
 TEST(CommandesVue, ChaqueControleAtteintSaRoutineEtRedessine)
 {
     struct Cas {
-        const char* nom;
         bool plan;
         Action agit;
         Routine routine;
-        int redessine;  // 1 or 0: the picture changes or not; -1: either
-        bool souris;
+        int redessine = 1;  // 1 or 0: the picture changes or not; -1: either
+        bool souris = false;
     };
     const Cas cas[] = {
-        {"Command5_0", false, clic("Command5_0"), ROUTINE(tournicoti(p, r, Axe::Oz, 0, 1)), true, false},
-        {"Command5_1", false, clic("Command5_1"), ROUTINE(tournicoti(p, r, Axe::Oz, 0, -1)), true, false},
-        {"Command5_2", false, clic("Command5_2"), ROUTINE(tournicoti(p, r, Axe::Oy, 0, 1)), true, false},
-        {"Command5_3", false, clic("Command5_3"), ROUTINE(tournicoti(p, r, Axe::Oy, 0, -1)), true, false},
-        {"Command5_4", false, clic("Command5_4"), ROUTINE(tournicoti(p, r, Axe::Ox, 0, 1)), true, false},
-        {"Command5_5", false, clic("Command5_5"), ROUTINE(tournicoti(p, r, Axe::Ox, 0, -1)), true, false},
-        {"mnurotan(0)", false, menu("mnurotan", 0, "0.5", "Autour de l'axe (zz')"), ROUTINE(tournicotons(p, r, 0, 0.5)), true, false},
-        {"mnurotan(1)", false, menu("mnurotan", 1, "-1.5 rad", "Autour de l'axe (yy')"), ROUTINE(tournicotons(p, r, 1, -1.5)), true, false},
-        {"mnurotan(2)", false, menu("mnurotan", 2, "0.5", "Autour de l'axe (xx')"), ROUTINE(tournicotons(p, r, 2, 0.5)), true, false},
-        {"mnurotan(3)", false, menu("mnurotan", 3, "0.5", "Rotation de la tête"), ROUTINE(tournicotons(p, r, 3, 0.5)), true, false},
-        {"mnurotan(2) annulé", false, menu("mnurotan", 2, nullptr, "Autour de l'axe (xx')"), ROUTINE(), false, false},
-        {"mnuzo(0)", false, menu("mnuzo", 0), ROUTINE(grossir(p, 1, true)), true, false},
-        {"mnuzo(1)", false, menu("mnuzo", 1), ROUTINE(grossir(p, 2, true)), true, false},
-        {"mnuzo(2)", false, menu("mnuzo", 2), ROUTINE(grossir(p, 3, true)), true, false},
-        {"mnuzo(3)", false, menu("mnuzo", 3), ROUTINE(grossir(p, 4, true)), true, false},
-        // "+p"/"-p" add the step to the value chosen by Option2 (ajusteReglage has no test
-        // of its own for these values yet).
-        {"Command1", false, plusMoins(0, "2.0", "Command1"), ROUTINE(p.Xviseur += 2.0), false, false},
-        {"Command2", false, plusMoins(4, "0.1", "Command2"), ROUTINE(p.Ydirection -= 0.1), false, false},
-        {"glisser", false, glisser(Qt::NoModifier), ROUTINE(tourneVue(p, 100, 70), tourneVue(p, 100, 70)), true, true},
-        {"molette", false, molette, ROUTINE(grossirMolette(p, v, true, 2, 200 * k, 200 * k)), true, true},
-        {"taille", false, [](Mirado& m, Banc&) { m.suisTaille(); }, ROUTINE(), -1, true},
-        {"Maj glisser", true, glisser(Qt::ShiftModifier), ROUTINE(redes(p, v, 200 * k, 140 * k)), true, true},
-        {"glisser plan", true, glisser(Qt::NoModifier),
-         ROUTINE(redes(p, v, 100 * k, 70 * k), redes(p, v, 100 * k, 70 * k)), true, true},
-        {"Alt glisser oui", true, glisser(Qt::AltModifier, true),
-         ROUTINE(grossirLoupe(p, v, 100 * k, 60 * k, 300 * k, 200 * k)), true, false},
-        {"Alt glisser non", true, glisser(Qt::AltModifier, false), ROUTINE(), false, false},
-        {"Alt glisser plat", true, glisser(Qt::AltModifier, true, {300, 60}), ROUTINE(), false, false},
-        {"mnuzo(2) plan", true, menu("mnuzo", 2), ROUTINE(grossir(p, 3, false)), -1, false},
+        {false, clic("Command5_0"), ROUTINE(tournicoti(p, r, Axe::Oz, 0, 1))},
+        {false, clic("Command5_1"), ROUTINE(tournicoti(p, r, Axe::Oz, 0, -1))},
+        {false, clic("Command5_2"), ROUTINE(tournicoti(p, r, Axe::Oy, 0, 1))},
+        {false, clic("Command5_3"), ROUTINE(tournicoti(p, r, Axe::Oy, 0, -1))},
+        {false, clic("Command5_4"), ROUTINE(tournicoti(p, r, Axe::Ox, 0, 1))},
+        {false, clic("Command5_5"), ROUTINE(tournicoti(p, r, Axe::Ox, 0, -1))},
+        {false, menu("mnurotan", 0, "0.5", "Autour de l'axe (zz')"),
+         ROUTINE(static_cast<void>(tournicotons(p, r, 0, 0.5)))},
+        {false, menu("mnurotan", 1, "-1.5 rad", "Autour de l'axe (yy')"),
+         ROUTINE(static_cast<void>(tournicotons(p, r, 1, -1.5)))},
+        {false, menu("mnurotan", 2, "0.5", "Autour de l'axe (xx')"),
+         ROUTINE(static_cast<void>(tournicotons(p, r, 2, 0.5)))},
+        {false, menu("mnurotan", 3, "0.5", "Rotation de la tête"),
+         ROUTINE(static_cast<void>(tournicotons(p, r, 3, 0.5)))},
+        {false, menu("mnurotan", 2, nullptr, "Autour de l'axe (xx')"), ROUTINE(), 0},
+        {false, menu("mnuzo", 0), ROUTINE(grossir(p, 1, true))},
+        {false, menu("mnuzo", 1), ROUTINE(grossir(p, 2, true))},
+        {false, menu("mnuzo", 2), ROUTINE(grossir(p, 3, true))},
+        {false, menu("mnuzo", 3), ROUTINE(grossir(p, 4, true))},
+        // "+p"/"-p" add the step to the value chosen by Option2, without redrawing.
+        {false, plusMoins(0, "2.0", "Command1"), ROUTINE(p.Xviseur += 2.0), 0},
+        {false, plusMoins(4, "0.1", "Command2"), ROUTINE(p.Ydirection -= 0.1), 0},
+        {false, glisser(Qt::NoModifier), ROUTINE(tourneVue(p, 100, 70), tourneVue(p, 100, 70)), 1, true},
+        {false, molette, ROUTINE(grossirMolette(p, v, true, 2, 200 * k, 200 * k)), 1, true},
+        {false, [](Mirado& m, Banc&) { m.suisTaille(); }, ROUTINE(), -1, true},
+        {true, glisser(Qt::ShiftModifier), ROUTINE(redes(p, v, 200 * k, 140 * k)), 1, true},
+        {true, glisser(Qt::NoModifier), ROUTINE(redes(p, v, 100 * k, 70 * k), redes(p, v, 100 * k, 70 * k)), 1, true},
+        {true, glisser(Qt::AltModifier, true), ROUTINE(grossirLoupe(p, v, 100 * k, 60 * k, 300 * k, 200 * k))},
+        {true, glisser(Qt::AltModifier, false), ROUTINE(), 0},
+        {true, glisser(Qt::AltModifier, true, {300, 60}), ROUTINE(), 0},
+        {true, menu("mnuzo", 2), ROUTINE(grossir(p, 3, false)), -1},
     };
     Banc banc;
-    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 1);
-    Mirado& m = banc.demarre();
+    Mirado& m = banc.demarre(1);
     m.etat.param.pauseMs = 1;
     m.affou();
     m.envoie(1);
@@ -153,7 +151,7 @@ TEST(CommandesVue, ChaqueControleAtteintSaRoutineEtRedessine)
     QObject::connect(controle<QTimer>(m, "Timer5"), &QTimer::timeout, [&] { ++pauses; });
     const double k = m.etat.vue.W / m.findChild<ZoneDessin*>()->width();
     for (const Cas& c : cas) {
-        SCOPED_TRACE(c.nom);
+        SCOPED_TRACE(&c - cas);  // the row
         if (c.plan && !m.etat.fenetre.modePlan)
             article(m, "mnulico", 0)->trigger();
         if (!c.plan)
@@ -165,12 +163,8 @@ TEST(CommandesVue, ChaqueControleAtteintSaRoutineEtRedessine)
         pauses = 0;
         c.agit(m, banc);
         memesValeurs(m.etat.param, attendu);
-        if (c.redessine >= 0) {
-            EXPECT_EQ(m.ecran() != avant, c.redessine == 1);
-        }
-        if (!c.plan) {
-            EXPECT_EQ(pauses > 0, c.redessine == 1 && !c.souris);
-        }
+        EXPECT_TRUE(c.redessine < 0 || (m.ecran() != avant) == (c.redessine == 1));
+        EXPECT_TRUE(c.plan || (pauses > 0) == (c.redessine == 1 && !c.souris));
         EXPECT_EQ(controle<QLabel>(m, "Label3")->text().toStdString(), texteViseur(m.etat.param));
         EXPECT_EQ(controle<QLabel>(m, "Label4")->text().toStdString(), texteBornes(m.etat.param));
     }
@@ -214,30 +208,25 @@ TEST(CommandesVue, ToursCompletsParLesMinuteries)
     }
 }
 
+// Middle, Shift+middle and right buttons open their menus; Alt+right asks for a label.
 TEST(CommandesVue, BoutonsDuClicSurEcran)
 {
-    struct Cas {
-        Qt::MouseButton bouton;
-        Qt::KeyboardModifiers touches;
-        const char* menu;  // nullptr: a label is asked for
-    };
-    const Cas cas[] = {{Qt::MiddleButton, Qt::NoModifier, "mnupar"},
-                       {Qt::MiddleButton, Qt::ShiftModifier, "mnutrace"},
-                       {Qt::RightButton, Qt::NoModifier, "mnuz"},
-                       {Qt::RightButton, Qt::AltModifier, nullptr}};
     Banc banc;
     Mirado& m = banc.demarre();
     auto* zone = m.findChild<ZoneDessin*>();
     int etiquettes = 0;
     QObject::connect(zone, &ZoneDessin::demandeEtiquette, [&] { ++etiquettes; });
-    for (const Cas& c : cas) {
-        souris(zone, QEvent::MouseButtonPress, {40, 30}, c.bouton, c.bouton, c.touches);
-        souris(zone, QEvent::MouseButtonRelease, {40, 30}, c.bouton, Qt::NoButton, c.touches);
+    for (const auto& [bouton, touches, menu] :
+         {std::tuple{Qt::MiddleButton, Qt::NoModifier, "mnupar"},
+          std::tuple{Qt::MiddleButton, Qt::ShiftModifier, "mnutrace"},
+          std::tuple{Qt::RightButton, Qt::NoModifier, "mnuz"}, std::tuple{Qt::RightButton, Qt::AltModifier, ""}}) {
+        souris(zone, QEvent::MouseButtonPress, {40, 30}, bouton, bouton, touches);
+        souris(zone, QEvent::MouseButtonRelease, {40, 30}, bouton, Qt::NoButton, touches);
         for (const char* nom : {"mnupar", "mnutrace", "mnuz"}) {
-            EXPECT_EQ(controle<QMenu>(m, nom)->isVisible(), c.menu && QByteArray(nom) == c.menu) << nom;
+            EXPECT_EQ(controle<QMenu>(m, nom)->isVisible(), QByteArray(nom) == menu) << nom;
             controle<QMenu>(m, nom)->hide();
         }
-        EXPECT_EQ(etiquettes, c.menu ? 0 : 1);
+        EXPECT_EQ(etiquettes, *menu ? 0 : 1);
     }
 }
 
@@ -266,9 +255,9 @@ TEST(CommandesVue, LecturesDeLaSourisEtDesTouches)
     ASSERT_TRUE(pointDuPlan(m.etat.vue, 150 * k, 90 * k, x, y));
     EXPECT_EQ(label1->text().toStdString(), texteLecturePlan(x, y));
     // A key released: its code as "000".
-    for (const auto& [cle, texte] : {std::pair{Qt::Key_A, "065"}, std::pair{Qt::Key_Return, "013"},
-                                     std::pair{Qt::Key_Left, "037"}, std::pair{Qt::Key_F11, "122"},
-                                     std::pair{Qt::Key_VolumeUp, "175"}}) {
+    for (const auto& [cle, texte] :
+         {std::pair{Qt::Key_A, "065"}, std::pair{Qt::Key_Return, "013"}, std::pair{Qt::Key_Left, "037"},
+          std::pair{Qt::Key_F11, "122"}, std::pair{Qt::Key_VolumeUp, "175"}}) {
         QKeyEvent touche(QEvent::KeyRelease, cle, Qt::NoModifier);
         QApplication::sendEvent(zone, &touche);
         EXPECT_EQ(label1->text(), QString::fromUtf8(texte));

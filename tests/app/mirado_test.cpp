@@ -1,7 +1,6 @@
-// The main window: start-up, catalogue menus, sending entries, mode
-// switching, the side panels, the refused ranges and the commands refused
+// The main window: start-up, the catalogue menus of both modes, sending
+// entries, the side panels, the refused ranges and the commands refused
 // during a tracing.
-#include <QAction>
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QListWidget>
@@ -39,12 +38,12 @@ QByteArray memoireAvecX(double xmin, double xmax)
 TEST(Mirado, DemarrageRemplitLesDossiersSansRemplacerLesFichiersDeLUtilisateur)
 {
     Banc banc;
-    banc.ecrisFichier(QStringLiteral("Plan_courbes/mem.log"), memoireAvecX(-3, 3));
+    banc.ecrisFichier("Plan_courbes/mem.log", memoireAvecX(-3, 3));
     Mirado& m = banc.demarre();
     for (const char* f : {"Espace_fig", "Plan_fig", "Espace_courbes/mem.log", "Espace_courbes/Lisurf.lsu"})
-        EXPECT_TRUE(QFileInfo::exists(banc.chemin(QString::fromUtf8(f)))) << f;
+        EXPECT_TRUE(QFileInfo::exists(banc.chemin(f))) << f;
     Parametres plan;
-    ASSERT_FALSE(lisMemoire(banc.chemin(QStringLiteral("Plan_courbes/mem.log")).toStdString(), plan));
+    ASSERT_FALSE(lisMemoire(banc.chemin("Plan_courbes/mem.log").toStdString(), plan));
     EXPECT_EQ(plan.xmin, -3);
     EXPECT_EQ(m.windowTitle(), QStringLiteral("TRACE DE COURBES ET SURFACES DANS L'ESPACE"));
     EXPECT_TRUE(m.etat.fenetre.modeEspace);
@@ -55,13 +54,14 @@ TEST(Mirado, DemarrageRemplitLesDossiersSansRemplacerLesFichiersDeLUtilisateur)
 
 TEST(Mirado, MemoireManquanteOuAbimeeSignaleeEtValeursConservees)
 {
-    for (const std::optional<QByteArray>& contenu : {std::optional<QByteArray>(), std::optional(QByteArray("1,2\r\n"))}) {
+    for (const std::optional<QByteArray>& contenu :
+         {std::optional<QByteArray>(), std::optional(QByteArray("1,2\r\n"))}) {
         Banc banc;
-        QDir().mkpath(banc.chemin(QStringLiteral("Espace_courbes")));
+        QDir().mkpath(banc.chemin("Espace_courbes"));
         if (contenu)
-            banc.ecrisFichier(QStringLiteral("Espace_courbes/mem.log"), *contenu);
+            banc.ecrisFichier("Espace_courbes/mem.log", *contenu);
         else  // no factory copy either
-            QFile::remove(banc.chemin(QStringLiteral("usine/Espace_courbes/mem.log")));
+            QFile::remove(banc.chemin("usine/Espace_courbes/mem.log"));
         Mirado& m = banc.demarre();
         ASSERT_FALSE(banc.messages.isEmpty());
         EXPECT_TRUE(banc.messages.front().contains(QStringLiteral("mem.log")));
@@ -70,30 +70,57 @@ TEST(Mirado, MemoireManquanteOuAbimeeSignaleeEtValeursConservees)
     }
 }
 
-TEST(Mirado, MenusDesCataloguesEtCreation)
+// The catalogue submenus of both modes: an existing catalogue switches to
+// its mode; "Créer nouveau fichier" asks the name first, and a cancelled or
+// refused name changes nothing (mode, folders, panels, catalogue).
+TEST(Mirado, MenusDesCataloguesDesDeuxModes)
 {
     Banc banc;
-    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/b.lsu"), 1);
-    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/a.lsu"), 1);
-    banc.ecrisFichier(QStringLiteral("Espace_courbes/notes.txt"), "x");
-    Mirado& m = banc.demarre();
-    EXPECT_EQ(legendes(articles(m, "mnulifi")), (QStringList{"a.lsu", "b.lsu", "Lisurf.lsu", "&Créer nouveau fichier"}));
+    for (const char* f : {"Espace_courbes/b.lsu", "Espace_courbes/a.lsu", "Plan_courbes/Lico.lsu"})
+        banc.ecrisCatalogue(f, 1);
+    banc.ecrisFichier("Espace_courbes/notes.txt", "x");
+    Mirado& m = banc.demarre(2);
+    const QString creer = QStringLiteral("&Créer nouveau fichier");
+    EXPECT_EQ(legendes(articles(m, "mnulifi")), (QStringList{"a.lsu", "b.lsu", "Lisurf.lsu", creer}));
     struct Cas {
-        std::optional<QString> reponse;
-        const char* fichier;  // catalogue in force afterwards
-        bool message;
+        const char* menu;
+        const char* choix;               // nullptr: "Créer nouveau fichier"
+        std::optional<QString> reponse;  // the name typed (nothing: cancelled)
+        bool espace;                     // mode afterwards
+        const char* fichier;             // catalogue in force afterwards
+        int messages, envoyer;           // messages said; entries of "LE GRAPHE de"
     };
-    const Cas cas[] = {{QStringLiteral("essai"), "essai.lsu", false},
-                       {QStringLiteral("autre.lsu"), "autre.lsu", false},
-                       {QStringLiteral("../dehors"), "autre.lsu", true},
-                       {std::nullopt, "autre.lsu", false}};
+    const Cas cas[] = {{"mnulifi", nullptr, QStringLiteral("essai"), true, "essai.lsu", 0, 1},
+                       {"mnulifi", nullptr, QStringLiteral("autre.lsu"), true, "autre.lsu", 0, 1},
+                       {"mnulifi", nullptr, QStringLiteral("../dehors"), true, "autre.lsu", 1, 1},
+                       {"mnulifi", nullptr, std::nullopt, true, "autre.lsu", 0, 1},
+                       {"mnulico", nullptr, std::nullopt, true, "autre.lsu", 0, 1},
+                       {"mnulico", nullptr, QStringLiteral("a/b"), true, "autre.lsu", 1, 1},
+                       {"mnulico", "Lico.lsu", std::nullopt, false, "Lico.lsu", 0, 2},
+                       {"mnulifi", nullptr, QStringLiteral("  "), false, "Lico.lsu", 1, 2},
+                       {"mnulifi", "Lisurf.lsu", std::nullopt, true, "Lisurf.lsu", 0, 3},
+                       {"mnulico", nullptr, QStringLiteral("neuf"), false, "neuf.lsu", 0, 1}};
     for (const Cas& c : cas) {
+        SCOPED_TRACE(std::string(c.menu) + " " + (c.choix ? c.choix : "") + c.reponse.value_or("-").toStdString());
         banc.messages.clear();
         banc.reponses = {c.reponse};
-        articles(m, "mnulifi").back()->trigger();
-        EXPECT_EQ(m.etat.fenetre.fichierCatalogue, c.fichier);
-        EXPECT_TRUE(QFile::exists(banc.chemin(QStringLiteral("Espace_courbes/") + c.fichier))) << c.fichier;
-        EXPECT_EQ(banc.messages.size(), c.message ? 1 : 0);
+        const auto liste = articles(m, c.menu);
+        liste.at(legendes(liste).indexOf(c.choix ? QString::fromUtf8(c.choix) : creer))->trigger();
+        const EtatFenetre& f = m.etat.fenetre;
+        const QString dossier = banc.dossier.path() + (c.espace ? "/Espace_" : "/Plan_");
+        EXPECT_EQ(f.modeEspace, c.espace);
+        EXPECT_EQ(f.modePlan, !c.espace);
+        EXPECT_EQ(f.dossierCourbes, (dossier + "courbes/").toStdString());
+        EXPECT_EQ(f.dossierFig, (dossier + "fig/").toStdString());
+        EXPECT_EQ(controle(m, "Frame1")->isHidden(), !c.espace);
+        EXPECT_EQ(controle(m, "Frame2")->isHidden(), c.espace);
+        EXPECT_EQ(f.fichierCatalogue, c.fichier);
+        EXPECT_EQ(m.etat.catalogue.chemin, f.dossierCourbes + c.fichier);
+        EXPECT_TRUE(QFile::exists(dossier + "courbes/" + c.fichier));
+        EXPECT_EQ(controle<QMenu>(m, "mnutrace")->menuAction()->toolTip(),
+                  "Dans " + QString::fromStdString(f.dossierCourbes + f.fichierCatalogue));
+        EXPECT_EQ(banc.messages.size(), c.messages);
+        EXPECT_EQ(int(articles(m, "mnufa").size()), c.envoyer);
     }
     EXPECT_TRUE(legendes(articles(m, "mnulifi")).contains(QStringLiteral("essai.lsu")));
 }
@@ -102,25 +129,23 @@ TEST(Mirado, MenuEnvoyerLimiteATrenteEntrees)
 {
     for (int entrees : {30, 45}) {
         Banc banc;
-        banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), entrees);
-        Mirado& m = banc.demarre();
+        Mirado& m = banc.demarre(entrees);
         const auto envoyer = articles(m, "mnufa");
         ASSERT_EQ(envoyer.size(), 31u) << entrees;  // "0)Au choix..." and 30 entries
         EXPECT_EQ(envoyer[0]->text(), QStringLiteral("0)Au choix dans la liste complète"));
         EXPECT_TRUE(envoyer.back()->text().startsWith(QStringLiteral("030)x=f1(t)=")));
         const auto* reste = m.findChild<QAction*>(QStringLiteral("mnufaReste"));
         EXPECT_EQ(reste != nullptr, entrees > 30);
-        if (reste) {
-            EXPECT_TRUE(reste->text().contains(QStringLiteral("15 autres")) && !reste->isEnabled());
-        }
+        EXPECT_TRUE(!reste || (reste->text().contains(QStringLiteral("15 autres")) && !reste->isEnabled()));
     }
 }
 
+// Sending an entry draws it and lists it; clearing the window keeps the
+// drawn curves: "O&K" brings them back.
 TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListe)
 {
     Banc banc;
-    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 3);
-    Mirado& m = banc.demarre();
+    Mirado& m = banc.demarre(3);
     const QImage avant = m.ecran().copy();
     article(m, "mnufa", 2)->trigger();
     ASSERT_EQ(m.etat.courbes.nbCourbes, 1);
@@ -129,7 +154,6 @@ TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListe)
     EXPECT_TRUE(article(m, "mnutra", 1)->text().contains(QStringLiteral("x=f1(t)=(3)*COS(T)")));
     EXPECT_NE(m.ecran(), avant);
     EXPECT_TRUE(m.windowTitle().contains(QRegularExpression(QStringLiteral("__\\d\\d\\.\\d\\d$"))));
-    // Clearing the window keeps the drawn curves: "O&K" brings them back.
     const QImage trace = m.ecran().copy();
     article(m, "mnupara", 5)->trigger();
     EXPECT_NE(m.ecran(), trace);
@@ -137,28 +161,18 @@ TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListe)
     EXPECT_EQ(m.ecran(), trace);
 }
 
+// "SIN(T" fails the request's bracket count and the program goes on; ")T("
+// passes it but the evaluator cannot read it: the program ends.
 TEST(Mirado, CrochetsIllisiblesTerminentLeProgrammeApresLeMessage)
 {
-    // "SIN(T" fails the request's bracket count and the program goes on;
-    // ")T(" passes it but the evaluator cannot read it: the program ends.
-    struct Cas {
-        const char* x;
-        const char* message;
-        int fins;
-    };
-    for (const Cas& c : {Cas{"SIN(T", "La formule SIN(T est incorrecte, corrigez-la , svp", 0},
-                         Cas{")T(", "Formule incorrecte,désolé", 1}}) {
+    for (const auto& [x, message, fins] : {std::tuple{"SIN(T", "La formule SIN(T est incorrecte, corrigez-la , svp", 0},
+                                           std::tuple{")T(", "Formule incorrecte,désolé", 1}}) {
         Banc banc;
-        banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 0);
-        {
-            Catalogue cat;
-            ASSERT_FALSE(ouvrirCatalogue(cat, banc.chemin(QStringLiteral("Espace_courbes/Lisurf.lsu")).toStdString()));
-            ASSERT_FALSE(ecrisLigne(cat, 1, LigneCatalogue{1, std::string("x=f1(t)=") + c.x + "][y=f2(t)=T][z=f3(t)=T"}));
-        }
+        banc.ecrisCatalogue("Espace_courbes/Lisurf.lsu", {std::string("x=f1(t)=") + x + "][y=f2(t)=T][z=f3(t)=T"});
         Mirado& m = banc.demarre();
         article(m, "mnufa", 1)->trigger();
-        EXPECT_EQ(banc.messages, QStringList{QString::fromUtf8(c.message)}) << c.x;
-        EXPECT_EQ(banc.fins, c.fins) << c.x;
+        EXPECT_EQ(banc.messages, QStringList{QString::fromUtf8(message)}) << x;
+        EXPECT_EQ(banc.fins, fins) << x;
     }
 }
 
@@ -168,44 +182,16 @@ TEST(Mirado, CrochetsIllisiblesTerminentLeProgrammeApresLeMessage)
 TEST(Mirado, FormulesFaussesUnMessageParDemandeEtListees)
 {
     Banc banc;
-    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 0);
-    {
-        Catalogue cat;
-        ASSERT_FALSE(ouvrirCatalogue(cat, banc.chemin(QStringLiteral("Espace_courbes/Lisurf.lsu")).toStdString()));
-        for (const char* x : {"SIN(T", "COS(T"})
-            ASSERT_FALSE(ecrisLigne(cat, cat.nbLignesCatalogue + 1,
-                                    LigneCatalogue{1, std::string("x=f1(t)=") + x + "][y=f2(t)=T][z=f3(t)=T"}));
-    }
+    banc.ecrisCatalogue("Espace_courbes/Lisurf.lsu",
+                        {"x=f1(t)=SIN(T][y=f2(t)=T][z=f3(t)=T", "x=f1(t)=COS(T][y=f2(t)=T][z=f3(t)=T"});
     Mirado& m = banc.demarre();
     m.envoieSelection({1, 2}, ModeCouleurs::Unique);
     const QStringList deux{QStringLiteral("La formule SIN(T est incorrecte, corrigez-la , svp"),
                            QStringLiteral("La formule COS(T est incorrecte, corrigez-la , svp")};
-    EXPECT_EQ(banc.messages, deux) << banc.messages.join('|').toStdString();
+    EXPECT_EQ(banc.messages, deux);
     EXPECT_EQ(articles(m, "mnutra").size(), 3u);
     m.Command3_Click();
-    EXPECT_EQ(banc.messages, deux + deux) << banc.messages.join('|').toStdString();
-}
-
-TEST(Mirado, BasculeEspacePlan)
-{
-    Banc banc;
-    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 2);
-    banc.ecrisCatalogue(QStringLiteral("Plan_courbes/Lico.lsu"), 1);
-    Mirado& m = banc.demarre();
-    article(m, "mnufa", 1)->trigger();
-    for (bool espace : {false, true}) {
-        article(m, espace ? "mnulifi" : "mnulico", 0)->trigger();
-        const EtatFenetre& f = m.etat.fenetre;
-        EXPECT_EQ(f.modeEspace, espace);
-        EXPECT_EQ(f.modePlan, !espace);
-        EXPECT_TRUE(QString::fromStdString(f.dossierFig).endsWith(espace ? "Espace_fig/" : "Plan_fig/"));
-        EXPECT_EQ(f.fichierCatalogue, espace ? "Lisurf.lsu" : "Lico.lsu");
-        EXPECT_EQ(controle(m, "Frame1")->isHidden(), !espace);
-        EXPECT_EQ(controle(m, "Frame2")->isHidden(), espace);
-        EXPECT_EQ(controle<QMenu>(m, "mnutrace")->menuAction()->toolTip(),
-                  "Dans " + QString::fromStdString(f.dossierCourbes + f.fichierCatalogue));
-        EXPECT_EQ(int(articles(m, "mnufa").size()), espace ? 3 : 2);
-    }
+    EXPECT_EQ(banc.messages, deux + deux);
 }
 
 // The side panels: "RR" folds the panel of the mode, "Reset" reads the
@@ -213,9 +199,9 @@ TEST(Mirado, BasculeEspacePlan)
 TEST(Mirado, PanneauxLateraux)
 {
     Banc banc;
-    banc.ecrisFichier(QStringLiteral("Espace_courbes/mem.log"), memoireAvecX(-5, 5));
-    banc.ecrisFichier(QStringLiteral("Espace_courbes/memprovi.log"), memoireAvecX(-2, 7));
-    banc.ecrisFichier(QStringLiteral("Plan_courbes/memprovi.log"), memoireAvecX(-2, 7));
+    banc.ecrisFichier("Espace_courbes/mem.log", memoireAvecX(-5, 5));
+    for (const char* f : {"Espace_courbes/memprovi.log", "Plan_courbes/memprovi.log"})
+        banc.ecrisFichier(f, memoireAvecX(-2, 7));
     Mirado& m = banc.demarre();
     const ZoneDessin* zone = m.findChild<ZoneDessin*>();
     for (bool espace : {true, false}) {
@@ -250,7 +236,7 @@ TEST(Mirado, PanneauxLateraux)
 TEST(Mirado, EtendueVideRefuseeEtMemoireRetablie)
 {
     Banc banc;
-    banc.ecrisFichier(QStringLiteral("Espace_courbes/mem.log"), memoireAvecX(-4, 6));
+    banc.ecrisFichier("Espace_courbes/mem.log", memoireAvecX(-4, 6));
     Mirado& m = banc.demarre();
     m.etat.param.xmin = m.etat.param.xmax = 3;
     m.Command3_Click();
@@ -276,18 +262,17 @@ bool pendantUnTrace(Mirado& m, int entree, QWidget* cible, const std::function<v
     return enCours;
 }
 
+// Interrupted, the curve is only begun: the redraw without pause shows more.
 TEST(Mirado, UneDemandePendantUnTraceEstRefuseeEtEchapInterrompt)
 {
     Banc banc;
-    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 2);
-    Mirado& m = banc.demarre();
+    Mirado& m = banc.demarre(2);
     bool accepte = true;
     EXPECT_TRUE(pendantUnTrace(m, 1, controle(m, "List2"), [&] { accepte = m.envoie(2); }));
     EXPECT_FALSE(accepte);
     EXPECT_EQ(banc.messages.size(), 1);
     EXPECT_FALSE(m.enTrace());
     EXPECT_EQ(m.etat.courbes.nbCourbes, 1);
-    // Interrupted, the curve is only begun: the redraw without pause shows more.
     const QImage interrompu = m.ecran().copy();
     m.etat.param.pauseMs = 0;
     m.Command3_Click();
@@ -315,29 +300,32 @@ TEST(Mirado, ChoixDesMenusCochesEtRefusesPendantUnTrace)
         {"mnuct", 5, [](const Etat& e) { return long(e.couleurs.couleurTangente); }, 0xFFFFFF, false},
         {"mnuipo", 0, [](const Etat& e) { return long(e.fenetre.orientationImprimante); }, 0, false},
     };
+    auto coches = [](const std::vector<QAction*>& groupe) {
+        std::vector<bool> v;
+        for (const QAction* a : groupe)
+            v.push_back(a->isChecked());
+        return v;
+    };
     for (const Cas& c : cas) {
         SCOPED_TRACE(c.groupe);
         Banc banc;
-        banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 1);
-        Mirado& m = banc.demarre();
+        Mirado& m = banc.demarre(1);
         const std::vector<QAction*> groupe = articles(m, c.groupe);
         if (c.refuseEnTrace) {
             const long avant = c.valeur(m.etat);
-            std::vector<bool> coches;
-            for (const QAction* a : groupe)
-                coches.push_back(a->isChecked());
-            ASSERT_FALSE(coches.at(c.index));
+            const std::vector<bool> marques = coches(groupe);
+            ASSERT_FALSE(marques.at(c.index));
             EXPECT_TRUE(pendantUnTrace(m, 1, &m, [&] { groupe[c.index]->trigger(); }));
             ASSERT_EQ(banc.messages.size(), 1);
             EXPECT_TRUE(banc.messages[0].startsWith(QStringLiteral("Un tracé est en cours")));
             EXPECT_EQ(c.valeur(m.etat), avant);
-            for (int i = 0; i < int(groupe.size()); ++i)
-                EXPECT_EQ(groupe[i]->isChecked(), coches[i]) << i;
+            EXPECT_EQ(coches(groupe), marques);
         }
         groupe[c.index]->trigger();
         EXPECT_EQ(c.valeur(m.etat), c.attendu);
-        for (int i = 0; i < int(groupe.size()); ++i)
-            EXPECT_EQ(groupe[i]->isChecked(), i == c.index) << i;
+        std::vector<bool> seul(groupe.size(), false);
+        seul[c.index] = true;
+        EXPECT_EQ(coches(groupe), seul);
     }
 }
 
