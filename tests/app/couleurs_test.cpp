@@ -1,5 +1,4 @@
 // The colour dialog and the colour policies of "Comment Tracer?".
-#include <QLabel>
 #include <QPushButton>
 #include <QTimer>
 
@@ -11,45 +10,43 @@
 namespace velorin::essai {
 namespace {
 
-// Each swatch edits its member, only when OK is pressed; the three swatches
-// of space are not shown in the plane; the xOy projections are always blue.
+// Each swatch edits its member, only on OK; the three swatches of space are not
+// shown in the plane; the xOy projections are always blue; cancel or no colour keep all.
 TEST(Couleurs, ChaquePastilleModifieSonMembreAuSeulOk)
 {
-    const std::pair<const char*, Couleur SchemaCouleurs::*> pastilles[] = {
-        {"couleurAxes", &SchemaCouleurs::couleurAxes},         {"couleurFondSombre", &SchemaCouleurs::couleurFondSombre},
-        {"couleurTrace", &SchemaCouleurs::couleurTrace},       {"couleurFamille", &SchemaCouleurs::couleurFamille},
-        {"couleurTangente", &SchemaCouleurs::couleurTangente}, {"couleurRayon", &SchemaCouleurs::couleurRayon},
-        {"couleurProjOx", &SchemaCouleurs::couleurProjOx},     {"couleurProjOy", &SchemaCouleurs::couleurProjOy},
-        {"couleurProjOz", &SchemaCouleurs::couleurProjOz},     {"couleurProjXOz", &SchemaCouleurs::couleurProjXOz},
-        {"couleurProjYOz", &SchemaCouleurs::couleurProjYOz},
-    };
+    using S = SchemaCouleurs;
+    const std::pair<const char*, Couleur S::*> pastilles[] = {
+        {"couleurAxes", &S::couleurAxes},         {"couleurFondSombre", &S::couleurFondSombre},
+        {"couleurTrace", &S::couleurTrace},       {"couleurFamille", &S::couleurFamille},
+        {"couleurTangente", &S::couleurTangente}, {"couleurRayon", &S::couleurRayon},
+        {"couleurProjOx", &S::couleurProjOx},     {"couleurProjOy", &S::couleurProjOy},
+        {"couleurProjOz", &S::couleurProjOz},     {"couleurProjXOz", &S::couleurProjXOz},
+        {"couleurProjYOz", &S::couleurProjYOz}};
     Banc banc;
     Mirado& m = banc.demarre();
     QStringList titres;
-    banc.choixCouleur = [&](const QString& t) -> std::optional<QColor> { return titres << t, QColor(0x12, 0x34, 0x56); };
-    const std::string neutre = texteCouleurs(SchemaCouleurs{});
+    banc.choixCouleur = [&](const QString& t) -> std::optional<QColor> {
+        return titres << t, QColor(0x12, 0x34, 0x56);
+    };
+    const std::string neutre = texteCouleurs(S{});
     for (const auto& [nom, membre] : pastilles) {
-        SCOPED_TRACE(nom);
-        SchemaCouleurs schema;
+        S schema, attendu;
         Couleurs d(schema, true, 0, m.boites, &m);
         auto* bouton = controle<QPushButton>(d, QString::fromUtf8(nom));
-        EXPECT_EQ(bouton->text(), couleurQt(schema.*membre).name().toUpper());
+        EXPECT_EQ(bouton->text(), couleurQt(schema.*membre).name().toUpper()) << nom;
         bouton->click();
         EXPECT_EQ(bouton->text(), QStringLiteral("#123456"));
         EXPECT_TRUE(titres.last().startsWith(QStringLiteral("Couleur : "))) << titres.last().toStdString();
-        EXPECT_EQ(texteCouleurs(schema), neutre);  // nothing before OK
+        EXPECT_EQ(texteCouleurs(schema), neutre) << nom;  // nothing before OK
         controle<QPushButton>(d, "Command1")->click();
-        SchemaCouleurs attendu;
         attendu.*membre = 0x563412;  // red in the low byte
-        EXPECT_EQ(texteCouleurs(schema), texteCouleurs(attendu));
+        EXPECT_EQ(texteCouleurs(schema), texteCouleurs(attendu)) << nom;
     }
-    SchemaCouleurs schema;
-    Couleurs plan(schema, false, 0, m.boites, &m);
+    S schema;
+    Couleurs plan(schema, false, 0, m.boites, &m), espace(schema, true, 0, m.boites, &m);
     for (const char* nom : {"couleurProjOz", "couleurProjXOz", "couleurProjYOz"})
         EXPECT_EQ(plan.findChild<QPushButton*>(QString::fromUtf8(nom)), nullptr) << nom;
-    Couleurs espace(schema, true, 0, m.boites, &m);
     EXPECT_FALSE(controle<QPushButton>(espace, "couleurProjXOy")->isEnabled());
-    // Cancel keeps everything, and so does no colour chosen.
     for (const bool choisie : {true, false}) {
         banc.choixCouleur = [=](const QString&) { return choisie ? std::optional(QColor(Qt::red)) : std::nullopt; };
         Couleurs d(schema, true, 0, m.boites, &m);
@@ -59,53 +56,44 @@ TEST(Couleurs, ChaquePastilleModifieSonMembreAuSeulOk)
     }
 }
 
-// PARAMETRER "les Couleurs" opens the dialog: the family swatch set to red
-// and OK pressed.
-void familleEnRouge(Banc& banc, Mirado& m)
-{
-    banc.choixCouleur = [](const QString&) -> std::optional<QColor> { return QColor(Qt::red); };
-    QString vu;
-    QTimer::singleShot(0, &m, [&] {
-        auto* d = qobject_cast<Couleurs*>(QApplication::activeModalWidget());
-        vu = d ? d->objectName() : QString();
-        if (!d)
-            return;
-        d->choisis(QStringLiteral("couleurFamille"));
-        d->Command1_Click();
-    });
-    article(m, "mnupara", 1)->trigger();
-    EXPECT_EQ(vu, QStringLiteral("couleurs"));
-}
-
-// The policies: 0 for the session only, 1 written beside mem.log, 2 read
-// back into the colours in force (a missing file is said, nothing changes).
+// The policies: 0 for the session only, 1 written beside mem.log, 2 read back
+// into the colours in force (a missing file is said, nothing changes).
 TEST(Couleurs, PolitiquesEcriventEtRelisentLeFichierMemorise)
 {
     Banc banc;
     Mirado& m = banc.demarre();
-    const QString fichier =
-        QString::fromStdString(m.etat.fenetre.dossierCourbes) + QString::fromUtf8(nomFichierCouleurs());
+    const std::string fichier = m.etat.fenetre.dossierCourbes + nomFichierCouleurs();
+    // PARAMETRER "les Couleurs": the family swatch set to red, OK pressed.
+    const auto familleEnRouge = [&] {
+        banc.choixCouleur = [](const QString&) -> std::optional<QColor> { return QColor(Qt::red); };
+        QString vu;
+        QTimer::singleShot(0, &m, [&] {
+            if (auto* d = qobject_cast<Couleurs*>(QApplication::activeModalWidget())) {
+                vu = d->objectName();
+                d->choisis(QStringLiteral("couleurFamille"));
+                d->Command1_Click();
+            }
+        });
+        article(m, "mnupara", 1)->trigger();
+        EXPECT_EQ(vu, QStringLiteral("couleurs"));
+    };
     article(m, "mnuchcol", 0)->trigger();
-    familleEnRouge(banc, m);
+    familleEnRouge();
     EXPECT_EQ(m.etat.couleurs.couleurFamille, 0xFFu);
-    EXPECT_FALSE(QFile::exists(fichier));
-
+    EXPECT_FALSE(std::filesystem::exists(fichier));
     article(m, "mnuchcol", 2)->trigger();
     ASSERT_EQ(banc.messages.size(), 1);
     EXPECT_TRUE(banc.messages.back().contains(QStringLiteral("couleurs.txt")));
     EXPECT_EQ(m.etat.fenetre.politiqueCouleurs, 0);
-
     m.etat.couleurs.couleurFamille = 0;
     article(m, "mnuchcol", 1)->trigger();
-    familleEnRouge(banc, m);
+    familleEnRouge();
     SchemaCouleurs relu;
-    ASSERT_FALSE(lisCouleurs(fichier.toStdString(), relu));
+    ASSERT_FALSE(lisCouleurs(fichier, relu));
     EXPECT_EQ(relu.couleurFamille, 0xFFu);
-
     m.etat.couleurs.couleurFamille = 0x00FF00;
     article(m, "mnuchcol", 2)->trigger();
-    EXPECT_EQ(m.etat.couleurs.couleurFamille, 0xFFu);
-    EXPECT_EQ(m.etat.fenetre.politiqueCouleurs, 2);
+    EXPECT_EQ(std::tuple(m.etat.couleurs.couleurFamille, m.etat.fenetre.politiqueCouleurs), std::tuple(0xFFu, 2));
     EXPECT_TRUE(article(m, "mnuchcol", 2)->isChecked());
     EXPECT_EQ(banc.messages.size(), 1);
 }

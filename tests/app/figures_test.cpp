@@ -1,7 +1,5 @@
-// Figure files from the window: "&Mem" and "Sauver cet écran" reach the
-// writer with the name asked; "Lire un écran mémorisé" reaches the reader
-// and redraws the window (curves, labels, place, panel of the mode read).
-// The file format and its refusals are the core's.
+// Figure files: "&Mem" and "Sauver cet écran" reach the writer with the name asked; "Lire un écran
+// mémorisé" reaches the reader and redraws (curves, labels, place, panel). The format is the core's.
 #include <QFile>
 #include <QGroupBox>
 #include <QPushButton>
@@ -12,16 +10,13 @@
 namespace velorin::essai {
 namespace {
 
-const ::testing::Environment* const environnement = ::testing::AddGlobalTestEnvironment(new EnvironnementQt);
-
 struct BancFigures : Banc {
     Mirado* m = nullptr;
     CommandesEtiquettes* commandes = nullptr;
     QStringList choix;  // "folder|filter" of each chooser shown
-
-    explicit BancFigures(int entrees)
+    BancFigures()
     {
-        ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), entrees);
+        ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 3);
         m = &demarre();
         commandes = m->findChild<CommandesEtiquettes*>();
     }
@@ -35,17 +30,16 @@ struct BancFigures : Banc {
     void lis(const std::optional<QString>& choisi)
     {
         m->choixFigure = [this, choisi](QWidget*, const QString& d, const QString& f) {
-            choix << d + '|' + f;
-            return choisi;
+            return choix << d + '|' + f, choisi;
         };
         messages.clear();
         article(*m, "mnumemfig", 1)->trigger();
     }
 };
 
-TEST(FiguresFenetre, SauverPuisRelireRedessineTout)
+TEST(FiguresFenetre, SauverRelireAnnulerAbimeePlane)
 {
-    BancFigures b(3);
+    BancFigures b;
     Mirado& m = *b.m;
     m.resize(760, 540);  // whole on the test screen, so read back as it is
     m.suisTaille();
@@ -55,22 +49,19 @@ TEST(FiguresFenetre, SauverPuisRelireRedessineTout)
     b.etiquette(QPoint(200, 90), "Pied");
     const QImage dessin = m.ecran().copy();
     const QRect place = m.geometry();
-
     b.reponses = {QStringLiteral("essai")};
     controle<QPushButton>(m, "Command6")->click();
     const QString dossier = QString::fromStdString(b.etat.fenetre.dossierFig);
-    EXPECT_EQ(b.saisies, QStringList{QStringLiteral("mise en mémoire dans ") + dossier +
-                                     QStringLiteral(": Entrez un nom simple pour mémoriser cette figure")});
+    EXPECT_EQ(b.saisies,
+              QStringList{"mise en mémoire dans " + dossier + ": Entrez un nom simple pour mémoriser cette figure"});
     ASSERT_TRUE(QFile::exists(b.figure("essai")));
     EXPECT_TRUE(b.messages.isEmpty());
-
-    // Everything forgotten and the window moved, then the figure read back.
-    m.vidage();
+    m.vidage();  // everything forgotten and the window moved, then the figure read back
     m.Command3_Click();
     m.resize(700, 500);
     b.lis(b.figure("essai"));
-    EXPECT_EQ(b.choix, QStringList{dossier + QStringLiteral("|Figures (*.fig)")});
-    EXPECT_EQ(b.messages, QStringList{QStringLiteral("Nre de fonctions 2\nNbre de labels 2")});
+    EXPECT_EQ(b.choix, QStringList{dossier + "|Figures (*.fig)"});
+    EXPECT_EQ(b.messages, QStringList{"Nre de fonctions 2\nNbre de labels 2"});
     EXPECT_EQ(articles(m, "mnutra").size(), 3U);
     EXPECT_EQ(m.geometry(), place);
     EXPECT_EQ(m.ecran(), dessin);
@@ -78,38 +69,25 @@ TEST(FiguresFenetre, SauverPuisRelireRedessineTout)
     for (int k = 1; k <= 2; ++k) {
         const Lb3* c = b.commandes->controle(k);
         ASSERT_NE(c, nullptr);
-        EXPECT_EQ(std::pair(c->pos(), c->text()), etiquettes[k - 1]);
-        EXPECT_TRUE(c->isVisible());
+        EXPECT_EQ(std::tuple(c->pos(), c->text(), c->isVisible()), std::tuple_cat(etiquettes[k - 1], std::tuple(true)));
     }
     EXPECT_FALSE(b.commandes->controle(0)->isVisible());  // the template label stays hidden
-}
-
-// Cancelled, the labels are gone and the drawing stays; a damaged file is
-// said with its name; a plane figure shows the plane panel.
-TEST(FiguresFenetre, AnnuleeAbimeeOuPlane)
-{
-    BancFigures b(2);
-    Mirado& m = *b.m;
-    m.envoie(1);
-    b.etiquette(QPoint(10, 10), "a");
+    // "Sauver cet écran"; read cancelled, the labels are gone and the drawing stays; a damaged file is
+    // said with its name; a plane figure shows the plane panel.
     b.reponses = {QStringLiteral("sauve")};
     article(m, "mnumemfig", 0)->trigger();
     QFile f(b.figure("sauve"));
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     const QList<QByteArray> lignes = f.readAll().split('\n');
     ASSERT_GE(lignes.size(), 6);
-
     b.lis(std::nullopt);
-    EXPECT_EQ(b.etat.etiquettes.nombre(), 0);
-    EXPECT_EQ(b.etat.courbes.nbCourbes, 1);
-    EXPECT_TRUE(b.messages.isEmpty());
-
+    EXPECT_EQ(std::tuple(b.etat.etiquettes.nombre(), b.etat.courbes.nbCourbes, b.messages),
+              std::tuple(0, 2, QStringList()));
     b.ecrisFichier(QStringLiteral("Espace_fig/abime.fig"), lignes.mid(0, 6).join('\n') + "\npas un nombre\r\n");
     b.lis(b.figure("abime"));
     ASSERT_FALSE(b.messages.isEmpty());
     EXPECT_TRUE(b.messages.last().contains(QStringLiteral("ligne 7")) && b.messages.last().contains("abime"))
         << b.messages.last().toStdString();
-
     // Line 1 "True" (plane), no curve and no label on line 5.
     const QList<QByteArray> champs = lignes[4].simplified().split(' ');
     ASSERT_EQ(champs.size(), 4);

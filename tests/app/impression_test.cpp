@@ -1,6 +1,5 @@
-// The menu IMPRIMER: its entries reach the page (read back from the PDF
-// written), with and without a printer, in the menu's orientation; the
-// screen copy reaches the clipboard. The page itself is the core's.
+// The menu IMPRIMER: its entries reach the page (read back from the PDF written), with and without a
+// printer, in the menu's orientation; the screen copy reaches the clipboard. The page is the core's.
 #include <QClipboard>
 #include <QDate>
 #include <QFileInfo>
@@ -40,41 +39,38 @@ struct Dessin : Banc {
     }
 };
 
-TEST(Impression, MenuImprimerAvecEtSansImprimante)
+TEST(Impression, MenuImprimerAvecEtSansImprimanteEtCopieDEcran)
 {
     Dessin d;
+    // PDF named, mnuipo (0 "Portrait", 1 "Paysage"), printer, dialog accepted, file chosen; entry
+    // triggered, page written, hooks asked; what the user is told.
     struct Cas {
-        const char* nom;
-        const char* fichier;  // the PDF file named
-        int orientation;      // mnuipo: 0 "Portrait", 1 "Paysage"
+        const char* fichier;
+        int orientation;
         bool installee, accepte, nomme;
-        const char* article;  // the menu entry triggered
-        bool ecrit;           // the page is in the file afterwards
+        const char* article;
+        bool ecrit;
         int dialogues, apercus, choixFichier;
-        const char* message;  // what the user is told, "" nothing
+        const char* message;
     };
-    const char* const enregistre = "Aucune imprimante n'est installée : le graphique est enregistré dans ";
-    const Cas cas[] = {
-        {"sans imprimante, paysage", "graphique.pdf", 1, false, true, true, "mnuip", true, 0, 0, 1, enregistre},
-        {"sans imprimante, portrait", "graphique.pdf", 0, false, true, true, "mnuip", true, 0, 0, 1, enregistre},
-        {"sans imprimante, fichier refusé", "graphique.pdf", 1, false, true, false, "mnuip", false, 0, 0, 1, ""},
-        {"sans imprimante, dossier absent", "absent/graphique.pdf", 1, false, true, true, "mnuip", false, 0, 0, 1,
-         "graphique.pdf » : le dossier n'existe pas"},
-        {"dialogue accepté, fichier PDF", "graphique.pdf", 0, true, true, true, "mnuip", true, 1, 0, 0, ""},
-        {"dialogue annulé", "graphique.pdf", 1, true, false, true, "mnuip", false, 1, 0, 0, ""},
-        {"aperçu", "graphique.pdf", 1, true, true, true, "mnuipap", true, 0, 1, 0, ""},
-    };
+    const char* const sans = "Aucune imprimante n'est installée : le graphique est enregistré dans ";
     const QDate d0 = QDate::currentDate();
     const QString aujourdhui = QString::fromStdString(dateFrancaise({d0.year(), d0.month(), d0.day(), 0, 0, 0}));
-    for (const Cas& c : cas) {
-        SCOPED_TRACE(c.nom);
-        const QString pdf = d.chemin(QString::fromUtf8(c.fichier));
+    for (const Cas& c : {Cas{"graphique.pdf", 1, false, true, true, "mnuip", true, 0, 0, 1, sans},  // no printer
+                         Cas{"graphique.pdf", 0, false, true, true, "mnuip", true, 0, 0, 1, sans},
+                         Cas{"graphique.pdf", 1, false, true, false, "mnuip", false, 0, 0, 1, ""},  // file refused
+                         Cas{"absent/graphique.pdf", 1, false, true, true, "mnuip", false, 0, 0, 1,
+                             "graphique.pdf » : le dossier n'existe pas"},
+                         Cas{"graphique.pdf", 0, true, true, true, "mnuip", true, 1, 0, 0, ""},    // dialog accepted
+                         Cas{"graphique.pdf", 1, true, false, true, "mnuip", false, 1, 0, 0, ""},  // dialog cancelled
+                         Cas{"graphique.pdf", 1, true, true, true, "mnuipap", true, 0, 1, 0, ""}}) {  // preview
+        const QString pdf = d.chemin(QString::fromUtf8(c.fichier)),
+                      cas = QString("%1 %2 %3").arg(c.fichier).arg(c.installee).arg(c.article);
         QFile::remove(pdf);
         d.messages.clear();
         int dialogues = 0, apercus = 0, choixFichier = 0;
         QPageLayout::Orientation orientation = QPageLayout::Portrait;
-        // The print dialog and the preview write into `pdf`.
-        auto versPdf = [&](QPrinter& p) {
+        auto versPdf = [&](QPrinter& p) {  // the print dialog and the preview write into `pdf`
             orientation = p.pageLayout().orientation();
             p.setOutputFormat(QPrinter::PdfFormat);
             p.setOutputFileName(pdf);
@@ -83,44 +79,37 @@ TEST(Impression, MenuImprimerAvecEtSansImprimante)
         i.installee = [&] { return c.installee; };
         i.dialogue = [&](QWidget*, QPrinter& p) { return ++dialogues, versPdf(p), c.accepte; };
         i.apercu = [&](QWidget*, QPrinter& p, const std::function<void(QPrinter&)>& dessine) {
-            ++apercus;
-            versPdf(p);
-            dessine(p);
+            ++apercus, versPdf(p), dessine(p);
         };
         i.fichierPdf = [&](QWidget*, const QString&) {
-            ++choixFichier;
-            return c.nomme ? std::optional<QString>(pdf) : std::nullopt;
+            return ++choixFichier, c.nomme ? std::optional(pdf) : std::nullopt;
         };
         installeImpression(*d.m, i);
         article(*d.m, "mnuipo", c.orientation)->trigger();
         controle<QAction>(*d.m, QString::fromUtf8(c.article))->trigger();
-        EXPECT_EQ(std::tuple(dialogues, apercus, choixFichier), std::tuple(c.dialogues, c.apercus, c.choixFichier));
-        if (c.dialogues + c.apercus) {
-            EXPECT_EQ(orientation, c.orientation ? QPageLayout::Landscape : QPageLayout::Portrait);
-        }
-        ASSERT_EQ(QFileInfo::exists(pdf), c.ecrit);
+        EXPECT_EQ(std::tuple(dialogues, apercus, choixFichier), std::tuple(c.dialogues, c.apercus, c.choixFichier))
+            << cas.toStdString();
+        EXPECT_TRUE(!(c.dialogues + c.apercus) ||
+                    orientation == (c.orientation ? QPageLayout::Landscape : QPageLayout::Portrait));
+        ASSERT_EQ(QFileInfo::exists(pdf), c.ecrit) << cas.toStdString();
         EXPECT_TRUE(d.messages.join('|').contains(QString::fromUtf8(c.message))) << d.messages.join('|').toStdString();
         EXPECT_EQ(d.messages.size(), *c.message ? 1 : 0);
-        if (c.ecrit) {
-            // The page, its footer dated now (blanks compared loosely).
-            const QString texte = sortieDe("pdftotext", {pdf, QStringLiteral("-")}).simplified();
-            EXPECT_TRUE(texte.contains(QStringLiteral("TRACE DES COURBES")));
-            EXPECT_TRUE(texte.contains(QStringLiteral("imprimé le ") + aujourdhui)) << texte.toStdString();
-            const auto page = QRegularExpression(QStringLiteral("Page size:\\s+([\\d.]+) x ([\\d.]+) pts"))
-                                  .match(sortieDe("pdfinfo", {pdf}));
-            ASSERT_TRUE(page.hasMatch());
-            EXPECT_EQ(page.captured(1).toDouble() > page.captured(2).toDouble(), c.orientation == 1);
-        }
+        if (!c.ecrit)
+            continue;
+        // The page, its footer dated now (blanks compared loosely), in the orientation asked.
+        const QString texte = sortieDe("pdftotext", {pdf, QStringLiteral("-")}).simplified();
+        EXPECT_TRUE(texte.contains("TRACE DES COURBES") && texte.contains("imprimé le " + aujourdhui))
+            << texte.toStdString();
+        const auto page = QRegularExpression(QStringLiteral("Page size:\\s+([\\d.]+) x ([\\d.]+) pts"))
+                              .match(sortieDe("pdfinfo", {pdf}));
+        ASSERT_TRUE(page.hasMatch());
+        EXPECT_EQ(page.captured(1).toDouble() > page.captured(2).toDouble(), c.orientation == 1);
     }
-}
-
-TEST(Impression, CopieDEcranDansLePressePapiers)
-{
-    Dessin d;
+    // "Copie d'écran": the picture with its label on the clipboard, the window's picture unchanged.
+    d.messages.clear();
     QGuiApplication::clipboard()->clear();
     controle<QAction>(*d.m, "mnuipcop")->trigger();
     const QImage image = QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32);
-    // The label is painted over the drawing; the window's picture stays as it was.
     EXPECT_NE(image, d.m->ecran().convertToFormat(QImage::Format_RGB32));
     EXPECT_EQ(image, imageAvecEtiquettes(*d.m).convertToFormat(QImage::Format_RGB32));
     ASSERT_EQ(d.messages.size(), 1);

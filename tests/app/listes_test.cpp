@@ -1,11 +1,9 @@
-// The selection lists: the available curves (Coli) and the drawn curves
-// (Licou), and the drawing shown behind them.
+// The selection lists: the available curves (Coli), the drawn curves (Licou), the drawing behind them.
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
-#include <filesystem>
 
 #include "app/dialogues/coli.h"
 #include "app/dialogues/licou.h"
@@ -15,7 +13,6 @@
 namespace velorin::essai {
 namespace {
 
-// The catalogue the window names.
 std::string enVigueur(const Mirado& m)
 {
     return m.etat.fenetre.dossierCourbes + m.etat.fenetre.fichierCatalogue;
@@ -26,38 +23,29 @@ TEST(Coli, ChoixEnvoyesParOkOuDoubleClic)
     Banc banc;
     banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 6);
     Mirado& m = banc.demarre();
-    struct Cas {
-        std::vector<int> selection;  // rows of the list, in the order clicked
-        int option;                  // Option1: 0 "Cycle", 1 "Unique"
-        int doubleClic;              // the row double-clicked, -1: "OK"
-        std::vector<int> choix;      // records sent, in list order
-        ModeCouleurs mode;
-    };
-    const Cas cas[] = {
-        {{5, 2}, 0, -1, {2, 5}, ModeCouleurs::Cycle},
-        {{0, 3}, 1, -1, {3}, ModeCouleurs::Unique},  // the header line is no entry
-        {{1}, 1, 3, {3}, ModeCouleurs::Unique},
-        {{1}, 1, 0, {}, ModeCouleurs::Unique},  // the header sends nothing, the list stays
-    };
-    for (const Cas& c : cas) {
+    using V = std::vector<int>;  // rows clicked, Option1 (0 "Cycle", 1 "Unique"), row double-clicked (-1: "OK"), sent
+    for (const auto& [selection, option, doubleClic, choix, mode] :
+         {std::tuple{V{5, 2}, 0, -1, V{2, 5}, ModeCouleurs::Cycle},
+          std::tuple{V{0, 3}, 1, -1, V{3}, ModeCouleurs::Unique},  // the header line is no entry
+          std::tuple{V{1}, 1, 3, V{3}, ModeCouleurs::Unique},
+          std::tuple{V{1}, 1, 0, V{}, ModeCouleurs::Unique}}) {  // the header sends nothing, the list stays
         Coli coli(m.etat.catalogue, enVigueur(m), m.boites, &m);
         auto* liste = controle<QListWidget>(coli, "List2");
         ASSERT_EQ(liste->count(), 7);
-        for (int r : c.selection)
+        for (int r : selection)
             liste->item(r)->setSelected(true);
-        controle<QRadioButton>(coli, QStringLiteral("Option1_%1").arg(c.option))->click();
-        if (c.doubleClic < 0)
+        controle<QRadioButton>(coli, QStringLiteral("Option1_%1").arg(option))->click();
+        if (doubleClic < 0)
             controle<QPushButton>(coli, "Command1")->click();
         else
-            coli.List2_DblClick(liste->item(c.doubleClic));
-        EXPECT_EQ(coli.result(), c.choix.empty() && c.doubleClic == 0 ? QDialog::Rejected : QDialog::Accepted);
-        EXPECT_EQ(coli.choix(), c.choix);
-        EXPECT_EQ(coli.mode(), c.mode);
+            coli.List2_DblClick(liste->item(doubleClic));
+        EXPECT_EQ(coli.result(), choix.empty() && doubleClic == 0 ? QDialog::Rejected : QDialog::Accepted);
+        EXPECT_EQ(std::tuple(coli.choix(), coli.mode()), std::tuple(choix, mode));
     }
 }
 
-// A catalogue in force that cannot be read: the start and the list both
-// name the file and say why (every kind of path is the path checker's).
+// A catalogue in force that cannot be read: the start and the list both name
+// the file and say why (every kind of path is the path checker's).
 TEST(Coli, CatalogueIllisibleNommeAvecSaRaison)
 {
     Banc banc;
@@ -84,11 +72,12 @@ TEST(Licou, CourbesTraceesCocheesEtReglages)
     auto* liste = controle<QListWidget>(licou, "List1");
     ASSERT_EQ(liste->count(), 2);
     EXPECT_EQ(liste->item(0)->text(), article(m, "mnutra", 1)->text());
-    EXPECT_EQ(controle<QLabel>(licou, "Label1_0")->text(), QStringLiteral("Trait En vert:"));
-    EXPECT_EQ(controle<QLabel>(licou, "Label1_1")->text(), QStringLiteral("pointillé"));
+    const auto reglages = [&] {
+        return controle<QLabel>(licou, "Label1_0")->text() + '|' + controle<QLabel>(licou, "Label1_1")->text();
+    };
+    EXPECT_EQ(reglages(), QStringLiteral("Trait En vert:|pointillé"));
     liste->setCurrentRow(0);
-    EXPECT_EQ(controle<QLabel>(licou, "Label1_0")->text(), QStringLiteral("Trait En rouge:"));
-    EXPECT_EQ(controle<QLabel>(licou, "Label1_1")->text(), QStringLiteral("continu"));
+    EXPECT_EQ(reglages(), QStringLiteral("Trait En rouge:|continu"));
     liste->item(0)->setCheckState(Qt::Unchecked);
     controle<QPushButton>(licou, "Command1")->click();
     EXPECT_EQ(licou.cochees(), std::vector<int>{2});
@@ -103,7 +92,7 @@ TEST(Mirado, LesListesOuvertesDevantLeDessin)
     Mirado& m = banc.demarre();
     article(m, "mnufa", 1)->trigger();
     auto* zone = m.findChild<ZoneDessin*>();
-    for (const char* liste : {"mnufa", "mnutra"}) {
+    for (const auto& [liste, nom] : {std::pair{"mnufa", "coli"}, std::pair{"mnutra", "licou"}}) {
         const QImage attendu = m.ecran().convertToFormat(QImage::Format_RGB32);
         QImage vu;
         QString dialogue;
@@ -115,7 +104,7 @@ TEST(Mirado, LesListesOuvertesDevantLeDessin)
                 d->reject();
         });
         article(m, liste, 0)->trigger();
-        EXPECT_EQ(dialogue, QString::fromUtf8(liste) == "mnufa" ? "coli" : "licou");
+        EXPECT_EQ(dialogue, QString::fromUtf8(nom));
         EXPECT_EQ(vu, attendu) << liste;
     }
 }

@@ -1,11 +1,8 @@
-// The pruning dialog: its buttons reach the compaction with the selected
-// records (never the header), the list follows, the hourglass shows
-// meanwhile; its menu entry opens it on the catalogue in force.
-#include <QApplication>
+// The pruning dialog: its buttons reach the compaction with the selected records (never the header),
+// the list follows, the hourglass shows meanwhile; its menu entry opens it on the catalogue in force.
 #include <QListWidget>
 #include <QPushButton>
 #include <QTimer>
-
 #include <filesystem>
 
 #include "app/dialogues/menage.h"
@@ -30,23 +27,21 @@ TEST(Menage, BoutonsVersLaReductionEtLaListeSuit)
 {
     const char* const textes[] = {"x=f1(t)=t", "x=f1(a,t)=a", "Point:[(1,2,3)]", "y=f(x)=x^2",
                                   "D(M,u):[(0,0,0)][(1,0,0)]"};
+    const int16_t genres[] = {1, 2, 9, 0, 5};
+    // Rows of List2 (0: the header); "Command1" J'ELIMINE, "Command3" JE REDUIS LE FICHIER; the
+    // compaction file is a folder (refused); records of `textes` listed afterwards; the message.
     struct Cas {
-        const char* nom;
-        std::vector<int> selection;  // rows of List2 (0: the header, always selected first)
-        const char* bouton;          // "Command1" J'ELIMINE, "Command3" JE REDUIS LE FICHIER
-        bool dossierLibi;            // the compaction file is a folder: refused
-        std::vector<int> restent;    // records of `textes` listed afterwards
-        const char* message;         // "" none
+        std::vector<int> selection;
+        const char* bouton;
+        bool dossierLibi;
+        std::vector<int> restent;
+        const char* message;
     };
-    const Cas cas[] = {
-        {"lignes 2 et 4 éliminées", {2, 4}, "Command1", false, {1, 3, 5}, ""},
-        {"réduire n'élimine pas la sélection", {1, 2}, "Command3", false, {1, 2, 3, 5}, ""},
-        {"échec dit, rien ne change", {1}, "Command1", true, {1, 2, 3, 4, 5}, "LIBI.lcs » est un dossier"},
-    };
-    for (const Cas& c : cas) {
-        SCOPED_TRACE(c.nom);
+    for (const Cas& c :
+         {Cas{{2, 4}, "Command1", false, {1, 3, 5}, ""},
+          Cas{{1, 2}, "Command3", false, {1, 2, 3, 5}, ""},  // reducing does not remove the selection
+          Cas{{1}, "Command1", true, {1, 2, 3, 4, 5}, "LIBI.lcs » est un dossier"}}) {  // nothing changes
         Fichier f(0);
-        const int16_t genres[] = {1, 2, 9, 0, 5};
         for (int i = 0; i < 5; ++i)
             ASSERT_FALSE(ecrisLigne(f.cat, i + 1, LigneCatalogue{genres[i], textes[i]}));
         if (c.dossierLibi)
@@ -62,7 +57,7 @@ TEST(Menage, BoutonsVersLaReductionEtLaListeSuit)
             lignes << liste->item(i)->text().section(QLatin1Char(' '), 0, 0);
         for (int r : c.restent)
             attendu << QStringLiteral("%1]").arg(attendu.size() + 1, 4, 10, QLatin1Char('0')) + textes[r - 1];
-        EXPECT_EQ(lignes, attendu);
+        EXPECT_EQ(lignes, attendu) << c.bouton << c.dossierLibi;
         EXPECT_EQ(dialogue.aReduit(), !c.dossierLibi);
         EXPECT_EQ(pointeurs.formes, (std::vector<Qt::CursorShape>{Qt::WaitCursor, Qt::ArrowCursor}));
         EXPECT_TRUE(*c.message ? f.messages.size() == 1 && f.messages[0].contains(QString::fromUtf8(c.message))
@@ -71,8 +66,7 @@ TEST(Menage, BoutonsVersLaReductionEtLaListeSuit)
     }
 }
 
-// "Elaguer fonctions" opens the dialog on the catalogue in force; the entry
-// menu follows the compacted file.
+// "Elaguer fonctions" opens it on the catalogue in force; the entry menu follows the compacted file.
 TEST(Menage, OuvertParElaguerFonctions)
 {
     Banc banc;
@@ -89,8 +83,8 @@ TEST(Menage, OuvertParElaguerFonctions)
         controle<QPushButton>(*d, "Command2")->click();
     });
     article(m, "mnupara", 8)->trigger();
-    EXPECT_EQ(m.etat.catalogue.nbLignesCatalogue, 3);
-    EXPECT_EQ(articles(m, "mnufa").size(), 4u);
+    EXPECT_EQ(std::pair(m.etat.catalogue.nbLignesCatalogue, articles(m, "mnufa").size()),
+              std::pair(NumeroLigne(3), size_t(4)));
     EXPECT_TRUE(banc.messages.isEmpty());
 }
 

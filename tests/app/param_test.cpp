@@ -1,7 +1,4 @@
-// The parameter dialog: keys and clicks in its fields, what shows by mode,
-// the file each of its two buttons writes through the settings module, and
-// the window reading it back. The fields' reading and the file's format are
-// the settings module's.
+// The parameter dialog: its fields, what shows by mode, the file each button writes, read back.
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -10,9 +7,10 @@
 
 #include "app/dialogues/param.h"
 #include "banc_fenetre.h"
-#include "souris_essai.h"
+#include "commun/commun.h"
 #include "settings/memoire.h"
 #include "settings/reglage.h"
+#include "souris_essai.h"
 
 namespace velorin::essai {
 namespace {
@@ -21,11 +19,9 @@ QLineEdit* champ(const QWidget& d, int i)
 {
     return controle<QLineEdit>(d, QStringLiteral("Text1_%1").arg(i));
 }
-
-QByteArray contenu(const QString& chemin)
+void coche(const QWidget& d, const QString& nom)
 {
-    QFile f(chemin);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("(absent)");
+    controle<QAbstractButton>(d, nom)->setChecked(true);
 }
 
 struct BancParam {
@@ -45,12 +41,13 @@ struct BancParam {
         d->show();
         return d;
     }
-    QString fichier(const char* nom) const { return dossier.filePath(QString::fromUtf8(nom)); }
+    std::string fichier(const char* nom) const { return dossier.filePath(QString::fromUtf8(nom)).toStdString(); }
+    bool aucunFichier() const { return !fs::exists(fichier("memprovi.log")) && !fs::exists(fichier("mem.log")); }
 };
 
-// Enter moves to the next field and presses no button; a double click
-// empties a field and says so at once.
-TEST(Param, EntreeAvanceEtDoubleClicVide)
+// Enter moves to the next field and presses no button; a double click empties a field; the
+// controls of space alone are hidden in the plane.
+TEST(Param, EntreeDoubleClicEtCeQuiSeVoitSelonLeMode)
 {
     BancParam b;
     auto d = b.ouvre(true);
@@ -60,21 +57,16 @@ TEST(Param, EntreeAvanceEtDoubleClicVide)
         QApplication::sendEvent(champ(*d, i), &entree);
         EXPECT_EQ(d->focusWidget(), champ(*d, i < 9 ? i + 1 : i)) << i;
     }
-    EXPECT_TRUE(d->isVisible());
-    EXPECT_FALSE(QFile::exists(b.fichier("memprovi.log")));
+    EXPECT_TRUE(d->isVisible() && b.aucunFichier());
     souris(champ(*d, 9), QEvent::MouseButtonDblClick, {5, 5}, Qt::LeftButton, Qt::LeftButton);
     EXPECT_TRUE(champ(*d, 9)->text().isEmpty());
     EXPECT_EQ(champ(*d, 9)->property("remarque").toInt(), 1);
-}
-
-TEST(Param, CeQuiSeVoitSelonLeMode)
-{
-    const QStringList espaceSeul = {"Text1_4",  "Text1_5",   "Text1_14",  "Text1_21", "Label1_9",
+    // What shows by mode.
+    const QStringList espaceSeul = {"Text1_4",   "Text1_5",  "Text1_14", "Text1_21", "Label1_9",
                                     "Label1_16", "Check1_2", "Check1_4", "Check1_7"};
     const QStringList partout = {"Text1_0", "Text1_13", "Text1_22", "Label1_8", "Label1_17", "Check1_1", "Check2"};
-    BancParam b;
     for (bool espace : {true, false}) {
-        auto d = b.ouvre(espace);
+        d = b.ouvre(espace);
         EXPECT_TRUE(d->windowFlags() & Qt::WindowStaysOnTopHint);
         for (const QString& nom : espaceSeul + partout)
             EXPECT_EQ(controle(*d, nom)->isVisible(), espace || partout.contains(nom)) << nom.toStdString() << espace;
@@ -82,78 +74,60 @@ TEST(Param, CeQuiSeVoitSelonLeMode)
     }
 }
 
-// Command1 writes "memprovi.log", Command2 "mem.log", with the values the
-// settings module reads from the fields, the flags and the options.
+// Command1 writes "memprovi.log", Command2 "mem.log", with what the settings
+// module reads from the fields, the flags and the options.
 TEST(Param, AppliquerEcritLeFichierDuBouton)
 {
-    struct Cas {
-        bool espace;
-        const char *bouton, *ecrit, *intact;
-        int option1, lecture;
-        bool vidage;
-    };
-    for (const Cas& c : {Cas{true, "Command1", "memprovi.log", "mem.log", 0, 1, false},
-                         Cas{false, "Command2", "mem.log", "memprovi.log", 1, 0, true}}) {
-        SCOPED_TRACE(c.bouton);
+    // space, button, file written, file left alone, Option1, lecture(), vidage()
+    for (const auto& [espace, bouton, ecrit, intact, option1, lecture, vidage] :
+         {std::tuple{true, "Command1", "memprovi.log", "mem.log", 0, 1, false},
+          std::tuple{false, "Command2", "mem.log", "memprovi.log", 1, 0, true}}) {
         BancParam b;
         TextesReglage textes = textesReglage(b.p);
         textes[0] = "-2P", textes[6] = "P/2", textes[23] = "1.5E2";
         Parametres attendu;
         ASSERT_FALSE(lisReglage(textes, attendu));
         attendu.traceContinu = 0, attendu.avecMoirure = true, attendu.ordreBoucles = 1;
-        auto d = b.ouvre(c.espace);
+        auto d = b.ouvre(espace);
         for (int i : {0, 6, 23})
             champ(*d, i)->setText(QString::fromStdString(textes[i]));
         controle<QCheckBox>(*d, "Check1_1")->setChecked(false);
-        controle<QRadioButton>(*d, "Option2_1")->setChecked(true);
-        controle<QCheckBox>(*d, "Check2")->setChecked(true);
-        controle<QRadioButton>(*d, QStringLiteral("Option1_%1").arg(c.option1))->setChecked(true);
-        controle<QPushButton>(*d, c.bouton)->click();
-        EXPECT_TRUE(b.messages.isEmpty()) << b.messages.join(u'|').toStdString();
-        EXPECT_EQ(d->result(), QDialog::Accepted);
-        EXPECT_EQ(contenu(b.fichier(c.ecrit)).toStdString(), texteMemoire(attendu));
-        EXPECT_FALSE(QFile::exists(b.fichier(c.intact)));
-        EXPECT_EQ(d->lecture(), c.lecture);
-        EXPECT_EQ(d->vidage(), c.vidage);
-        EXPECT_EQ(b.p.ordreBoucles, 1);  // in force, though the file reader never reads it
+        for (const QString& nom : QStringList{"Option2_1", "Check2", "Option1_" + QString::number(option1)})
+            coche(*d, nom);
+        controle<QPushButton>(*d, bouton)->click();
+        EXPECT_EQ(std::tuple(b.messages, d->result(), fs::exists(b.fichier(intact))),
+                  std::tuple(QStringList(), int(QDialog::Accepted), false));
+        EXPECT_EQ(lisFichier(b.fichier(ecrit)), texteMemoire(attendu)) << bouton;
+        EXPECT_EQ(std::tuple(d->lecture(), d->vidage(), b.p.ordreBoucles), std::tuple(lecture, vidage, 1));
     }
 }
 
-// A refused field: the reader's message and the dialog stays; brackets the
-// evaluator cannot read: its message, then the program ends. Nothing is
-// written or applied.
+// A refused field: the reader's message, the dialog stays; brackets the
+// evaluator cannot read: its message, then the program ends. Nothing written.
 TEST(Param, ChampRefuseRienEcrit)
 {
-    struct Cas {
-        int champ;
-        const char *texte, *bouton, *message;
-        int fins;
-    };
-    for (const Cas& c : {Cas{23, "40000", "Command1", "Pause en millisecondes", 0},
-                         Cas{23, "40000", "Command2", "Pause en millisecondes", 0},
-                         Cas{1, "(2", "Command1", "Formule incorrecte,désolé", 1}}) {
+    for (const auto& [i, texte, bouton, message, fins] :
+         {std::tuple{23, "40000", "Command1", "Pause en millisecondes", 0},
+          std::tuple{23, "40000", "Command2", "Pause en millisecondes", 0},
+          std::tuple{1, "(2", "Command1", "Formule incorrecte,désolé", 1}}) {
         BancParam b;
         const std::string avant = texteMemoire(b.p);
         auto d = b.ouvre(true);
-        champ(*d, c.champ)->setText(QString::fromUtf8(c.texte));
-        EXPECT_EQ(champ(*d, c.champ)->property("remarque").toInt(), 2);  // red before applying
-        controle<QPushButton>(*d, c.bouton)->click();
-        ASSERT_EQ(b.messages.size(), 1) << c.texte;
-        EXPECT_TRUE(b.messages[0].contains(QString::fromUtf8(c.message))) << b.messages[0].toStdString();
-        EXPECT_EQ(b.fins, c.fins);
-        EXPECT_NE(d->result(), QDialog::Accepted);
-        EXPECT_FALSE(QFile::exists(b.fichier("memprovi.log")) || QFile::exists(b.fichier("mem.log")));
-        EXPECT_EQ(texteMemoire(b.p), avant);
+        champ(*d, i)->setText(QString::fromUtf8(texte));
+        EXPECT_EQ(champ(*d, i)->property("remarque").toInt(), 2);  // red before applying
+        controle<QPushButton>(*d, bouton)->click();
+        ASSERT_EQ(b.messages.size(), 1) << texte;
+        EXPECT_TRUE(b.messages[0].contains(QString::fromUtf8(message))) << b.messages[0].toStdString();
+        EXPECT_EQ(std::tuple(b.fins, d->result() != QDialog::Accepted, b.aucunFichier(), texteMemoire(b.p)),
+                  std::tuple(fins, true, true, avant));
     }
 }
 
-// From PARAMETRER "le repère": the values in force are those read back from
-// the file just written (xmin to 15 digits); Option1(1) forgets the drawn
-// curves, Option1(0) keeps them.
+// From PARAMETRER "le repère": the values in force are read back from the file
+// written (xmin to 15 digits); Option1(1) forgets the drawn curves, (0) keeps them.
 TEST(Param, LaFenetreRelitLeFichierEcrit)
 {
     for (int option : {0, 1}) {
-        SCOPED_TRACE(option);
         Banc banc;
         banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 3);
         Mirado& m = banc.demarre();
@@ -164,7 +138,7 @@ TEST(Param, LaFenetreRelitLeFichierEcrit)
             if (!(vu = d != nullptr))
                 return;
             champ(*d, 0)->setText(QStringLiteral("-P/3"));
-            controle<QRadioButton>(*d, QStringLiteral("Option1_%1").arg(option))->setChecked(true);
+            coche(*d, QStringLiteral("Option1_%1").arg(option));
             controle<QPushButton>(*d, "Command1")->click();
         });
         article(m, "mnupara", 0)->trigger();
