@@ -8,8 +8,7 @@
 namespace velorin::essai {
 namespace {
 
-class CommandeCatalogue : public DossierProcessus {
-protected:
+struct CommandeCatalogue : DossierProcessus {
     CommandeCatalogue() : DossierProcessus("catalogue") { }
 };
 
@@ -36,15 +35,12 @@ TEST_F(CommandeCatalogue, ChaqueSousCommandeAtteintSonEcrivain)
         {{"elimine", "c.lsu", "4", "5"}, "Effacées et compacté : le catalogue garde 3 entrées, lignes 1 à 3.\n"},
         {{"reduis", "c.lsu"}, "Compacté : le catalogue garde 3 entrées, lignes 1 à 3.\n"},
     };
+    const std::string deja = "velorin catalogue point : ce point est déjà à la ligne 2 : rien n'est écrit.\n";
     for (const auto& [arguments, sortie] : pas) {
-        const std::string nom = arguments.join(' ').toStdString();
         const Sortie s = lance(arguments);
-        EXPECT_EQ(s.code, 0) << nom << " : " << s.erreurs;
-        EXPECT_EQ(s.sortie, sortie) << nom;
-        EXPECT_EQ(s.erreurs, arguments[0] == "point" && arguments[2][0] == '{'
-                                 ? "velorin catalogue point : ce point est déjà à la ligne 2 : rien n'est écrit.\n"
-                                 : "")
-            << nom;
+        EXPECT_EQ(std::tie(s.code, s.sortie, s.erreurs),
+                  std::make_tuple(0, std::string(sortie), arguments.value(2).startsWith('{') ? deja : ""))
+            << arguments.join(' ').toStdString();
     }
     EXPECT_EQ(contenu("c.lsu"),
               point + octetsFiche(9, "Point:[(4,5,6)]") + octetsFiche(8, "Segment:[(4,5,6)][(1,2,3)]"));

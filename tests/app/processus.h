@@ -17,8 +17,7 @@ struct Sortie {
     std::string sortie, erreurs;
 };
 
-// `velorin ARGUMENTS` in the folder `dossier`; its standard output goes to
-// `fichierSortie` when one is given.
+// `velorin ARGUMENTS` in `dossier`; its standard output goes to `fichierSortie` when given.
 inline Sortie lanceVelorin(const QStringList& arguments, const std::string& dossier,
                            const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment(),
                            const QString& fichierSortie = {})
@@ -34,13 +33,12 @@ inline Sortie lanceVelorin(const QStringList& arguments, const std::string& doss
             p.readAllStandardError().toStdString()};
 }
 
-// A catalogue record as the file holds it.
 inline std::string octetsFiche(int genre, const std::string& texte)
 {
     return octetsEnregistrement({static_cast<std::int16_t>(genre), texte});
 }
 
-// An environment where writes fail after `octets` bytes, as on a full disk.
+// Writes fail after `octets` bytes, as on a full disk.
 inline QProcessEnvironment disquePlein(const char* octets)
 {
     QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
@@ -51,26 +49,28 @@ inline QProcessEnvironment disquePlein(const char* octets)
 // One sub-command of `velorin` run in a fresh folder.
 class DossierProcessus : public ::testing::Test {
 protected:
+    using Env = QProcessEnvironment;
     explicit DossierProcessus(const char* commande) : commande_(QString::fromUtf8(commande)) { }
-
-    Sortie lance(const QStringList& arguments,
-                 const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
+    Sortie lance(const QStringList& arguments, const Env& env = Env::systemEnvironment())
     {
-        return lanceVelorin(QStringList{commande_} + arguments, dossier_.chemin().string(), environnement);
+        return lanceVelorin(QStringList{commande_} + arguments, dossier_.chemin().string(), env);
     }
     QString chemin(const char* nom) const { return QString::fromStdString(dossier_ / nom); }
     std::string contenu(const char* nom) const { return lisFichier(dossier_ / nom); }
     void ecris(const char* nom, const std::string& octets) const { ecrisFichier(dossier_ / nom, octets); }
-
-    // Refused with status 2 and `message` in French on the error output:
-    // nothing printed, no English from Qt or the C++ library, every name and
-    // every file's bytes in the folder as they were.
-    void refuse(const QStringList& arguments, const std::string& message,
-                const QProcessEnvironment& environnement = QProcessEnvironment::systemEnvironment())
+    // Refused with status 2 and `message` in French on the error output: nothing printed, no English
+    // from Qt or the C++ library, every name and every file's bytes in the folder as they were.
+    void refuse(const QStringList& arguments, const std::string& message, const Env& env = Env::systemEnvironment())
     {
         const std::string nom = arguments.join(' ').toStdString();
+        const auto fichiers = [&] {  // every name, with the bytes of the plain files
+            std::map<std::string, std::string> f;
+            for (const std::string& n : dossier_.noms())
+                f[n] = fs::is_regular_file(fs::symlink_status(dossier_.chemin() / n)) ? lisFichier(dossier_ / n) : "";
+            return f;
+        };
         const auto avant = fichiers();
-        const Sortie s = lance(arguments, environnement);
+        const Sortie s = lance(arguments, env);
         EXPECT_EQ(s.code, 2) << nom;
         EXPECT_NE(s.erreurs.find(message), std::string::npos) << nom << " : " << s.erreurs;
         EXPECT_EQ(s.sortie, "") << nom;
@@ -78,19 +78,8 @@ protected:
             EXPECT_EQ(s.erreurs.find(anglais), std::string::npos) << nom << " : " << s.erreurs;
         EXPECT_EQ(fichiers(), avant) << nom;
     }
-
-    DossierTemporaire dossier_{"velorin_processus_"};
-
-private:
-    // Every name in the folder, with the bytes of those that are plain files.
-    std::map<std::string, std::string> fichiers() const
-    {
-        std::map<std::string, std::string> f;
-        for (const std::string& n : dossier_.noms())
-            f[n] = fs::is_regular_file(fs::symlink_status(dossier_.chemin() / n)) ? lisFichier(dossier_ / n) : "";
-        return f;
-    }
     QString commande_;
+    DossierTemporaire dossier_{"velorin_processus_"};
 };
 
 }  // namespace velorin::essai

@@ -1,0 +1,178 @@
+// The animated GIF writer, read back with giflib, and the full turn drawn at
+// once: one picture per redraw of the timers, each drawn with the viewing
+// values of its tick, all written or none.
+#include <QImage>
+#include <QPainter>
+
+#include <gif_lib.h>
+
+#include "commun/commun.h"
+#include "plot/redessin.h"
+#include "qt/dessin_fichier.h"
+#include "qt/gif_anime.h"
+#include "qt/tour_anime.h"
+
+namespace velorin::essai {
+namespace {
+
+// Each picture of a GIF laid over the ones before, as shown, with its delay,
+// its disposal and the rectangle it stores.
+struct ImageRelue {
+    QImage ecran;
+    int delai, disposition;
+    QRect rectangle;
+};
+std::vector<ImageRelue> relis(const std::string& nom)
+{
+    int code = 0;
+    GifFileType* gif = DGifOpenFileName(nom.c_str(), &code);
+    std::vector<ImageRelue> relues;
+    if (!gif || DGifSlurp(gif) != GIF_OK)
+        return relues;
+    QImage ecran(gif->SWidth, gif->SHeight, QImage::Format_RGB32);
+    ecran.fill(Qt::magenta);
+    for (int i = 0; i < gif->ImageCount; ++i) {
+        const GifImageDesc& d = gif->SavedImages[i].ImageDesc;
+        GraphicsControlBlock gcb{};
+        static_cast<void>(DGifSavedExtensionToGCB(gif, i, &gcb));
+        const ColorMapObject* carte = d.ColorMap ? d.ColorMap : gif->SColorMap;
+        for (int k = 0; k < d.Width * d.Height; ++k) {
+            const GifColorType& c = carte->Colors[gif->SavedImages[i].RasterBits[k]];
+            ecran.setPixel(d.Left + k % d.Width, d.Top + k / d.Width, qRgb(c.Red, c.Green, c.Blue));
+        }
+        relues.push_back({ecran.copy(), gcb.DelayTime, gcb.DisposalMode, QRect(d.Left, d.Top, d.Width, d.Height)});
+    }
+    DGifCloseFile(gif, &code);
+    return relues;
+}
+
+// Each picture, laid over the ones before ("do not dispose"), reads back as
+// the one added: exactly up to 256 colours (a moved square, an unchanged
+// picture), each pixel near its colour beyond (a gradient of 1200 colours).
+// Each keeps its delay in hundredths of a second; the animation loops.
+TEST(GifAnime, ChaqueImageRelueAvecSonDelai)
+{
+    DossierTemporaire dossier;
+    QImage carre(40, 30, QImage::Format_RGB32), degrade = carre;
+    carre.fill(Qt::white);
+    QImage deplace = carre.copy();
+    carre.setPixel(5, 5, qRgb(255, 0, 0));
+    QPainter(&deplace).fillRect(10, 12, 10, 10, QColor(0, 0, 200));
+    for (int k = 0; k < 40 * 30; ++k)
+        degrade.setPixel(k % 40, k / 40, qRgb(k % 40 * 6, k / 40 * 8, (k % 40 + k / 40) * 3));
+    const std::pair<QImage, int> images[] = {{carre, 500}, {deplace, 1000}, {deplace, 30}, {degrade, 44}};
+    const std::string nom = dossier / "a.gif";
+    {
+        EcritureEntiere fichier(nom);
+        GifAnime gif(fichier, 40, 30);
+        for (const auto& [image, delai] : images)
+            ASSERT_FALSE(gif.ajoute(image, delai));
+        ASSERT_FALSE(gif.termine());
+        ASSERT_FALSE(fichier.termine());
+    }
+    EXPECT_NE(lisFichier(nom).find("NETSCAPE2.0\x03\x01"), std::string::npos);
+    const auto relues = relis(nom);
+    ASSERT_EQ(relues.size(), 4u);
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(relues[i].ecran.size(), QSize(40, 30));
+        EXPECT_EQ(std::pair(relues[i].delai, relues[i].disposition),
+                  std::pair((images[i].second + 5) / 10, DISPOSE_DO_NOT));
+        int pire = 0;
+        for (int k = 0; k < 40 * 30; ++k) {
+            const QRgb a = images[i].first.pixel(k % 40, k / 40), b = relues[i].ecran.pixel(k % 40, k / 40);
+            pire = std::max(
+                {pire, std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
+        }
+        EXPECT_LE(pire, i < 3 ? 0 : 12) << "image " << i + 1;
+    }
+    EXPECT_EQ(relues[1].rectangle, QRect(5, 5, 15, 17));  // only where the picture changed
+}
+
+// The journal of one redraw (clearing, then the frame) with the values of `vue`.
+std::string journalDe(Etat etat, const VueDuTour& vue, const std::string& nom)
+{
+    appliqueVue(etat.param, vue);
+    ajusteVue(etat, 200 * twipsParPixelEcran, 150 * twipsParPixelEcran);
+    EcritureEntiere f(nom);
+    EXPECT_FALSE(dessineDansFichier(f, FormatSortie::Texte, 200, 150, "", [&](Surface& s) {
+        effaceEcran(etat, s);
+        traceRepere(etat, s);
+        return Erreur{};
+    }));
+    EXPECT_FALSE(f.termine());
+    return lisFichier(nom);
+}
+
+// File k is the redraw with tick k's view; the GIF has as many pictures, each
+// shown for the timers' interval.
+TEST(TourAnime, ChaqueImageEstLeRedessinDeSonInstant)
+{
+    for (const char* axe : {"oz+", "vision-"}) {
+        DossierTemporaire dossier;
+        const Etat depart = etatCalibre(true);
+        const SuiteDuTour suite = suiteDuTour(depart.param, EtatRotation{}, tourDeNom(axe), 1.0);
+        const std::size_t n = suite.vues.size();
+        ASSERT_GT(n, 20u);
+        std::size_t courbes = 0;
+        Redessin compte{.etiquettes = false};
+        compte.progres = [&] { ++courbes; };
+        for (const char* sortie : {"t_%02d.txt", "a.gif"}) {
+            Etat etat = depart;
+            const ResultatTour r =
+                exporteTour(etat, EtatRotation{}, {tourDeNom(axe), 1.0, dossier / sortie, 200, 150, "", {}}, compte);
+            ASSERT_FALSE(r.erreur) << r.erreur.message();
+            EXPECT_EQ(std::size_t(r.images), n) << axe;
+        }
+        EXPECT_EQ(courbes, 2 * n) << axe;
+        EXPECT_EQ(dossier.noms().size(), n + 1) << axe;
+        for (std::size_t k : {std::size_t(1), n / 2, n}) {
+            const std::string nom = dossier / ((k < 10 ? "t_0" : "t_") + std::to_string(k) + ".txt");
+            EXPECT_EQ(lisFichier(nom), journalDe(depart, suite.vues[k - 1], dossier / "vue.txt")) << nom;
+        }
+        const auto relues = relis(dossier / "a.gif");
+        ASSERT_EQ(relues.size(), n) << axe;
+        EXPECT_EQ(relues.back().delai, (suite.intervalleMs + 5) / 10) << axe;
+    }
+}
+
+// A failure on the way (the drawing, a full disk under the numbered files or
+// the GIF, a name of the series that cannot be written or is read, an output
+// that is no turn's) is named and leaves the folder as it was.
+TEST(TourAnime, ToutOuRien)
+{
+    // The output; the bytes written before the disk is full (-1: never); the redraw that fails (0: none).
+    const std::tuple<const char*, long long, std::size_t, const char*> cas[] = {
+        {"t_%02d.png", -1, 5, "L'entrée n° 0 n'existe pas"},
+        {"u_%02d.txt", 2000, 0, "u_01.txt » : le disque est plein"},
+        {"a.gif", 300, 0, "a.gif » : le disque est plein"},
+        {"t_%02d.txt", -1, 0, "t_01.txt » est aussi lu par cette commande"},
+        {"d_%02d.txt", -1, 0, "d_03.txt"},
+        {"a.png", -1, 0, "un .gif, ou un nom numéroté"},
+        {"t_%d.gif", -1, 0, "ne convient pas à une image par instant"},
+    };
+    for (const auto& [sortie, disque, echecA, message] : cas) {
+        DossierTemporaire dossier;
+        for (const char* nom : {"t_01.txt", "t_01.png", "a.gif"})
+            ecrisFichier(dossier / nom, "ancien");
+        fs::create_directory(dossier / "d_03.txt");
+        const auto avant = dossier.noms();
+        // Entry 0 is refused with a message at every redraw; the export stops at the redraw `echecA`.
+        std::size_t courbes = 0;
+        Redessin dessin{.entrees = {0}};
+        dessin.apres = [&](const OptionsTrace&, const ResultatTrace&) { return ++courbes != echecA; };
+        Etat etat = etatCalibre(true);
+        simuleDisquePlein(disque);
+        const ResultatTour r =
+            exporteTour(etat, EtatRotation{}, {0, 1.0, dossier / sortie, 200, 150, "", {dossier / "t_01.txt"}}, dessin);
+        simuleDisquePlein(-1);
+        ASSERT_TRUE(r.erreur) << sortie;
+        EXPECT_NE(r.erreur.message().find(message), std::string::npos) << r.erreur.message();
+        EXPECT_EQ(dossier.noms(), avant) << sortie;
+        for (const char* nom : {"t_01.txt", "t_01.png", "a.gif"})
+            EXPECT_EQ(lisFichier(dossier / nom), "ancien") << sortie;
+        EXPECT_TRUE(echecA > 0 || disque >= 0 || courbes == 0) << "drawn before the refusal: " << sortie;
+    }
+}
+
+}  // namespace
+}  // namespace velorin::essai
