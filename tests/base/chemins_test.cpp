@@ -24,8 +24,7 @@ struct Chemins : ::testing::Test {
     void TearDown() override { chmod((d / "illisible").c_str(), 0600); }
 };
 
-// Each refusal has its own sentence, for the checker and for the reader of small text files above it
-// (checked before opening: a FIFO never blocks). An empty ending: readable.
+// One sentence per refusal, for the checker and the small-file reader (a FIFO never blocks); "": readable.
 TEST_F(Chemins, ChaqueCheminIllisibleASaPhrase)
 {
     std::vector<std::pair<std::string, std::string>> cas = {
@@ -58,7 +57,6 @@ TEST_F(Chemins, ChaqueCheminIllisibleASaPhrase)
               "Fichier " + texteCite(d / "entree.lsu") + " : trop volumineux pour un catalogue");
 }
 
-// An empty message: accepted.
 TEST_F(Chemins, UneSortieNEstJamaisUneDesEntrees)
 {
     const std::string entree = d / "entree.lsu", relatif = fs::relative(entree, fs::current_path()).string();

@@ -14,11 +14,9 @@ struct Ecriture : ::testing::Test {
     DossierTemporaire d;
     void TearDown() override { simuleDisquePlein(-1); }
     std::string chemin(const std::string& nom) const { return d / nom; }
-    Noms noms() const { return d.noms(); }
 };
 
-// A disk that fills up after N bytes: at the start, in the middle, at the very end (the last byte), and
-// through the stream of a long write.
+// A disk full after N bytes: at the start, the middle, the last byte, and through the stream of a long write.
 TEST_F(Ecriture, DisquePleinGardeLAncienFichierSansTemporaire)
 {
     const std::string cible = chemin("f.txt"), long_(200000, 'x');
@@ -33,7 +31,7 @@ TEST_F(Ecriture, DisquePleinGardeLAncienFichierSansTemporaire)
             << erreur.message();
         EXPECT_NE(erreur.message().find(texteCite(cible)), std::string::npos);
         EXPECT_EQ(lisFichier(cible), "nouveau") << octets;
-        EXPECT_EQ(noms(), Noms{"f.txt"}) << "a temporary is left, " << octets;
+        EXPECT_EQ(d.noms(), Noms{"f.txt"}) << "a temporary is left, " << octets;
         EcritureEntiere e(cible);
         ASSERT_FALSE(e.ouverture());
         for (int i = 0; i < 1000; ++i)
@@ -44,7 +42,7 @@ TEST_F(Ecriture, DisquePleinGardeLAncienFichierSansTemporaire)
     simuleDisquePlein(200000);  // exactly enough
     ASSERT_FALSE(ecrisFichierEntier(cible, long_));
     EXPECT_EQ(lisFichier(cible), long_);
-    EXPECT_EQ(noms(), Noms{"f.txt"});
+    EXPECT_EQ(d.noms(), Noms{"f.txt"});
 }
 
 TEST_F(Ecriture, CheminsImpossiblesAEcrireDitsEnFrancais)
@@ -60,7 +58,7 @@ TEST_F(Ecriture, CheminsImpossiblesAEcrireDitsEnFrancais)
         EXPECT_EQ(erreur.message(), "Impossible d'écrire " + texteCite(chemin(nom)) + " : " + message);
     }
     EXPECT_TRUE(fs::is_directory(chemin("un_dossier")));
-    EXPECT_EQ(noms(), (Noms{"boucle_a", "boucle_b", "un_dossier"}));
+    EXPECT_EQ(d.noms(), (Noms{"boucle_a", "boucle_b", "un_dossier"}));
 }
 
 TEST_F(Ecriture, EcritAuTraversDUnLienEtAccepteLesNomsLongs)
@@ -77,10 +75,9 @@ TEST_F(Ecriture, EcritAuTraversDUnLienEtAccepteLesNomsLongs)
     const std::string nom(255, 'n');
     ASSERT_FALSE(ecrisFichierEntier(chemin(nom), "long"));
     EXPECT_EQ(lisFichier(chemin(nom)), "long");
-    EXPECT_EQ(noms(), (Noms{"lien.txt", nom, "vrai"}));
+    EXPECT_EQ(d.noms(), (Noms{"lien.txt", nom, "vrai"}));
 }
 
-// Windows-1252 bytes, a C1 control (CSI), a cut sequence, an overlong one and a surrogate are shown as bytes.
 TEST(TexteSur, OctetsDeControleRendusVisiblesTexteGarde)
 {
     const std::pair<std::string, std::string> cas[] = {

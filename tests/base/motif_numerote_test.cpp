@@ -6,7 +6,7 @@
 
 namespace velorin {
 namespace {
-TEST(MotifNumerote, NomsDeLaSerie)
+TEST(MotifNumerote, NomsDeLaSerieEtMotifsRefusesGardantLePrecedent)
 {
     // "%%" in the folder is a plain percent sign.
     for (auto [motif, numero, nom] :
@@ -20,10 +20,6 @@ TEST(MotifNumerote, NomsDeLaSerie)
         EXPECT_EQ(nomNumerote(m, numero), nom) << motif;
     }
     EXPECT_FALSE(estMotifNumerote("anim.gif"));
-}
-
-TEST(MotifNumerote, MotifsRefusesGardentLePrecedent)
-{
     for (auto [motif, raison] :
          {std::pair{"tour.png", "n'a pas de numéro"}, {"a%%b.png", "n'a pas de numéro"},
           {"t_%d_%d.png", "plus d'un numéro"}, {"t_%s.png", "est incorrect"}, {"t_%3d.png", "est incorrect"},

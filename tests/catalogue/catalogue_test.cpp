@@ -10,8 +10,6 @@ namespace velorin {
 namespace {
 using namespace essai;
 
-// Unassigned bytes survive the round trip; a character with no Windows-1252 byte, a sequence cut at the end,
-// stray and broken sequences become "?".
 TEST(Cp1252, ConversionDansLesDeuxSensEtOctetsIntraduisibles)
 {
     for (auto [utf8, octets, allerRetour] :
@@ -80,8 +78,7 @@ TEST(Catalogue, LaListeSuitLeFichierEtIgnoreUnEnregistrementPartiel)
                                                               "0003]" + std::string(300, 'g') + "[-01"}));
 }
 
-// One refusal of each reader and writer (the sentences of the paths are the path checker's own); a FIFO is
-// never waited on, even when it took the name of the catalogue in force.
+// One refusal of each reader and writer (the path sentences are base's); a FIFO is never waited on.
 TEST(Catalogue, EchecsEnFrancaisSansRienChanger)
 {
     DossierTemporaire d;

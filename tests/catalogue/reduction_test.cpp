@@ -34,7 +34,6 @@ Fiches fiches(const std::string& chemin)
     return resultat;
 }
 
-// A catalogue file holding `fiches`, opened.
 void ouvre(Catalogue& cat, const std::string& chemin, const Fiches& contenu)
 {
     ecrisFichier(chemin, octetsDe(contenu));
@@ -44,8 +43,7 @@ void ouvre(Catalogue& cat, const std::string& chemin, const Fiches& contenu)
 const Fiches cinq = {
     {1, "x=f1(t)=t"}, {2, "x=f1(a,t)=a"}, {3, "R=f1(t)=2"}, {5, "D(M,u):[(0,0,0)][(1,0,0)]"}, {9, "Point:[(1,2,3)]"}};
 
-// Kinds 0 and below are dropped, deleted or not; kinds ten to thirteen stay. The compaction file left over
-// (none when empty) is written over, its extra records kept; it then becomes the catalogue.
+// The compaction file left over (none when empty) is written over, keeps its extra records, becomes the catalogue.
 TEST(Reduction, GardeLesGenresPositifsDansLOrdreParDessusLeFichierRestant)
 {
     const std::tuple<const char*, Fiches, std::vector<NumeroLigne>, Fiches, Fiches> cas[] = {
@@ -74,7 +72,6 @@ TEST(Reduction, GardeLesGenresPositifsDansLOrdreParDessusLeFichierRestant)
     }
 }
 
-// Bytes no text conversion would give back are copied as they are; a trailing partial record is dropped.
 // A catalogue itself named "LIBI.lcs" compacts alone: it is neither its own left-over nor removed afterwards.
 TEST(Reduction, CopieAuOctetPresSansLePartielEtCatalogueNommeLIBI)
 {
@@ -119,8 +116,7 @@ TEST(Reduction, RefusEtEchecsLaissentLesDeuxFichiers)
     }
 }
 
-// The compaction numbers its records on 16 bits: one kept record too many is refused before anything is
-// written; one fewer is compacted.
+// 16-bit numbering: one kept record too many is refused before anything is written; one fewer is compacted.
 TEST(Reduction, CompteurSurSeizeBits)
 {
     DossierTemporaire d;

@@ -1,5 +1,4 @@
-// Changing one record by replacing the whole file gives, byte for byte, the file that writing the record in
-// place gives; a failure changes nothing.
+// Replacing the whole file gives, byte for byte, what writing in place gives; a failure changes nothing.
 #include "catalogue/remplace_ligne.h"
 
 #include "base/ecriture.h"
@@ -38,11 +37,10 @@ TEST(RemplaceLigne, MemesOctetsQuEnPlace)
     }
 }
 
-// Record, bytes before the simulated full disk (-1: none), message; nothing is left beside the catalogue.
 TEST(RemplaceLigne, UnEchecNeChangeRien)
 {
     const std::string depart = catalogue(3, 100);
-    for (auto [n, disque, message] :
+    for (auto [n, disque, message] :  // disque: bytes before the full disk, -1 for none
          {std::tuple{0, -1LL, "La ligne 0 ne peut pas être écrite"}, {5, -1LL, "La ligne 5 ne peut pas être écrite"},
           {-2, -1LL, "La ligne -2 ne peut pas être écrite"}, {2, 500LL, "le disque est plein"}}) {
         DossierTemporaire d;

@@ -10,7 +10,6 @@ namespace velorin {
 namespace {
 using namespace essai;
 
-// The example set: six lines, values as a user would type them.
 const std::string exemple = "-10,10,-10,10,-10,10\r\n0,6.28,0.05,0,6.28,0.1\r\n20,20,20,30,20,15\r\n"
                             "5,0,0,1,0,1,1,0\r\n0,0,0,0,0,0,1,0,0\r\n50,0,#FALSE#\r\n";
 
@@ -26,8 +25,7 @@ TEST(TexteNombre, DecimalSimpleAuPlusLesChiffresSignificatifs)
         EXPECT_EQ(texteNombre(v, chiffres), attendu) << v;
 }
 
-// Every value distinct: each lands in its member and is written back in its place. Line 6 restores only
-// the pause; it is written from the values in force.
+// Each distinct value lands in its member and is written back in place; line 6 restores only the pause.
 TEST(Memoire, ChampsDansLOrdreDuFichier)
 {
     const std::string texte = "1,2,3,4,5.5,6\r\n7,8,9,10,11,12\r\n13,14,15,16,17,18\r\n"
@@ -44,9 +42,7 @@ TEST(Memoire, ChampsDansLOrdreDuFichier)
     EXPECT_EQ(texteMemoire(p), texte.substr(0, texte.size() - 13) + "-3,1,#FALSE#\r\n");
 }
 
-// "." whatever the locale, both ways. One member per type: the field table takes each member's type from
-// the member itself. Doubles: 15 digits, exact for the values a user types; singles: a float of their
-// 7-digit text.
+// "." whatever the locale, both ways; doubles keep 15 digits, singles are the float of their 7-digit text.
 TEST(Memoire, AllerRetourGardeLesDoublesArronditLesSimples)
 {
     LocaleVirgule virgule;
@@ -61,8 +57,6 @@ TEST(Memoire, AllerRetourGardeLesDoublesArronditLesSimples)
     }
 }
 
-// LF alone, CR alone, a UTF-8 byte-order mark, blanks around values, signs and exponents, #FALSE# for 0,
-// a pause rounded half to even, a line too many.
 TEST(Memoire, FormesTolerees)
 {
     for (auto [remplace, par, xmin, repere, pause] :
@@ -116,8 +110,7 @@ TEST(Memoire, FichierAbimeNommeLigneEtValeurRienNeChange)
     }
 }
 
-// Through the disk: written whole and read back; one refusal of the file reader and of the writer (their
-// table is the base's), a value that is not finite, and UTF-16 text, each leaving the old file and values.
+// One refusal of the reader and of the writer (their table is the base's), a non-finite value, UTF-16.
 TEST(Memoire, SurLeDisqueRefusLaissentLAncienFichier)
 {
     DossierTemporaire d;
@@ -141,7 +134,6 @@ TEST(Memoire, SurLeDisqueRefusLaissentLAncienFichier)
     EXPECT_EQ(lisFichier(chemin), texteMemoire(lu));
 }
 
-// Line 6 is written with the start-up values.
 TEST(Memoire, FichiersLivresSontCeQueLEcrivainEcrit)
 {
     for (const char* dossier : {"Espace_courbes", "Plan_courbes"}) {
@@ -150,7 +142,7 @@ TEST(Memoire, FichiersLivresSontCeQueLEcrivainEcrit)
         p.axesVisibles = 0;
         ASSERT_FALSE(lisMemoire(chemin.string(), p)) << chemin;
         Parametres ecrit = p;
-        ecrit.ordreBoucles = 0;
+        ecrit.ordreBoucles = 0;  // line 6 is written with the start-up values
         ecrit.avecMoirure = false;
         EXPECT_EQ(lisFichier(chemin), texteMemoire(ecrit)) << chemin;
         EXPECT_EQ(std::tuple(p.axesVisibles, p.traceContinu, int(p.pauseMs), p.xmin, p.xmax, p.tmax, p.amax),

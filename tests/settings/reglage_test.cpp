@@ -15,9 +15,8 @@ int champ(const std::string& nom)
     return 0;
 }
 
-// Each field is read by the number reader, then converted to its member's type; a value the member cannot
-// hold refuses the whole set. An accepted text shows as `montre` once read, the other fields unchanged; a
-// refused one names `montre` in the message, changes nothing, and "(2" is the formula that ends the program.
+// A value the member cannot hold refuses the whole set, its message naming `montre`; "(2" ends the program.
+// An accepted text shows as `montre` once read, the other fields unchanged.
 TEST(Reglage, LectureEtConversionParChampRefusSansRienAppliquer)
 {
     const std::tuple<const char*, const char*, bool, const char*> cas[] = {
@@ -57,8 +56,7 @@ TEST(Reglage, LectureEtConversionParChampRefusSansRienAppliquer)
     }
 }
 
-// The remarks shown while typing: which field gets one, with which words (none: no remark on that field),
-// and whether applying would refuse it. The bench's factory values raise nothing anywhere else.
+// The remarks while typing: on which field, which words (none: no remark), whether applying refuses it.
 TEST(Reglage, RemarquesPendantLaSaisie)
 {
     const std::tuple<std::vector<std::pair<const char*, const char*>>, const char*, const char*, bool> cas[] = {
