@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,16 +7,14 @@
 
 namespace velorin {
 namespace {
-
-using essai::DossierTemporaire;
-namespace fs = std::filesystem;
+using namespace essai;
 
 // A file, a link to it, a folder, a link loop and a FIFO.
 struct Chemins : ::testing::Test {
     DossierTemporaire d;
     void SetUp() override
     {
-        essai::ecrisFichier(d / "entree.lsu", "contenu");
+        ecrisFichier(d / "entree.lsu", "contenu");
         fs::create_directory(d / "un_dossier");
         fs::create_symlink("boucle_b", d / "boucle_a");
         fs::create_symlink("boucle_a", d / "boucle_b");
@@ -28,39 +24,29 @@ struct Chemins : ::testing::Test {
     void TearDown() override { chmod((d / "illisible").c_str(), 0600); }
 };
 
-// Each refusal has its own sentence, for the checker and for the reader of
-// small text files above it (checked before opening: a FIFO never blocks).
+// One sentence per refusal, for the checker and the small-file reader (a FIFO never blocks); "": readable.
 TEST_F(Chemins, ChaqueCheminIllisibleASaPhrase)
 {
-    struct Cas {
-        std::string nom, fin;  // fin empty: readable
-    };
-    std::vector<Cas> cas = {
-        {"entree.lsu", ""},
-        {"lien.lsu", ""},
-        {"absent.lsu", " n'existe pas."},
-        {"absent/x.lsu", " n'existe pas."},
+    std::vector<std::pair<std::string, std::string>> cas = {
+        {"entree.lsu", ""}, {"lien.lsu", ""}, {"absent.lsu", " n'existe pas."}, {"absent/x.lsu", " n'existe pas."},
         {"entree.lsu/x", " n'existe pas : un élément de son chemin n'est pas un dossier."},
         {"un_dossier", " est un dossier, pas un fichier."},
         {"tube", " est un tube nommé (FIFO), pas un fichier : il ne peut pas être lu."},
-        {"boucle_a", " est un lien symbolique qui tourne en boucle."},
-    };
+        {"boucle_a", " est un lien symbolique qui tourne en boucle."}};
     if (geteuid() != 0) {  // root reads everything
-        essai::ecrisFichier(d / "illisible", "x");
+        ecrisFichier(d / "illisible", "x");
         chmod((d / "illisible").c_str(), 0);
         cas.push_back({"illisible", " ne peut pas être lu : permission refusée."});
     }
-    for (const Cas& c : cas) {
-        const std::string chemin = d / c.nom;
+    for (const auto& [nom, fin] : cas) {
+        const std::string chemin = d / nom;
         std::string contenu;
-        for (const Erreur& erreur :
-             {verifieFichierLisible(chemin, "Le catalogue"), lisFichierTexte(chemin, "Le catalogue", "", 100, contenu)}) {
-            EXPECT_EQ(bool(erreur), !c.fin.empty()) << c.nom << ": " << erreur.message();
-            if (erreur) {
-                EXPECT_EQ(erreur.message(), "Le catalogue " + texteCite(chemin) + c.fin);
-            }
+        const Erreur lu = lisFichierTexte(chemin, "Le catalogue", "", 100, contenu);
+        for (const Erreur& erreur : {verifieFichierLisible(chemin, "Le catalogue"), lu}) {
+            EXPECT_EQ(bool(erreur), !fin.empty()) << nom << ": " << erreur.message();
+            EXPECT_EQ(erreur.message(), fin.empty() ? "" : "Le catalogue " + texteCite(chemin) + fin);
         }
-        EXPECT_EQ(contenu, c.fin.empty() ? "contenu" : "") << c.nom;
+        EXPECT_EQ(contenu, fin.empty() ? "contenu" : "") << nom;
     }
     EXPECT_EQ(verifieFichierLisible("/dev/null").message(),
               "Le fichier « /dev/null » est un périphérique, pas un fichier.");
@@ -73,35 +59,25 @@ TEST_F(Chemins, ChaqueCheminIllisibleASaPhrase)
 
 TEST_F(Chemins, UneSortieNEstJamaisUneDesEntrees)
 {
-    const std::string entree = d / "entree.lsu";
-    const std::string relatif = fs::relative(entree, fs::current_path()).string();
+    const std::string entree = d / "entree.lsu", relatif = fs::relative(entree, fs::current_path()).string();
     ASSERT_NE(relatif[0], '/');
     const std::vector<std::string> entrees = {d / "autre.log", relatif};
-    struct Cas {
-        std::string sortie, message;  // message empty: accepted
-    };
-    const Cas cas[] = {
-        {d / "nouveau.png", ""},
-        {d / "un_dossier/x.png", ""},
+    const std::pair<std::string, std::string> cas[] = {
+        {d / "nouveau.png", ""}, {d / "un_dossier/x.png", ""},
         {entree, "est aussi lu par cette commande (" + texteCite(relatif) + ")"},
         {d / "lien.lsu", "est aussi lu par cette commande"},
-        {d / "un_dossier/../entree.lsu", "est aussi lu par cette commande"},
-        {d / "un_dossier", "est un dossier."},
-        {d / "absent/x.png", "Le dossier de sortie"},
-        {d / "boucle_a", "est un lien symbolique qui tourne en boucle."},
-        {d / "tube", "est un tube nommé (FIFO)"},
-        {"", "n'est pas nommé"},
-    };
-    for (const Cas& c : cas) {
-        const auto erreur = verifieSortie(c.sortie, entrees);
-        EXPECT_EQ(bool(erreur), !c.message.empty()) << c.sortie << ": " << erreur.message();
-        EXPECT_NE(erreur.message().find(c.message), std::string::npos) << erreur.message();
+        {d / "un_dossier/../entree.lsu", "est aussi lu par cette commande"}, {d / "un_dossier", "est un dossier."},
+        {d / "absent/x.png", "Le dossier de sortie"}, {d / "boucle_a", "est un lien symbolique qui tourne en boucle."},
+        {d / "tube", "est un tube nommé (FIFO)"}, {"", "n'est pas nommé"}};
+    for (const auto& [sortie, message] : cas) {
+        const auto erreur = verifieSortie(sortie, entrees);
+        EXPECT_EQ(bool(erreur), !message.empty()) << sortie << ": " << erreur.message();
+        EXPECT_NE(erreur.message().find(message), std::string::npos) << erreur.message();
     }
     EXPECT_TRUE(memeFichier(relatif, d / "lien.lsu"));
     EXPECT_FALSE(memeFichier(entree, d / "absent.lsu"));
     EXPECT_EQ(tailleFichier(d / "lien.lsu"), 7u);
     EXPECT_EQ(tailleFichier(d / "tube"), 0u);
 }
-
 }  // namespace
 }  // namespace velorin

@@ -1,9 +1,5 @@
-#include <gtest/gtest.h>
-
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <set>
 
 #include "base/ecriture.h"
 #include "base/texte_sur.h"
@@ -11,31 +7,22 @@
 
 namespace velorin {
 namespace {
-
-namespace fs = std::filesystem;
-using essai::lisFichier;
+using namespace essai;
+using Noms = std::vector<std::string>;  // sorted
 
 struct Ecriture : ::testing::Test {
-    essai::DossierTemporaire d;
+    DossierTemporaire d;
     void TearDown() override { simuleDisquePlein(-1); }
     std::string chemin(const std::string& nom) const { return d / nom; }
-    std::set<std::string> noms() const
-    {
-        const auto n = d.noms();
-        return {n.begin(), n.end()};
-    }
 };
 
+// A disk full after N bytes: at the start, the middle, the last byte, and through the stream of a long write.
 TEST_F(Ecriture, DisquePleinGardeLAncienFichierSansTemporaire)
 {
-    const std::string cible = chemin("f.txt");
+    const std::string cible = chemin("f.txt"), long_(200000, 'x');
     ASSERT_FALSE(ecrisFichierEntier(cible, "ancien contenu\n"));
     ASSERT_FALSE(ecrisFichierEntier(cible, "nouveau"));
     EXPECT_EQ(lisFichier(cible), "nouveau");
-
-    // A disk that fills up after N bytes: at the start, in the middle, at the
-    // very end (the last byte), and through the stream of a long write.
-    const std::string long_(200000, 'x');
     for (long long octets : {0LL, 1LL, 100000LL, 199999LL}) {
         simuleDisquePlein(octets);
         const auto erreur = ecrisFichierEntier(cible, long_);
@@ -44,8 +31,7 @@ TEST_F(Ecriture, DisquePleinGardeLAncienFichierSansTemporaire)
             << erreur.message();
         EXPECT_NE(erreur.message().find(texteCite(cible)), std::string::npos);
         EXPECT_EQ(lisFichier(cible), "nouveau") << octets;
-        EXPECT_EQ(noms(), std::set<std::string>{"f.txt"}) << "a temporary is left, " << octets;
-
+        EXPECT_EQ(d.noms(), Noms{"f.txt"}) << "a temporary is left, " << octets;
         EcritureEntiere e(cible);
         ASSERT_FALSE(e.ouverture());
         for (int i = 0; i < 1000; ++i)
@@ -56,7 +42,7 @@ TEST_F(Ecriture, DisquePleinGardeLAncienFichierSansTemporaire)
     simuleDisquePlein(200000);  // exactly enough
     ASSERT_FALSE(ecrisFichierEntier(cible, long_));
     EXPECT_EQ(lisFichier(cible), long_);
-    EXPECT_EQ(noms(), std::set<std::string>{"f.txt"});
+    EXPECT_EQ(d.noms(), Noms{"f.txt"});
 }
 
 TEST_F(Ecriture, CheminsImpossiblesAEcrireDitsEnFrancais)
@@ -64,22 +50,15 @@ TEST_F(Ecriture, CheminsImpossiblesAEcrireDitsEnFrancais)
     fs::create_directory(chemin("un_dossier"));
     fs::create_symlink("boucle_b", chemin("boucle_a"));
     fs::create_symlink("boucle_a", chemin("boucle_b"));
-    struct Cas {
-        std::string cible;
-        const char* message;
-    };
-    const Cas cas[] = {
-        {chemin("absent/f.txt"), "le dossier n'existe pas."},
-        {chemin("un_dossier"), "c'est un dossier."},
-        {chemin("boucle_a"), "les liens symboliques du chemin tournent en boucle."},
-    };
-    for (const Cas& c : cas) {
-        const auto erreur = ecrisFichierEntier(c.cible, "x");
-        ASSERT_TRUE(erreur) << c.cible;
-        EXPECT_EQ(erreur.message(), "Impossible d'écrire " + texteCite(c.cible) + " : " + c.message);
+    for (auto [nom, message] : {std::pair{"absent/f.txt", "le dossier n'existe pas."},
+                                {"un_dossier", "c'est un dossier."},
+                                {"boucle_a", "les liens symboliques du chemin tournent en boucle."}}) {
+        const auto erreur = ecrisFichierEntier(chemin(nom), "x");
+        ASSERT_TRUE(erreur) << nom;
+        EXPECT_EQ(erreur.message(), "Impossible d'écrire " + texteCite(chemin(nom)) + " : " + message);
     }
     EXPECT_TRUE(fs::is_directory(chemin("un_dossier")));
-    EXPECT_EQ(noms(), (std::set<std::string>{"boucle_a", "boucle_b", "un_dossier"}));
+    EXPECT_EQ(d.noms(), (Noms{"boucle_a", "boucle_b", "un_dossier"}));
 }
 
 TEST_F(Ecriture, EcritAuTraversDUnLienEtAccepteLesNomsLongs)
@@ -93,36 +72,23 @@ TEST_F(Ecriture, EcritAuTraversDUnLienEtAccepteLesNomsLongs)
     EXPECT_EQ(lisFichier(chemin("vrai/cible.txt")), "après");
     EXPECT_EQ(fs::status(chemin("vrai/cible.txt")).permissions() & fs::perms::all,
               fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
-
     const std::string nom(255, 'n');
     ASSERT_FALSE(ecrisFichierEntier(chemin(nom), "long"));
     EXPECT_EQ(lisFichier(chemin(nom)), "long");
-    EXPECT_EQ(noms(), (std::set<std::string>{"vrai", "lien.txt", nom}));
+    EXPECT_EQ(d.noms(), (Noms{"lien.txt", nom, "vrai"}));
 }
 
 TEST(TexteSur, OctetsDeControleRendusVisiblesTexteGarde)
 {
-    struct Cas {
-        std::string brut, sur;
-    };
-    const Cas cas[] = {
-        {std::string("a\0b", 3), "a\\0b"},
-        {"\x1B[2J efface", "\\e[2J efface"},
-        {"ligne\r\nsuite\ttab", "ligne\\r\\nsuite\\ttab"},
-        {"cloche\x07\x7F", "cloche\\x07\\x7F"},
-        {"Égalité à ‰ 😀", "Égalité à ‰ 😀"},
-        {"\xE9t\xE9", "\\xE9t\\xE9"},  // Windows-1252, not UTF-8
-        {"\xC2\x9B"
-         "31m",
-         "\\xC2\\x9B31m"},                                        // C1 control (CSI)
-        {"\xE2\x82", "\\xE2\\x82"},                               // cut sequence
-        {"\xC0\xAF \xED\xA0\x80", "\\xC0\\xAF \\xED\\xA0\\x80"},  // overlong, surrogate
-        {"c:\\chemin", "c:\\chemin"},
-    };
-    for (const Cas& c : cas)
-        EXPECT_EQ(texteSur(c.brut), c.sur) << c.sur;
+    const std::pair<std::string, std::string> cas[] = {
+        {std::string("a\0b", 3), "a\\0b"}, {"\x1B[2J efface", "\\e[2J efface"},
+        {"ligne\r\nsuite\ttab", "ligne\\r\\nsuite\\ttab"}, {"cloche\x07\x7F", "cloche\\x07\\x7F"},
+        {"Égalité à ‰ 😀", "Égalité à ‰ 😀"}, {"\xE9t\xE9", "\\xE9t\\xE9"}, {"\xC2\x9B" "31m", "\\xC2\\x9B31m"},
+        {"\xE2\x82", "\\xE2\\x82"}, {"\xC0\xAF \xED\xA0\x80", "\\xC0\\xAF \\xED\\xA0\\x80"},
+        {"c:\\chemin", "c:\\chemin"}};
+    for (const auto& [brut, sur] : cas)
+        EXPECT_EQ(texteSur(brut), sur) << sur;
     EXPECT_EQ(texteCite(std::string("x\0", 2)), "« x\\0 »");
 }
-
 }  // namespace
 }  // namespace velorin

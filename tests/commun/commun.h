@@ -1,6 +1,5 @@
-// What the tests of every module share: a fresh temporary folder, a whole
-// file read or written at once, and states built in one line (calibrated on
-// a recording surface, or with the four folders of a session on disk).
+// What the tests of every module share: a fresh temporary folder, a whole file read or written at once,
+// states built in one line (calibrated, or with the four folders of a session on disk), viewer and frame.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -13,6 +12,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "plot/ecran.h"
@@ -30,8 +30,7 @@ public:
     explicit DossierTemporaire(const std::string& prefixe = "velorin_essai_")
     {
         static std::atomic<int> compteur{0};
-        chemin_ = fs::temp_directory_path() /
-                  (prefixe + std::to_string(::getpid()) + "_" + std::to_string(compteur++));
+        chemin_ = fs::temp_directory_path() / (prefixe + std::to_string(::getpid()) + "_" + std::to_string(compteur++));
         fs::remove_all(chemin_);
         fs::create_directories(chemin_);
     }
@@ -45,8 +44,7 @@ public:
 
     const fs::path& chemin() const { return chemin_; }
     std::string operator/(const std::string& nom) const { return (chemin_ / nom).string(); }
-    // Names in the folder, sorted.
-    std::vector<std::string> noms() const
+    std::vector<std::string> noms() const  // names in the folder, sorted
     {
         std::vector<std::string> n;
         for (const auto& e : fs::directory_iterator(chemin_))
@@ -62,9 +60,8 @@ private:
 // The whole file as bytes ("" when it cannot be read).
 inline std::string lisFichier(const fs::path& chemin)
 {
-    std::ifstream f(chemin, std::ios::binary);
     std::stringstream s;
-    s << f.rdbuf();
+    s << std::ifstream(chemin, std::ios::binary).rdbuf();
     return s.str();
 }
 
@@ -89,8 +86,7 @@ inline Etat etatCalibre(bool espace)
     return etat;
 }
 
-// A calibrated state whose four folders exist under `racine`, in the mode
-// chosen, with the catalogue file name of that mode.
+// A calibrated state whose four folders exist under `racine`, in the mode chosen, with its catalogue name.
 inline Etat etatAvecDossiers(const fs::path& racine, bool espace)
 {
     Etat etat = etatCalibre(espace);
@@ -109,22 +105,16 @@ inline Etat etatAvecDossiers(const fs::path& racine, bool espace)
 // A viewer at (x, y, z) looking at the origin, the view set up again.
 inline void placeViseur(Etat& etat, double x, double y, double z)
 {
-    etat.param.Xviseur = x;
-    etat.param.Yviseur = y;
-    etat.param.Zviseur = z;
-    etat.param.Xdirection = -x;
-    etat.param.Ydirection = -y;
-    etat.param.Zdirection = -z;
+    Parametres& p = etat.param;
+    std::tie(p.Xviseur, p.Yviseur, p.Zviseur) = std::tuple(x, y, z);
+    std::tie(p.Xdirection, p.Ydirection, p.Zdirection) = std::tuple(-x, -y, -z);
     ajusteVue(etat, etat.vue.W, etat.vue.H);
 }
 
 // The plane frame [xmin, xmax] x [ymin, ymax], the view set up again.
 inline void placeCadre(Etat& etat, double xmin, double xmax, double ymin, double ymax)
 {
-    etat.param.xmin = xmin;
-    etat.param.xmax = xmax;
-    etat.param.ymin = ymin;
-    etat.param.ymax = ymax;
+    std::tie(etat.param.xmin, etat.param.xmax, etat.param.ymin, etat.param.ymax) = std::tuple(xmin, xmax, ymin, ymax);
     ajusteVue(etat, etat.vue.W, etat.vue.H);
 }
 

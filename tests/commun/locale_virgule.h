@@ -1,6 +1,5 @@
-// Puts a comma-decimal locale in force for the life of the object: a C++
-// global locale whose numbers use "," and group thousands with ".", and the
-// French C locale when the machine has one. Restores "C" afterwards.
+// Puts a comma-decimal locale in force for the life of the object: a C++ global locale whose numbers use ","
+// and group thousands with ".", and the French C locale when the machine has one. Restores "C" afterwards.
 #pragma once
 #include <clocale>
 #include <locale>
@@ -19,10 +18,8 @@ public:
     LocaleVirgule() : avant_(std::locale::global(std::locale(std::locale::classic(), new VirguleDecimale)))
     {
         for (const char* nom : {"fr_FR.UTF-8", "fr_FR.utf8", "fr_FR", "de_DE.UTF-8"})
-            if (std::setlocale(LC_ALL, nom)) {
+            if (!cEnFrancais_ && std::setlocale(LC_ALL, nom))
                 cEnFrancais_ = true;
-                break;
-            }
     }
     ~LocaleVirgule()
     {

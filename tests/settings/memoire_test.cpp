@@ -1,51 +1,33 @@
-#include <gtest/gtest.h>
-
 #include <cmath>
-#include <tuple>
 
-#include "commun/locale_virgule.h"
 #include "base/ecriture.h"
 #include "commun/commun.h"
+#include "commun/locale_virgule.h"
 #include "settings/memoire.h"
 #include "settings/texte_nombre.h"
 
 namespace velorin {
 namespace {
+using namespace essai;
 
-namespace fs = std::filesystem;
-
-// The example set: six lines, values as a user would type them.
-const char* const exemple = "-10,10,-10,10,-10,10\r\n"
-                            "0,6.28,0.05,0,6.28,0.1\r\n"
-                            "20,20,20,30,20,15\r\n"
-                            "5,0,0,1,0,1,1,0\r\n"
-                            "0,0,0,0,0,0,1,0,0\r\n"
-                            "50,0,#FALSE#\r\n";
-
-using essai::lisFichier;
+const std::string exemple = "-10,10,-10,10,-10,10\r\n0,6.28,0.05,0,6.28,0.1\r\n20,20,20,30,20,15\r\n"
+                            "5,0,0,1,0,1,1,0\r\n0,0,0,0,0,0,1,0,0\r\n50,0,#FALSE#\r\n";
 
 // Under a comma-decimal locale: the numbers are written with "." all the same.
 TEST(TexteNombre, DecimalSimpleAuPlusLesChiffresSignificatifs)
 {
     LocaleVirgule virgule;
-    struct Cas {
-        double v;
-        int chiffres;
-        const char* attendu;
-    };
-    for (Cas c : {Cas{-0.0, 15, "0"}, Cas{0.1 + 0.2, 15, "0.3"}, Cas{2.0 / 3, 7, "0.6666667"},
-                  Cas{0.0001, 15, "0.0001"}, Cas{0.00001, 15, "1E-05"}, Cas{-1.5e-7, 15, "-1.5E-07"},
-                  Cas{123456789012345, 15, "123456789012345"}, Cas{1e15, 15, "1E+15"},
-                  Cas{12345678, 7, "1.234568E+07"}, Cas{double(15.3f), 7, "15.3"},
-                  Cas{double(15.3f), 15, "15.3000001907349"}, Cas{9999999.7, 7, "1E+07"}})
-        EXPECT_EQ(texteNombre(c.v, c.chiffres), c.attendu) << c.v;
+    for (auto [v, chiffres, attendu] :
+         {std::tuple{-0.0, 15, "0"}, {0.1 + 0.2, 15, "0.3"}, {2.0 / 3, 7, "0.6666667"}, {0.0001, 15, "0.0001"},
+          {0.00001, 15, "1E-05"}, {-1.5e-7, 15, "-1.5E-07"}, {123456789012345., 15, "123456789012345"},
+          {1e15, 15, "1E+15"}, {12345678., 7, "1.234568E+07"}, {double(15.3f), 7, "15.3"},
+          {double(15.3f), 15, "15.3000001907349"}, {9999999.7, 7, "1E+07"}})
+        EXPECT_EQ(texteNombre(v, chiffres), attendu) << v;
 }
 
+// Each distinct value lands in its member and is written back in place; line 6 restores only the pause.
 TEST(Memoire, ChampsDansLOrdreDuFichier)
 {
-    // Every value distinct: each lands in its member and is written back in
-    // its place. Line 6 restores only the pause; it is written from the
-    // values in force.
     const std::string texte = "1,2,3,4,5.5,6\r\n7,8,9,10,11,12\r\n13,14,15,16,17,18\r\n"
                               "19,20,21,22,23,1,0,1\r\n1,0,0,0,0,1,0,0,1\r\n-3,2,#TRUE#\r\n";
     Parametres p;
@@ -60,64 +42,42 @@ TEST(Memoire, ChampsDansLOrdreDuFichier)
     EXPECT_EQ(texteMemoire(p), texte.substr(0, texte.size() - 13) + "-3,1,#FALSE#\r\n");
 }
 
+// "." whatever the locale, both ways; doubles keep 15 digits, singles are the float of their 7-digit text.
 TEST(Memoire, AllerRetourGardeLesDoublesArronditLesSimples)
 {
-    LocaleVirgule virgule;  // "." whatever the locale, both ways
-    struct Cas {
-        double d, s;
-    };
-    for (Cas c : {Cas{6.28, 15.3}, Cas{-1e-9, 1.0 / 3}, Cas{1234.5, -2.5}, Cas{123456.789012345, 16777217},
-                  Cas{1e20, -2.5e-12}}) {
-        // One member per type: the field table takes each member's type from the member itself.
-        Parametres p;
-        p.xmin = c.d;
-        p.zmin = static_cast<float>(c.s);
-        Parametres lu;
+    LocaleVirgule virgule;
+    for (auto [d, s] : {std::pair{6.28, 15.3}, {-1e-9, 1.0 / 3}, {1234.5, -2.5}, {123456.789012345, 16777217.},
+                        {1e20, -2.5e-12}}) {
+        Parametres p, lu;
+        p.xmin = d;
+        p.zmin = static_cast<float>(s);
         ASSERT_FALSE(analyseMemoire(texteMemoire(p), "m", lu));
-        // Doubles: 15 digits, exact for the values a user types; singles: a float of their 7-digit text.
-        EXPECT_EQ(lu.xmin, std::stod(texteNombre(c.d, 15)));
-        EXPECT_EQ(lu.zmin, static_cast<float>(std::stod(texteNombre(float(c.s), 7)))) << c.s;
+        EXPECT_EQ(lu.xmin, std::stod(texteNombre(d, 15)));
+        EXPECT_EQ(lu.zmin, static_cast<float>(std::stod(texteNombre(float(s), 7)))) << s;
     }
 }
 
 TEST(Memoire, FormesTolerees)
 {
-    struct Cas {
-        std::string remplace, par;
-        double xmin;
-        int repere;
-        std::int16_t pause;
-    };
-    const Cas cas[] = {
-        {"\r\n", "\n", -10, 1, 50},                            // LF alone
-        {"\r\n", "\r", -10, 1, 50},                            // CR alone
-        {"-10,10,-10", "\xEF\xBB\xBF-10,10,-10", -10, 1, 50},  // UTF-8 byte-order mark
-        {"-10,10,-10", " -10 ,\t10,-10", -10, 1, 50},          // blanks around values
-        {"-10,10,-10", "+.5,10,-10", 0.5, 1, 50},
-        {"-10,10,-10", "-1.5E+01,10,-10", -15, 1, 50},
-        {"5,0,0,1,0,1,1,0", "5,0,0,1,0,#FALSE#,1,0", -10, 0, 50},
-        {"50,0,#FALSE#", "50.5", -10, 1, 50},  // rounded half to even
-        {"50,0,#FALSE#", "-32768,9", -10, 1, -32768},
-    };
-    for (const Cas& c : cas) {
-        std::string texte = std::string(exemple) + "ligne de trop\r\n";
-        for (auto i = texte.find(c.remplace); i != std::string::npos;
-             i = c.remplace == "\r\n" ? texte.find(c.remplace, i + 1) : std::string::npos)
-            texte.replace(i, c.remplace.size(), c.par);
+    for (auto [remplace, par, xmin, repere, pause] :
+         {std::tuple<std::string, std::string, double, int, std::int16_t>{"\r\n", "\n", -10, 1, 50},
+          {"\r\n", "\r", -10, 1, 50}, {"-10,10,-10", "\xEF\xBB\xBF-10,10,-10", -10, 1, 50},
+          {"-10,10,-10", " -10 ,\t10,-10", -10, 1, 50}, {"-10,10,-10", "+.5,10,-10", 0.5, 1, 50},
+          {"-10,10,-10", "-1.5E+01,10,-10", -15, 1, 50}, {"5,0,0,1,0,1,1,0", "5,0,0,1,0,#FALSE#,1,0", -10, 0, 50},
+          {"50,0,#FALSE#", "50.5", -10, 1, 50}, {"50,0,#FALSE#", "-32768,9", -10, 1, -32768}}) {
+        std::string texte = exemple + "ligne de trop\r\n";
+        for (auto i = texte.find(remplace); i != std::string::npos;
+             i = remplace == "\r\n" ? texte.find(remplace, i + 1) : std::string::npos)
+            texte.replace(i, remplace.size(), par);
         Parametres p;
-        ASSERT_FALSE(analyseMemoire(texte, "m", p)) << c.par;
-        EXPECT_EQ(p.xmin, c.xmin) << c.par;
-        EXPECT_EQ(p.repereOrthonorme, c.repere) << c.par;
-        EXPECT_EQ(p.pauseMs, c.pause) << c.par;
+        ASSERT_FALSE(analyseMemoire(texte, "m", p)) << par;
+        EXPECT_EQ(std::tuple(p.xmin, p.repereOrthonorme, p.pauseMs), std::tuple(xmin, repere, pause)) << par;
     }
 }
 
 TEST(Memoire, FichierAbimeNommeLigneEtValeurRienNeChange)
 {
-    struct Cas {
-        std::string remplace, par, message;
-    };
-    const Cas cas[] = {
+    const std::tuple<std::string, std::string, std::string> cas[] = {
         {"20,20,20,30,20,15", "20,20,20,30", "ligne 3 : 6 valeurs attendues, 4 trouvées"},
         {"0,6.28,0.05,0,6.28,0.1", "", "ligne 2 : 6 valeurs attendues, aucune trouvée"},
         {"0,0,0,0,0,0,1,0,0\r\n50,0,#FALSE#\r\n", "0,0,0,0,0,0,1,0,0\r\n", "ligne 6 : ligne manquante"},
@@ -134,45 +94,34 @@ TEST(Memoire, FichierAbimeNommeLigneEtValeurRienNeChange)
         {"-10,10,-10,10,-10,10", "-10,10,-10,10,-1e39,10", "ligne 1 : valeur 5, -1e39 est hors des limites de zmin"},
         {"50,0,#FALSE#", "32768,0,#FALSE#", "ligne 6 : valeur 1, 32768 est hors des limites de pauseMs"},
         {"0,0,0,0,0,0,1,0,0", "0,0,0,0,0,0,2,0,0", "ligne 5 : valeur 7, 2 pour axesVisibles : 0 ou 1"},
-        {"50,0,#FALSE#", "", "ligne 6 : 3 valeurs attendues, aucune trouvée"},
-    };
-    for (const Cas& c : cas) {
+        {"50,0,#FALSE#", "", "ligne 6 : 3 valeurs attendues, aucune trouvée"}};
+    for (const auto& [remplace, par, message] : cas) {
         std::string texte = exemple;
-        const auto i = texte.find(c.remplace);
-        ASSERT_NE(i, std::string::npos) << c.remplace;
-        texte.replace(i, c.remplace.size(), c.par);
+        const auto i = texte.find(remplace);
+        ASSERT_NE(i, std::string::npos) << remplace;
+        texte.replace(i, remplace.size(), par);
         Parametres p;
-        p.xmin = 1.25;
-        p.pauseMs = 7;
-        p.zmax = 99;  // values in force
+        std::tie(p.xmin, p.pauseMs, p.zmax) = std::tuple(1.25, 7, 99);  // values in force
         const auto erreur = analyseMemoire(texte, "/d/mem.log", p);
-        ASSERT_TRUE(erreur) << c.par;
-        SCOPED_TRACE(c.par);
+        ASSERT_TRUE(erreur) << par;
         EXPECT_EQ(erreur.message().rfind("Fichier /d/mem.log, ", 0), 0u) << erreur.message();
-        EXPECT_NE(erreur.message().find(c.message), std::string::npos) << erreur.message();
-        EXPECT_EQ(p.xmin, 1.25);
-        EXPECT_EQ(p.pauseMs, 7);
-        EXPECT_EQ(p.zmax, 99);
+        EXPECT_NE(erreur.message().find(message), std::string::npos) << erreur.message();
+        EXPECT_EQ(std::tuple(p.xmin, int(p.pauseMs), p.zmax), std::tuple(1.25, 7, 99.0)) << par;
     }
 }
 
-// Through the disk: written whole and read back; one refusal of the file
-// reader and of the writer (their table is the base's), a value that is not
-// finite, and UTF-16 text, each leaving the old file and values intact.
+// One refusal of the reader and of the writer (their table is the base's), a non-finite value, UTF-16.
 TEST(Memoire, SurLeDisqueRefusLaissentLAncienFichier)
 {
-    essai::DossierTemporaire d;
-    const std::string chemin = d / nomFichierMemoire(false);
-    Parametres p;
+    DossierTemporaire d;
+    const std::string chemin = d / nomFichierMemoire(false), absent = d / "absent/mem.log";
+    Parametres p, lu;
     p.xmax = 7.5;
     ASSERT_FALSE(ecrisMemoire(chemin, p));
     EXPECT_EQ(lisFichier(chemin), texteMemoire(p));
     EXPECT_EQ(d.noms().size(), 1u);  // no temporary
-    Parametres lu;
     ASSERT_FALSE(lisMemoire(chemin, lu));
     EXPECT_EQ(lu.xmax, 7.5);
-
-    const std::string absent = d / "absent/mem.log";
     EXPECT_NE(lisMemoire(absent, lu).message().find(absent), std::string::npos);
     p.xmax = 8;
     simuleDisquePlein(0);
@@ -200,6 +149,5 @@ TEST(Memoire, FichiersLivresSontCeQueLEcrivainEcrit)
                   std::tuple(1, 1, 0, -10.0, 10.0, 6.28, 6.28));
     }
 }
-
 }  // namespace
 }  // namespace velorin
