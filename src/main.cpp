@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "app/lancement.h"
+#include "base/ecriture.h"
 #include "base/texte_sur.h"
 #include "cli/commandes.h"
 #include "cli/sortie_standard.h"
@@ -50,6 +51,9 @@ int main(int argc, char** argv)
         return 2;
     }
     installeFiltreMessages();
+    // Stopped by Ctrl-C, a kill or a closed terminal, the program leaves no
+    // temporary of a file being written.
+    installeNettoyageSignaux();
     if (argc < 2) {
         if (!affichageDisponible()) {
             std::fputs("velorin : aucun affichage n'est disponible (ni DISPLAY ni WAYLAND_DISPLAY) : la fenêtre ne "

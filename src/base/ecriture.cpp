@@ -1,10 +1,12 @@
 #include "base/ecriture.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -32,6 +34,39 @@ long long& limiteDisque()
         return (fin && *fin == '\0' && n >= 0) ? n : -1LL;
     }();
     return limite;
+}
+
+// The temporaries being written, for the signal handler: each place holds
+// the name of one (owned by its EcritureEntiere) or nothing. Atomic
+// pointers, so that the handler reads a whole name or none; when the table
+// is full a temporary simply goes unlisted.
+constexpr int placesProvisoires = 4096;
+std::atomic<const char*> provisoires[placesProvisoires];
+
+int inscris(const char* chemin)
+{
+    for (int i = 0; i < placesProvisoires; ++i) {
+        const char* libre = nullptr;
+        if (provisoires[i].compare_exchange_strong(libre, chemin))
+            return i;
+    }
+    return -1;
+}
+
+void raye(int& place)
+{
+    if (place >= 0)
+        provisoires[place].store(nullptr);
+    place = -1;
+}
+
+// Only unlink and _exit: both are safe in a signal handler.
+extern "C" void nettoieEtTermine(int signal)
+{
+    for (auto& p : provisoires)
+        if (const char* chemin = p.load())
+            unlink(chemin);
+    _exit(128 + signal);
 }
 
 // Where writing `cible` really goes: the file at the end of its links. Fills
@@ -76,6 +111,21 @@ std::string raisonSysteme(int numeroErreur)
     case ENXIO: return "ce n'est pas un fichier ordinaire";
     case ENOMEM: return "mémoire insuffisante";
     default: return "erreur système n° " + std::to_string(numeroErreur);
+    }
+}
+
+void installeNettoyageSignaux()
+{
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction avant {};
+        if (sigaction(signal, nullptr, &avant) == 0 && avant.sa_handler == SIG_IGN)
+            continue;
+        struct sigaction action {};
+        action.sa_handler = nettoieEtTermine;
+        sigemptyset(&action.sa_mask);
+        for (const int autre : {SIGINT, SIGTERM, SIGHUP})
+            sigaddset(&action.sa_mask, autre);
+        sigaction(signal, &action, nullptr);
     }
 }
 
@@ -144,6 +194,7 @@ EcritureEntiere::EcritureEntiere(std::string cible) : cible_(std::move(cible))
         return;
     }
     provisoire_ = modele;
+    place_ = inscris(provisoire_.c_str());
     // The new file keeps the old one's permissions, or gets the usual ones.
     mode_t mode;
     if (existe) {
@@ -164,6 +215,7 @@ EcritureEntiere::~EcritureEntiere()
         close(fd_);
     if (!fini_ && !provisoire_.empty())
         unlink(provisoire_.c_str());
+    raye(place_);
 }
 
 void EcritureEntiere::echoue(int numeroErreur)
@@ -241,6 +293,7 @@ Erreur EcritureEntiere::termine()
         return erreur_;
     }
     fini_ = true;
+    raye(place_);
     // The new name reaches the disk too (not possible everywhere: ignored).
     const int dossier = open(dossierDe(reelle_).c_str(), O_RDONLY | O_DIRECTORY);
     if (dossier >= 0) {

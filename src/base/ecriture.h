@@ -15,6 +15,11 @@
 // the first N bytes of a file fail as on a full disk (ENOSPC), so that the
 // command-line tests need no special mount; simuleDisquePlein does the same
 // inside a process.
+//
+// A process stopped by SIGINT, SIGTERM or SIGHUP leaves no temporary
+// behind once installeNettoyageSignaux() has run: the live temporaries are
+// kept in a fixed table that the signal handler walks, removing each, before
+// the process ends with status 128 + the signal. The targets are untouched.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -52,6 +57,7 @@ private:
     std::string cible_;       // as the user named it (for messages)
     std::string reelle_;      // where the file is really written (through links)
     std::string provisoire_;  // the temporary, empty when none
+    int place_ = -1;          // its place in the table of live temporaries
     int fd_ = -1;
     std::uint64_t ecrits_ = 0;
     Erreur erreur_;
@@ -71,6 +77,11 @@ void simuleDisquePlein(long long octets);
 // The bytes after which writes fail in the simulation, -1 when none: for
 // the writers that change a file in place instead of replacing it.
 long long limiteDisqueSimulee();
+
+// From now on SIGINT, SIGTERM and SIGHUP remove the live temporaries and
+// end the process with status 128 + the signal. A signal the process was
+// told to ignore (nohup) stays ignored.
+void installeNettoyageSignaux();
 
 // The French sentence for a system error number met on `chemin`
 // ("le disque est plein", "permission refusée", ...).

@@ -11,6 +11,7 @@
 #include "base/chemins.h"
 #include "base/ecriture.h"
 #include "base/texte_sur.h"
+#include "base/verrou.h"
 #include "catalogue/cp1252.h"
 
 namespace velorin {
@@ -116,8 +117,14 @@ Erreur ouvrirCatalogue(Catalogue& cat, const std::string& chemin)
         const std::string nom = "Le catalogue " + texteCite(chemin) + " n'existe pas et ne peut pas être créé";
         if (auto erreur = verifieDossier(dossierDe(chemin), "son dossier"))
             return nom + " : " + erreur.message();
-        if (auto erreur = ecrisFichierEntier(chemin, ""))
-            return nom + ". " + erreur.message();
+        // Created under the lock, and only if still missing: another writer
+        // may have created it and appended to it meanwhile.
+        Verrou verrou(chemin, "Le catalogue");
+        if (verrou.erreur())
+            return verrou.erreur();
+        if (stat(chemin.c_str(), &s) != 0 && errno == ENOENT)
+            if (auto erreur = ecrisFichierEntier(chemin, ""))
+                return nom + ". " + erreur.message();
     }
     if (auto erreur = verifieFichierLisible(chemin, "Le catalogue"))
         return erreur;
@@ -175,6 +182,9 @@ Erreur ecrisLigne(Catalogue& cat, NumeroLigne n, const LigneCatalogue& ligne)
     if (n < 1 || n > cat.nbLignesCatalogue + 1)
         return "La ligne " + std::to_string(n) + " ne peut pas être écrite dans le catalogue " + texteCite(cat.chemin) +
                " (" + std::to_string(cat.nbLignesCatalogue) + " lignes).";
+    Verrou verrou(cat.chemin, "Le catalogue");
+    if (verrou.erreur())
+        return verrou.erreur();
     // Opened for writing without creating nor truncating; O_NONBLOCK so that
     // a FIFO put in the file's place is refused instead of waited on.
     const int fd = open(cat.chemin.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);

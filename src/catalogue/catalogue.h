@@ -16,6 +16,12 @@
 // fails is cut back so that no partial record stays, and the rest of the
 // file is never touched nor truncated.
 //
+// Every writer holds the catalogue's Verrou (base/verrou.h) from its reading
+// to its writing: ecrisLigne, the creation of a missing file, and the
+// callers that count the records first to append one (the editors, the
+// points, `catalogue ajoute`); a second writer waits for the first, or
+// gives up with nothing changed.
+//
 // Reading: the path is checked first (a folder, a FIFO, a device, a link
 // loop or a missing file each get their own sentence, and reading never
 // blocks), then records are read one by one, never the whole file at once.

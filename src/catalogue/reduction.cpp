@@ -10,6 +10,7 @@
 #include "base/chemins.h"
 #include "base/ecriture.h"
 #include "base/texte_sur.h"
+#include "base/verrou.h"
 
 namespace velorin {
 
@@ -87,6 +88,11 @@ std::string cheminReduction(const std::string& chemin)
 
 Erreur reduction(Catalogue& cat, const std::vector<NumeroLigne>& effacees, BilanReduction* bilan)
 {
+    // Held from the count to the rename, and over "LIBI.lcs", which is the
+    // folder's.
+    Verrou verrou(cat.chemin, "Le catalogue");
+    if (verrou.erreur())
+        return verrou.erreur();
     if (auto erreur = ouvrirCatalogue(cat))
         return erreur;
     const std::string catalogue = texteCite(cat.chemin);

@@ -5,6 +5,7 @@
 
 #include "base/ecriture.h"
 #include "base/texte_sur.h"
+#include "base/verrou.h"
 
 namespace velorin {
 
@@ -35,6 +36,9 @@ bool copie(std::ifstream& source, EcritureEntiere& sortie, long long octets)
 
 Erreur remplaceLigne(Catalogue& cat, NumeroLigne n, const LigneCatalogue& ligne)
 {
+    Verrou verrou(cat.chemin, "Le catalogue");
+    if (verrou.erreur())
+        return verrou.erreur();
     if (auto erreur = ouvrirCatalogue(cat))
         return erreur;
     if (n > limiteLignesCatalogue)

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "base/texte_sur.h"
+#include "base/verrou.h"
 #include "catalogue/cp1252.h"
 #include "catalogue/remplace_ligne.h"
 #include "cli/catalogue.h"
@@ -176,6 +177,11 @@ int catalogueAjoute(int argc, char** argv)
                                             texteCite(depuisCp1252(octets.substr(longueurTexte))) +
                                             " perdu. Rien n'est écrit.");
 
+    // Held from the count to the write: an append of another writer meanwhile
+    // would otherwise be overwritten.
+    Verrou verrou(a.fichier, "Le catalogue");
+    if (verrou.erreur())
+        return echecCatalogue("ajoute", verrou.erreur().message());
     Catalogue cat;
     if (auto erreur = ouvreCatalogueExistant(cat, a.fichier))
         return echecCatalogue("ajoute", erreur.message());

@@ -1,6 +1,7 @@
 #include "plot/points_memoire.h"
 
 #include "base/texte_sur.h"
+#include "base/verrou.h"
 #include "catalogue/cp1252.h"
 #include "engine/nombres.h"
 #include "plot/demande.h"
@@ -72,6 +73,10 @@ Erreur creePoint(Catalogue& cat, std::string_view coordonnees, Enregistrement& r
         return "Tapez les coordonnées du point, par exemple (1,2,3).";
     if (auto erreur = verifieLongueur(resultat.texte, facon))
         return erreur;
+    // Held from the look for an equal point to the append.
+    Verrou verrou(cat.chemin, "Le catalogue");
+    if (verrou.erreur())
+        return verrou.erreur();
     std::vector<PointMemoire> points;
     if (auto erreur = chargePoints(cat, points))
         return erreur;
@@ -89,6 +94,9 @@ Erreur reliePoints(Catalogue& cat, NumeroLigne a, NumeroLigne b, Enregistrement&
     resultat = {};
     if (a == b)
         return "Un segment relie deux points différents : la ligne " + std::to_string(a) + " est donnée deux fois.";
+    Verrou verrou(cat.chemin, "Le catalogue");
+    if (verrou.erreur())
+        return verrou.erreur();
     if (auto erreur = ouvrirCatalogue(cat))
         return erreur;
     LigneCatalogue points[2];

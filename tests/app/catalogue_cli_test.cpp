@@ -91,5 +91,36 @@ TEST_F(CommandeCatalogue, UnRefusParFamilleDArguments)
     EXPECT_NE(s.erreurs.find("n'a pas pu être écrite en entier"), std::string::npos) << s.erreurs;
 }
 
+// Two scripts appending to one catalogue at once: each waits for the
+// other's write, none overwrites the other's new line, nothing is lost.
+TEST_F(CommandeCatalogue, DeuxBouclesAjoutentEnMemeTempsSansRienPerdre)
+{
+    ecris("c.lsu", "");
+    const QString velorin = QString(VELORIN_BIN_DIR) + "/velorin";
+    QProcess boucles[2];
+    for (int b = 0; b < 2; ++b) {
+        boucles[b].setWorkingDirectory(chemin(""));
+        boucles[b].start("/bin/sh", {"-c",
+                                     "for i in $(seq 20); do \"$0\" catalogue ajoute c.lsu --genre 9 \"($i,$1)\" "
+                                     ">/dev/null || exit 1; done",
+                                     velorin, QString::number(b)});
+    }
+    for (QProcess& p : boucles) {
+        ASSERT_TRUE(p.waitForFinished(120000));
+        EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
+    }
+    const std::string fichier = contenu("c.lsu");
+    ASSERT_EQ(fichier.size(), 40u * tailleEnregistrement);
+    std::set<std::string> textes;
+    for (std::size_t i = 0; i < 40; ++i)
+        textes.insert(fichier.substr(i * tailleEnregistrement + 2, 20));
+    for (int b = 0; b < 2; ++b)
+        for (int i = 1; i <= 20; ++i) {
+            std::string texte = "Point:[(" + std::to_string(i) + "," + std::to_string(b) + ")]";
+            texte.resize(20, ' ');
+            EXPECT_EQ(textes.count(texte), 1u) << texte;
+        }
+}
+
 }  // namespace
 }  // namespace velorin::essai

@@ -1,4 +1,6 @@
+#include <signal.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "base/ecriture.h"
@@ -90,5 +92,42 @@ TEST(TexteSur, OctetsDeControleRendusVisiblesTexteGarde)
         EXPECT_EQ(texteSur(brut), sur) << sur;
     EXPECT_EQ(texteCite(std::string("x\0", 2)), "« x\\0 »");
 }
+
+// Stopped by Ctrl-C, a kill or a closed terminal in the middle of a write,
+// the process removes its temporary, keeps the old file and ends with
+// status 128 + the signal.
+TEST_F(Ecriture, UnSignalPendantLEcritureNeLaissePasDeProvisoire)
+{
+    const std::string cible = chemin("f.txt");
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        SCOPED_TRACE(signal);
+        ASSERT_FALSE(ecrisFichierEntier(cible, "ancien"));
+        int pret[2];
+        ASSERT_EQ(pipe(pret), 0);
+        const pid_t pid = fork();
+        if (pid == 0) {
+            installeNettoyageSignaux();
+            EcritureEntiere e(cible);
+            const char c = e.ecris(std::string(100000, 'n')) ? 'o' : 'n';
+            if (write(pret[1], &c, 1) == 1)
+                for (;;)
+                    pause();
+            _exit(3);
+        }
+        close(pret[1]);
+        char c = 0;
+        ASSERT_EQ(read(pret[0], &c, 1), 1);
+        close(pret[0]);
+        ASSERT_EQ(c, 'o');
+        EXPECT_EQ(d.noms().size(), 2u) << "le provisoire est là avant le signal";
+        kill(pid, signal);
+        int statut = 0;
+        waitpid(pid, &statut, 0);
+        EXPECT_TRUE(WIFEXITED(statut) && WEXITSTATUS(statut) == 128 + signal) << statut;
+        EXPECT_EQ(d.noms(), Noms{"f.txt"});
+        EXPECT_EQ(lisFichier(cible), "ancien");
+    }
+}
+
 }  // namespace
 }  // namespace velorin

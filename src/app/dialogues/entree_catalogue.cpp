@@ -3,6 +3,8 @@
 #include <QFont>
 #include <QListWidget>
 
+#include "base/verrou.h"
+
 namespace velorin {
 
 QListWidget* nouvelleListeCatalogue(QWidget* parent)
@@ -38,6 +40,11 @@ bool enregistreEntree(QListWidget* liste, Catalogue& catalogue, int genre, const
             boites.message(parent, QString::fromStdString(erreur.message()));
         return false;
     };
+    // Held from the count to the write, so that an append never lands on a
+    // line another writer has just added.
+    Verrou verrou(catalogue.chemin, "Le catalogue");
+    if (verrou.erreur())
+        return dis(verrou.erreur());
     if (Erreur erreur = ouvrirCatalogue(catalogue))
         return dis(erreur);
     LigneCatalogue ligne;
