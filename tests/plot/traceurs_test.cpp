@@ -118,7 +118,9 @@ TEST(Traceurs, IntervallesRefusesNeTracentRienEtDisentPourquoi)
     };
     for (const auto& [genre, debut, fin, pas, attente] : cas) {
         Etat etat = etatCalibre(genre != 0);  // t over its range by default
-        etat.moteur.formuleF1 = "T/10", etat.moteur.formuleF2 = "A/10", etat.moteur.formuleF3 = "0";
+        etat.moteur.formuleF1 = std::string("T/10");
+        etat.moteur.formuleF2 = std::string("A/10");
+        etat.moteur.formuleF3 = std::string("0");
         auto [d, f, p] = genre == 0 ? std::tie(etat.param.xmin, etat.param.xmax, etat.param.nbrCalX)
                           : genre == 1 ? std::tie(etat.param.tmin, etat.param.tmax, etat.param.pasT)
                                        : std::tie(etat.param.amin, etat.param.amax, etat.param.pasA);
