@@ -27,6 +27,7 @@ namespace velorin {
 struct Verrou::Tenu {
     int fd = -1;
     int compte = 0;
+    std::pair<dev_t, ino_t> dossier;  // its key in the process's table
 };
 
 namespace {
@@ -131,7 +132,7 @@ Verrou::Verrou(const std::string& fichier, const std::string& quoi, int attenteM
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
-    tenu_ = new Tenu{fd, 1};
+    tenu_ = new Tenu{fd, 1, cle};
     tenus()[cle] = tenu_;
 }
 
@@ -142,11 +143,7 @@ Verrou::~Verrou()
     std::lock_guard<std::mutex> verrouille(garde());
     if (--tenu_->compte > 0)
         return;
-    for (auto it = tenus().begin(); it != tenus().end(); ++it)
-        if (it->second == tenu_) {
-            tenus().erase(it);
-            break;
-        }
+    tenus().erase(tenu_->dossier);
     close(tenu_->fd);  // releases the flock
     delete tenu_;
 }
