@@ -23,6 +23,7 @@ TEST(TexteNombre, DecimalSimpleAuPlusLesChiffresSignificatifs)
           {1e15, 15, "1E+15"}, {12345678., 7, "1.234568E+07"}, {double(15.3f), 7, "15.3"},
           {double(15.3f), 15, "15.3000001907349"}, {9999999.7, 7, "1E+07"}})
         EXPECT_EQ(texteNombre(v, chiffres), attendu) << v;
+    EXPECT_EQ(texteCourt(6.28f) + " " + texteCourt(-1.5e-7f) + " " + texteCourt(6.28), "6.28 -1.5e-07 6.28");
 }
 
 // Each distinct value lands in its member and is written back in place; line 6 restores only the pause.
