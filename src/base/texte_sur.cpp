@@ -78,9 +78,19 @@ std::string texteSur(std::string_view texte)
     return sur;
 }
 
-std::string texteCite(std::string_view texte)
+std::string extraitSur(std::string_view texte, std::size_t maximum)
 {
-    return "« " + texteSur(texte) + " »";
+    if (texte.size() <= maximum)
+        return texteSur(texte);
+    std::size_t n = maximum;
+    while (n > 0 && (static_cast<unsigned char>(texte[n]) & 0xC0) == 0x80)
+        --n;  // not inside a UTF-8 character
+    return texteSur(texte.substr(0, n)) + "…";
+}
+
+std::string texteCite(std::string_view texte, std::size_t maximum)
+{
+    return "« " + extraitSur(texte, maximum) + " »";
 }
 
 std::vector<std::string> lignesDuTexte(std::string_view texte, std::size_t maximum)

@@ -18,8 +18,15 @@ namespace velorin {
 // stays as it is. Printable text, accents included, is unchanged.
 std::string texteSur(std::string_view texte);
 
-// texteSur between French quotes: « texte ».
-std::string texteCite(std::string_view texte);
+// Text quoted in a message: at most `maximum` bytes of `texte` (cut before
+// a UTF-8 character, never inside one) through texteSur, and "…" when
+// something was left out, so that a huge line of a file never fills a
+// message.
+inline constexpr std::size_t longueurCitee = 200;
+std::string extraitSur(std::string_view texte, std::size_t maximum = longueurCitee);
+
+// extraitSur between French quotes: « texte ».
+std::string texteCite(std::string_view texte, std::size_t maximum = longueurCitee);
 
 // The lines of a text read from a file, whatever their ends: CR LF, LF
 // alone or CR alone. A UTF-8 byte-order mark in front is skipped. At most

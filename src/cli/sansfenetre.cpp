@@ -118,7 +118,8 @@ int commandeSansFenetre(int, char**)
         }
         const std::string mem = (fs::path(catalogue).parent_path() / nomFichierMemoire(true)).string();
         const std::string parametres = verifieFichierLisible(mem) ? std::string() : mem;
-        std::vector<std::string> images, textes;
+        std::vector<std::string> images, textes;  // an image not written: "" (a blank place)
+        int ecrites = 0;
         for (int n = 1; n <= cat.nbLignesCatalogue; ++n) {
             LigneCatalogue ligne;
             if (auto illisible = lisLigne(cat, n, ligne)) {
@@ -137,20 +138,34 @@ int commandeSansFenetre(int, char**)
             d.sortie = (dossier / nom).string();
             const ResultatRendu r = rendu(d);
             if (r.erreur) {
-                signale(std::string(g.fichier) + ", entrée " + std::to_string(n) + " : " + r.erreur.message());
+                // A drawing's message already names its entry.
+                const std::string entree = "entrée " + std::to_string(n) + " : ";
+                std::string message = r.erreur.message();
+                if (message.rfind(entree, 0) == 0)
+                    message.erase(0, entree.size());
+                signale(std::string(g.fichier) + ", " + entree + message);
                 statut = 1;
+            } else {
+                ++ecrites;
             }
-            images.push_back(d.sortie);
+            images.push_back(r.erreur ? std::string() : d.sortie);
             textes.push_back(ligne.texte);
         }
+        // Only what was written is announced; no image, no sheet.
+        const int total = static_cast<int>(cat.nbLignesCatalogue);
+        if (ecrites == 0 && total > 0)
+            continue;
         const std::string feuille = (apercus / ("planche_" + std::string(g.nom) + ".png")).string();
-        if (auto rate = planche(images, textes, feuille)) {
+        const Erreur rate = planche(images, textes, feuille);
+        if (rate) {
             signale(rate.message());
             statut = 1;
         }
-        std::printf("Galerie %s (%d entrées) : une image par entrée dans %s,\n  toutes ensemble dans %s\n", g.fichier,
-                    static_cast<int>(cat.nbLignesCatalogue), texteSur(dossier.string()).c_str(),
-                    texteSur(feuille).c_str());
+        const std::string ensemble = rate ? "" : ",\n  toutes ensemble dans " + texteSur(feuille);
+        std::printf("Galerie %s (%d entrées) : %s dans %s%s\n", g.fichier, total,
+                    ecrites == total ? "une image par entrée"
+                                     : (std::to_string(ecrites) + " images sur " + std::to_string(total)).c_str(),
+                    texteSur(dossier.string()).c_str(), ensemble.c_str());
     }
     return termineSortieStandard("sansfenetre", statut);
 }

@@ -20,6 +20,10 @@ namespace {
 
 constexpr int chiffresDouble = 15, chiffresSimple = 7;
 
+// The longest line of numbers the reader takes (eight numbers of a line 4
+// take about 200 characters), and the longest catalogue name (a path).
+constexpr std::size_t longueurLigneMax = 4096;
+
 // One line of the file being built. A number gets a blank in front unless
 // it is negative and one blank after; a boolean shares a line followed by
 // one blank.
@@ -199,17 +203,27 @@ public:
 
     int numero() const { return numero_; }
 
+    // A reason that is a sentence of its own (a message of the catalogue or
+    // of the file layer) keeps its own full stop.
     Erreur echec(const std::string& raison) const
     {
-        return "Figure " + texteCite(chemin_) + ", ligne " + std::to_string(numero_) + " : " + raison + ".";
+        const bool point = !raison.empty() && raison.back() == '.';
+        return "Figure " + texteCite(chemin_) + ", ligne " + std::to_string(numero_) + " : " + raison +
+               (point ? "" : ".");
     }
 
-    // Moves to the next line; false (and the message) at the end of the file.
-    Erreur suivante(const char* attendu)
+    // Moves to the next line; false (and the message) at the end of the
+    // file. A line longer than `longueurMax` is refused before anything
+    // reads it.
+    Erreur suivante(const char* attendu, std::size_t longueurMax = longueurLigneMax)
     {
         ++numero_;
+        const bool pluriel = std::string_view(attendu).substr(0, 4) == "les ";
         if (numero_ > static_cast<int>(lignes_.size()))
-            return echec(std::string("la figure s'arrête là, ") + attendu + " manque");
+            return echec(std::string("la figure s'arrête là, ") + attendu + (pluriel ? " manquent" : " manque"));
+        if (ligne().size() > longueurMax)
+            return echec("la ligne a " + std::to_string(ligne().size()) + " octets ; " + attendu +
+                         (pluriel ? " en ont" : " en a") + " au plus " + std::to_string(longueurMax));
         return {};
     }
 
@@ -328,12 +342,17 @@ Erreur lisEntete(Lecture& l, Etat& etat, const OptionsFigure& options, ResultatF
 
     if (auto e = l.suivante("le nom du catalogue"))
         return e;
-    const std::string nom = nomSeul(std::string(sansBlancsAuxBouts(l.texte(), " \t")));
+    const std::string dossier =
+        options.dossierCatalogue.empty() ? etat.fenetre.dossierCourbes : options.dossierCatalogue;
+    // A name that is not UTF-8 is the bytes of a file name as this system
+    // wrote it when that file is there, else Windows-1252 of an older figure.
+    std::string nom = nomSeul(std::string(sansBlancsAuxBouts(l.texte(), " \t")));
+    if (const std::string brut = nomSeul(std::string(sansBlancsAuxBouts(l.ligne(), " \t")));
+        brut != nom && !verifieFichierLisible(dossier + brut, "Le catalogue"))
+        nom = brut;
     if (nom.empty() || nom == "." || nom == "..")
         return l.echec("le nom du catalogue est vide");
     etat.fenetre.fichierCatalogue = nom;
-    const std::string dossier =
-        options.dossierCatalogue.empty() ? etat.fenetre.dossierCourbes : options.dossierCatalogue;
     const std::string chemin = dossier + nom;
     if (options.catalogueExistant)
         if (auto e = verifieFichierLisible(chemin, "Le catalogue de la figure"))
@@ -408,12 +427,17 @@ Erreur lisCourbes(Lecture& l, Etat& etat, int nbCourbes)
     videCourbes(table);
     for (int i = 0; i < nbCourbes; ++i) {
         LigneCourbe ligne{};
-        for (double& valeur : ligne) {
+        for (std::size_t j = 0; j < ligne.size(); ++j) {
             std::string_view champ;
             if (auto e = l.seul("une valeur de courbe tracée", champ))
                 return e;
-            if (auto e = l.nombre(champ, "une valeur de courbe tracée", valeur))
+            if (auto e = l.nombre(champ, "une valeur de courbe tracée", ligne[j]))
                 return e;
+            // The entry number becomes an integer when the curve is drawn:
+            // checked here, while the text written can still be shown.
+            if (j == colNumero && !(ligne[j] > -2147483649.0 && ligne[j] < 2147483648.0))
+                return l.echec(texteCite(champ) +
+                               " pour le numéro d'entrée d'une courbe tracée : -2147483648 à 2147483647 attendu");
         }
         static_cast<void>(ajouteCourbe(table, ligne));
     }
@@ -450,7 +474,7 @@ Erreur lisEtiquettes(Lecture& l, Etat& etat, int nombre)
         if (auto err = l.entier(champ, "la couleur d'un label", INT32_MIN, INT32_MAX, couleur))
             return err;
         e.couleur = static_cast<std::int32_t>(couleur);
-        if (auto err = l.suivante("le texte d'un label"))
+        if (auto err = l.suivante("le texte d'un label", std::string::npos))
             return err;
         e.texte = l.texte();
         for (float* position : {&e.gauche, &e.haut}) {

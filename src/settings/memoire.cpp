@@ -59,13 +59,25 @@ std::string texteChamp(const Parametres& p, const Membre& m)
     return std::visit(Ecrit{p}, m);
 }
 
-bool estFini(const Parametres& p, const Membre& m)
+std::string limitesVue()
 {
-    if (auto d = std::get_if<double Parametres::*>(&m))
-        return std::isfinite(p.**d);
-    if (auto f = std::get_if<float Parametres::*>(&m))
-        return std::isfinite(p.**f);
-    return true;
+    return " (" + texteNombre(-limiteVue, 15) + " à " + texteNombre(limiteVue, 15) + ")";
+}
+
+// Why the value of `c` in `p` cannot be written (it could not be read
+// back), or nothing.
+std::string nonInscriptible(const Parametres& p, const Champ& c)
+{
+    double v = 0;
+    if (auto d = std::get_if<double Parametres::*>(&c.membre))
+        v = p.**d;
+    else if (auto f = std::get_if<float Parametres::*>(&c.membre))
+        v = p.**f;
+    if (!std::isfinite(v))
+        return "n'est pas un nombre fini";
+    if (estCoordonneeDeVue(c.nom) && std::fabs(v) > limiteVue)
+        return "(" + texteNombre(v, 15) + ") est hors des limites" + limitesVue();
+    return {};
 }
 
 std::string enTete(const std::string& chemin, int ligne)
@@ -73,16 +85,16 @@ std::string enTete(const std::string& chemin, int ligne)
     return "Fichier " + texteSur(chemin) + ", ligne " + std::to_string(ligne) + " : ";
 }
 
-// A value as the message shows it: escaped, between quotes, and cut when long.
+// A value as the message shows it: escaped, cut when long, between quotes
+// or not.
+constexpr std::size_t longueurMontree = 40;
 std::string valeurCitee(const std::string& texte)
 {
-    constexpr std::size_t longueurMontree = 40;
-    if (texte.size() <= longueurMontree)
-        return texteCite(texte);
-    std::size_t n = longueurMontree;
-    while (n > 0 && (static_cast<unsigned char>(texte[n]) & 0xC0) == 0x80)
-        --n;  // not inside a UTF-8 character
-    return texteCite(texte.substr(0, n) + "…");
+    return texteCite(texte, longueurMontree);
+}
+std::string valeurMontree(const std::string& texte)
+{
+    return extraitSur(texte, longueurMontree);
 }
 
 std::string valeursTrouvees(std::size_t n)
@@ -146,7 +158,9 @@ Erreur convertis(const std::string& texte, const Champ& champ, Parametres& p)
     } else if (l == Lecture::PasUnNombre) {
         return valeurCitee(texte) + " n'est pas un nombre (" + champ.nom + ")";
     }
-    const std::string hors = texteSur(texte) + " est hors des limites de " + champ.nom;
+    const std::string hors = valeurMontree(texte) + " est hors des limites de " + champ.nom;
+    if (estCoordonneeDeVue(champ.nom) && std::fabs(v) > limiteVue)
+        return hors + limitesVue();
     if (auto f = std::get_if<float Parametres::*>(&champ.membre)) {
         if (std::fabs(v) > FLT_MAX)
             return hors + " (simple précision)";
@@ -158,7 +172,7 @@ Erreur convertis(const std::string& texte, const Champ& champ, Parametres& p)
         p.** e = static_cast<std::int16_t>(arrondi);
     } else if (auto c = std::get_if<int Parametres::*>(&champ.membre)) {
         if (v != 0 && v != 1)
-            return texteSur(texte) + " pour " + champ.nom + " : 0 ou 1 attendu";
+            return valeurMontree(texte) + " pour " + champ.nom + " : 0 ou 1 attendu";
         p.** c = static_cast<int>(v);
     } else {
         p.*std::get<double Parametres::*>(champ.membre) = v;
@@ -231,9 +245,8 @@ Erreur ecrisMemoire(const std::string& chemin, const Parametres& p)
 {
     for (const auto& ligne : lignesFichier())
         for (const Champ& c : ligne)
-            if (!estFini(p, c.membre))
-                return "Fichier " + texteSur(chemin) + " non écrit : la valeur de " + c.nom +
-                       " n'est pas un nombre fini";
+            if (const std::string raison = nonInscriptible(p, c); !raison.empty())
+                return "Fichier " + texteSur(chemin) + " non écrit : la valeur de " + c.nom + " " + raison;
     return ecrisFichierEntier(chemin, texteMemoire(p));
 }
 

@@ -6,10 +6,23 @@
 #pragma once
 #include "base/erreur.h"
 #include <string>
+#include <string_view>
 
 #include "settings/parametres.h"
 
 namespace velorin {
+
+// The viewer (Xviseur, Yviseur, Zviseur) and the viewing direction
+// (Xdirection, Ydirection, Zdirection) stay within -limiteVue..limiteVue:
+// beyond, the projection's squares and differences lose the frame (from
+// about 1E+154 they overflow and nothing at all is drawn), so the memory
+// file and the parameter dialog refuse such a value by its field.
+inline constexpr double limiteVue = 1e9;
+inline bool estCoordonneeDeVue(std::string_view nom)
+{
+    return nom.size() == 7 ? nom == "Xviseur" || nom == "Yviseur" || nom == "Zviseur"
+                           : nom == "Xdirection" || nom == "Ydirection" || nom == "Zdirection";
+}
 
 // "mem.log" for the remembered set, "memprovi.log" for the provisional one.
 const char* nomFichierMemoire(bool retenu);
@@ -39,7 +52,7 @@ std::string texteMemoire(const Parametres& p);
 // precision and must fit in it; pauseMs is rounded to the nearest integer
 // (half to even) and must lie in -32768..32767; a check box takes 0 or 1,
 // and "#TRUE#"/"#FALSE#" are taken there as 1 and 0 (the other fields need a
-// number).
+// number). A viewer or direction coordinate beyond limiteVue is refused.
 Erreur analyseMemoire(const std::string& contenu, const std::string& chemin, Parametres& p);
 
 // Reads the file `chemin` (see analyseMemoire). The path is checked first
@@ -49,8 +62,9 @@ Erreur analyseMemoire(const std::string& contenu, const std::string& chemin, Par
 Erreur lisMemoire(const std::string& chemin, Parametres& p);
 
 // Writes `p` to `chemin` whole or not at all (ecrisFichierEntier: on any
-// failure the previous file stays). A value that is not finite is refused
-// (it could not be read back). Returns the French message on failure.
+// failure the previous file stays). A value that is not finite, or a viewer
+// or direction coordinate beyond limiteVue, is refused (it could not be read
+// back). Returns the French message on failure.
 Erreur ecrisMemoire(const std::string& chemin, const Parametres& p);
 
 }  // namespace velorin

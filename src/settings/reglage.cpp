@@ -8,6 +8,7 @@
 #include "base/texte_sur.h"
 #include "engine/lecture.h"
 #include "engine/nombres.h"
+#include "settings/memoire.h"
 #include "settings/texte_nombre.h"
 
 namespace velorin {
@@ -89,6 +90,9 @@ std::string horsType(int i, double v)
         if (arrondi < -32768 || arrondi > 32767)
             return "la valeur " + nombre(v) + " n'est pas un entier de -32768 à 32767";
     }
+    if (estCoordonneeDeVue(champs[i].nom) && std::fabs(v) > limiteVue)
+        return "la valeur " + nombre(v) + " est hors des limites (" + nombre(-limiteVue) + " à " + nombre(limiteVue) +
+               ")";
     return {};
 }
 

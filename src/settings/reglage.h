@@ -34,7 +34,8 @@ TextesReglage textesReglage(const Parametres& p);
 // nbrCalX, nbrCalY, nbrCalZ, Xviseur, Yviseur, Zviseur, pasRota,
 // Xdirection, Ydirection, Zdirection, Rotadir, pauseMs). A value that does
 // not fit its member (a single beyond single precision, pauseMs outside
-// -32768..32767, a number the reader cannot compute such as "1E999") is
+// -32768..32767, a viewer or direction coordinate beyond limiteVue, a
+// number the reader cannot compute such as "1E999") is
 // refused with a French message naming the field; `p` is then untouched.
 // A field whose brackets the evaluator cannot read gives the evaluator's
 // own "Formule incorrecte" and sets `*incorrecte`: the program then ends,

@@ -70,6 +70,12 @@ std::string texteCourt(double valeur)
     return std::string(tampon, std::to_chars(tampon, tampon + sizeof tampon, valeur).ptr);
 }
 
+std::string texteCourt(float valeur)
+{
+    char tampon[32];
+    return std::string(tampon, std::to_chars(tampon, tampon + sizeof tampon, valeur).ptr);
+}
+
 std::string texteNombre(double valeur, int significatifs)
 {
     if (std::isnan(valeur))

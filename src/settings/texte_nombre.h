@@ -41,5 +41,8 @@ std::string texteEntier(long long valeur);
 // The shortest text that reads back as the same double, "." always (the
 // plain or exponent form, whichever is shorter: "6.28", "1e+07").
 std::string texteCourt(double valeur);
+// The same for a single: the shortest text that reads back as the same
+// single ("6.28" for 6.28f, not the 6.28000020980835 of its double).
+std::string texteCourt(float valeur);
 
 }  // namespace velorin

@@ -19,9 +19,14 @@ std::string court(double v)
     return std::string(tampon, r.ptr);
 }
 
+// A viewing value: "0.00", or "0.00E+00" when that would be longer than the
+// side column shows ("-99999.99" is the longest plain one).
 std::string deux(double v)
 {
-    return formatNombre(v, "0.00");
+    std::string texte = formatNombre(v, "0.00");
+    if (texte.size() > 9)
+        texte = formatNombre(v, "0.00E+00");
+    return texte;
 }
 
 std::string trois(double v)

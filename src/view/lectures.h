@@ -9,7 +9,8 @@
 namespace velorin {
 
 // The viewing values: "Xv=", "Yv=", "Zv=", "Xd=", "Yd=", "Zd=", "Rot=",
-// each followed by its value formatted "0.00", two by two on a line.
+// each followed by its value formatted "0.00" (a value too long for the side
+// column "0.00E+00"), two by two on a line.
 std::string texteViseur(const Parametres& p);
 
 // The ranges and steps in force: "x:[xmin;xmax]", "y:[...]", "z:[...]" (in

@@ -74,6 +74,7 @@ struct Banc {
     QTemporaryDir dossier;
     Etat etat;
     QStringList messages;                          // what the message boxes said
+    std::function<void()> pendantMessage;          // while a box is open (a modal box runs the event loop)
     int fins = 0;                                  // times the program asked to end
     std::vector<std::optional<QString>> reponses;  // answers of the input boxes, in turn (none: cancel)
     QStringList saisies;                           // "title: prompt" of the input boxes shown
@@ -140,7 +141,11 @@ struct Banc {
     Mirado& demarre()
     {
         Boites boites;
-        boites.message = [this](QWidget*, const QString& texte) { messages << texte; };
+        boites.message = [this](QWidget*, const QString& texte) {
+            messages << texte;
+            if (pendantMessage)
+                pendantMessage();
+        };
         boites.question = [this](QWidget*, const QString& texte, const QString& titre) {
             questions << titre + QStringLiteral(": ") + texte;
             return reponseQuestion;

@@ -49,29 +49,39 @@ TEST(Demarrage, AideVersionEtRefusEnFrancais)
 }
 
 // `sansfenetre` in a copy of the program's folder (beside the copied factory files): a folder for the
-// images that cannot be made is said, not announced as filled; a stdout not written whole is a failure.
+// images that cannot be made is said, not announced as filled; a stdout not written whole is a failure;
+// on a full disk nothing unwritten is announced, and an entry that cannot be drawn is named once.
 TEST(Demarrage, SansFenetreSignaleSesEchecs)
 {
     DossierTemporaire dossier("velorin_sansfenetre_");
     fs::copy_file(fs::path(VELORIN_BIN_DIR) / "velorin", dossier / "velorin");
     fs::copy(fs::path(VELORIN_BIN_DIR) / "usine", dossier / "usine", fs::copy_options::recursive);
     ecrisFichier(dossier / "Apercus", "un fichier, pas un dossier\n");
-    for (const bool plein : {false, true}) {
+    for (const int cas : {0, 1, 2}) {
         QProcess p;
-        if (plein) {
+        if (cas == 1) {
             fs::remove(dossier / "Apercus");
             p.setStandardOutputFile("/dev/full");
+        } else if (cas == 2) {
+            fs::create_directory(dossier / "Espace_courbes");
+            std::string entree("\1\0x=f1(t)=(t][y=f2(t)=t][z=f3(t)=t", 34);  // a bracket left open
+            entree.resize(302, ' ');
+            ecrisFichier(dossier / "Espace_courbes/Lisurf.lsu", entree);
+            QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+            env.insert("VELORIN_ESSAI_DISQUE_PLEIN", "0");
+            p.setProcessEnvironment(env);
         }
         p.start(QString::fromStdString(dossier / "velorin"), {"sansfenetre"});
         p.waitForFinished(120000);
         const std::string sortie = p.readAllStandardOutput().toStdString(),
                           erreurs = p.readAllStandardError().toStdString();
-        EXPECT_EQ(p.exitCode(), plein ? 2 : 1);
-        EXPECT_FALSE(contient(sortie, "une image par entrée")) << sortie;
-        EXPECT_TRUE(contient(
-            erreurs, plein ? "la sortie standard n'a pas pu être écrite en entier"
-                           : "Apercus/espace » n'a pas pu être créé : un élément du chemin n'est pas un dossier"))
-            << erreurs;
+        EXPECT_EQ(p.exitCode(), cas == 1 ? 2 : 1);
+        EXPECT_FALSE(contient(sortie, "une image par entrée") || contient(sortie, "toutes ensemble")) << sortie;
+        const char* attendus[] = {"Apercus/espace » n'a pas pu être créé : un élément du chemin n'est pas un dossier",
+                                  "la sortie standard n'a pas pu être écrite en entier",
+                                  "Lisurf.lsu, entrée 1 : La formule (T est incorrecte, corrigez-la , svp\n"
+                                  "velorin sansfenetre : Lico.lsu, entrée 1 : Impossible d'écrire"};
+        EXPECT_TRUE(contient(erreurs, attendus[cas])) << erreurs;
     }
 }
 

@@ -1,7 +1,9 @@
 // Figure files: "&Mem" and "Sauver cet écran" reach the writer with the name asked; "Lire un écran
 // mémorisé" reaches the reader and redraws (curves, labels, place, panel). The format is the core's.
 #include <QFile>
+#include <QEventLoop>
 #include <QGroupBox>
+#include <QTimer>
 #include <QPushButton>
 
 #include "app/commandes/etiquettes.h"
@@ -97,6 +99,16 @@ TEST(FiguresFenetre, SauverRelireAnnulerAbimeePlane)
     EXPECT_FALSE(b.etat.fenetre.modeEspace);
     EXPECT_TRUE(controle<QGroupBox>(m, "Frame2")->isVisible());
     EXPECT_EQ(b.etat.courbes.nbCourbes, 0);
+    // A curve that cannot be drawn is said once, after the counts, though the box lets the resize through.
+    b.pendantMessage = [] { QEventLoop l; QTimer::singleShot(300, &l, &QEventLoop::quit); l.exec(); };
+    QList<QByteArray> zero = lignes;
+    zero[6 + 30] = " 0 \r";  // the entry number of curve 1
+    b.ecrisFichier(QStringLiteral("Espace_fig/zero.fig"), zero.join('\n'));
+    m.resize(700, 500);
+    b.lis(b.chemin(QStringLiteral("Espace_fig/zero.fig")));
+    EXPECT_TRUE(b.messages.size() == 2 && b.messages[0].startsWith("Nre de fonctions 2") &&
+                b.messages[1].startsWith("L'entrée n° 0 n'existe pas"))
+        << b.messages.join('|').toStdString();
 }
 
 }  // namespace

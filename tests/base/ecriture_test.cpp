@@ -91,6 +91,8 @@ TEST(TexteSur, OctetsDeControleRendusVisiblesTexteGarde)
     for (const auto& [brut, sur] : cas)
         EXPECT_EQ(texteSur(brut), sur) << sur;
     EXPECT_EQ(texteCite(std::string("x\0", 2)), "« x\\0 »");
+    // A huge text is cut at 200 bytes, before the UTF-8 character that straddles the cut.
+    EXPECT_EQ(texteCite(std::string(199, 'a') + "é" + std::string(1 << 20, 'b')), "« " + std::string(199, 'a') + "… »");
 }
 
 // Stopped by Ctrl-C, a kill or a closed terminal in the middle of a write,

@@ -162,6 +162,13 @@ TEST_F(Figure, UneFigureDuPlanChangeModeDossiersEtCatalogue)
     EXPECT_NE(r2.erreur.message().find("Absent.lsu"), std::string::npos);
     EXPECT_FALSE(fs::exists(f.cheminPlanCourbes + "Absent.lsu"));
     EXPECT_EQ(f.fichierCatalogue, "Absent.lsu");
+    EXPECT_EQ(r2.erreur.message().find(".."), std::string::npos) << r2.erreur.message();  // one full stop
+    // A catalogue name that is not UTF-8, written and read back, names the same file.
+    e.fenetre.fichierCatalogue = "\xFF\xFE.lsu";
+    ecrisFichier(f.dossierCourbes + f.fichierCatalogue, "");
+    const std::string brut = texteFigure(e, {});
+    ASSERT_FALSE(analyseFigure(brut, "brut.fig", e).erreur);
+    EXPECT_EQ(e.catalogue.chemin, f.cheminPlanCourbes + "\xFF\xFE.lsu");
 }
 
 // Each damaged figure is refused on its line; what came before stays.
@@ -172,6 +179,7 @@ TEST_F(Figure, FiguresAbimeesRefuseesAvecLeurLigne)
     const std::string label = deuxCourbes + "Arial\r\n 10 \r\nTrue\r\nFalse\r\nTrue\r\n";
     std::string courbeAbimee = courbe(3, 6.28);
     courbeAbimee.replace(courbeAbimee.find("0.05"), 4, "0.o5");
+    const auto numero = [](const char* n) { std::string c = courbe(3, 6.28); return c.replace(c.rfind(" 3 "), 3, n); };
     // Row: text, damaged line, part of the message, curves read, line 1 read as a plane figure.
     const std::vector<std::tuple<std::string, int, const char*, int, bool>> cas = {
         {"", 1, "la figure s'arrête là", 0, false},
@@ -181,6 +189,8 @@ TEST_F(Figure, FiguresAbimeesRefuseesAvecLeurLigne)
         {"True\r\nLico.lsu\r\n-10  10 -10  dix -5  5 \r\n", 3, "n'est pas un nombre", 0, true},
         {"True\r\nLico.lsu\r\n-10  10 -10  10 -1e39  5 \r\n", 3, "simple précision", 0, true},
         {"True\r\nLico.lsu\r\n-10  10 -10  10 -5  1e999 \r\n", 3, "hors des nombres représentables", 0, true},
+        {"True\r\n" + std::string(5000, 'n') + "\r\n", 2, "5000 octets ; le nom du catalogue en a au plus 4096", 0, true},
+        {entete, 5, "les nombres de courbes et de labels, les deux couleurs manquent", 0, false},
         {entete + "-1  0 False True \r\n", 5, "0 à 32767 attendu", 0, false},
         {entete + " 32768  0 False True \r\n", 5, "0 à 32767 attendu", 0, false},
         {entete + " 0  0 Non True \r\n", 5, "True ou False attendu", 0, false},
@@ -188,6 +198,8 @@ TEST_F(Figure, FiguresAbimeesRefuseesAvecLeurLigne)
         {debut5 + courbe(3, 6.28) + " 65535 \r\n", 6 + 32 + 2, "la figure s'arrête là", 1, false},
         {debut5 + courbeAbimee, 6 + 10, "« 0.o5 » n'est pas un nombre", 0, false},
         {debut5 + courbe(3, 6.28) + " 1  2 \r\n", 6 + 33, "une seule valeur attendue", 1, false},
+        {debut5 + numero("1e20"), 6 + 31, "« 1e20 » pour le numéro d'entrée d'une courbe tracée : -2147483648", 0, false},
+        {debut5 + numero("2147483648"), 6 + 31, "« 2147483648 » pour le numéro d'entrée", 0, false},
         {deuxCourbes, 6 + 64 + 1, "la figure s'arrête là", 2, false},
         {deuxCourbes + "Arial\r\n 0 \r\n", 6 + 64 + 2, "plus de 0 et au plus 2048", 2, false},
         {label + " 1E10 \r\n", 6 + 64 + 6, "la couleur d'un label", 2, false},

@@ -23,6 +23,7 @@ TEST(TexteNombre, DecimalSimpleAuPlusLesChiffresSignificatifs)
           {1e15, 15, "1E+15"}, {12345678., 7, "1.234568E+07"}, {double(15.3f), 7, "15.3"},
           {double(15.3f), 15, "15.3000001907349"}, {9999999.7, 7, "1E+07"}})
         EXPECT_EQ(texteNombre(v, chiffres), attendu) << v;
+    EXPECT_EQ(texteCourt(6.28f) + " " + texteCourt(-1.5e-7f) + " " + texteCourt(6.28), "6.28 -1.5e-07 6.28");
 }
 
 // Each distinct value lands in its member and is written back in place; line 6 restores only the pause.
@@ -93,6 +94,8 @@ TEST(Memoire, FichierAbimeNommeLigneEtValeurRienNeChange)
         {"-10,10,-10", "\xEF\xBB\xBF\xEF\xBB\xBF-10,10,-10", "ligne 1 : valeur 1, « \uFEFF-10 » n'est pas un nombre"},
         {"-10,10,-10,10,-10,10", "-10,10,-10,10,-1e39,10", "ligne 1 : valeur 5, -1e39 est hors des limites de zmin"},
         {"50,0,#FALSE#", "32768,0,#FALSE#", "ligne 6 : valeur 1, 32768 est hors des limites de pauseMs"},
+        {"20,20,20,30", "20,20,20,1e308", "ligne 3 : valeur 4, 1e308 est hors des limites de Xviseur (-1000000000 à"},
+        {"5,0,0,1", "5,0,-1e308,1", "ligne 4 : valeur 3, -1e308 est hors des limites de Ydirection"},
         {"0,0,0,0,0,0,1,0,0", "0,0,0,0,0,0,2,0,0", "ligne 5 : valeur 7, 2 pour axesVisibles : 0 ou 1"},
         {"50,0,#FALSE#", "", "ligne 6 : 3 valeurs attendues, aucune trouvée"}};
     for (const auto& [remplace, par, message] : cas) {
@@ -127,6 +130,9 @@ TEST(Memoire, SurLeDisqueRefusLaissentLAncienFichier)
     simuleDisquePlein(0);
     EXPECT_NE(ecrisMemoire(chemin, p).message().find("le disque est plein"), std::string::npos);
     simuleDisquePlein(-1);
+    p.Zdirection = -2e9;
+    EXPECT_NE(ecrisMemoire(chemin, p).message().find("Zdirection (-2000000000) est hors"), std::string::npos);
+    p.Zdirection = 0;
     p.Rotadir = std::nan("");
     EXPECT_NE(ecrisMemoire(chemin, p).message().find("Rotadir"), std::string::npos);
     EXPECT_NE(analyseMemoire("\xFF\xFE-\0001\0", "m", lu).message().find("UTF-16"), std::string::npos);

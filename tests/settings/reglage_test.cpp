@@ -31,6 +31,7 @@ TEST(Reglage, LectureEtConversionParChampRefusSansRienAppliquer)
         {"pauseMs", "40000", false, "Pause en millisecondes"},
         {"pauseMs", "32767.6", false, "pauseMs"},
         {"Zviseur", "1E39", false, "Zviseur"},
+        {"Xdirection", "1E10", false, "valeur 10000000000 est hors des limites (-1000000000 à 1000000000)"},
         {"zmin", "1E39", false, "<z<"},
         {"xmax", "(2", false, "Formule incorrecte"}};
     const TextesReglage usine = textesReglage(Parametres{});

@@ -14,11 +14,11 @@ TEST(Lectures, TextesAuPointDecimalSousLocaleVirgule)
     LocaleVirgule virgule;  // "." whatever the locale
     Parametres p;
     std::tie(p.Xviseur, p.Yviseur, p.Zviseur, p.Xdirection, p.Ydirection, p.Zdirection, p.Rotadir) =
-        std::tuple(10, -0.004, 2.5f, -10, 1234.567, -2.5, 3.14159);
+        std::tuple(10, -0.004, 2.5f, -1e308, 1234.567, -2.5, 3.14159);
     std::tie(p.xmin, p.xmax, p.ymin, p.ymax, p.zmin, p.zmax) = std::tuple(-10.5, 1e-5, -3, 12345678, -1.0f, 1);
     std::tie(p.tmin, p.tmax, p.pasT, p.amin, p.amax, p.pasA, p.pauseMs) = std::tuple(0, 6.28, 0.05, -1, 1, 0.1, 20);
     const std::pair<std::string, std::string> cas[] = {
-        {texteViseur(p), "Xv=10.00  Xd=-10.00\nYv=0.00  Yd=1234.57\nZv=2.50  Zd=-2.50\nRot=3.14"},
+        {texteViseur(p), "Xv=10.00  Xd=-1.00E+308\nYv=0.00  Yd=1234.57\nZv=2.50  Zd=-2.50\nRot=3.14"},
         {texteBornes(p),
          "x:[-10.5;1e-05]\ny:[-3;1.234568e+07]\nz:[-1;1]\nt:[0;6.28] pat=0.05\na:[-1;1] paa=0.1\npause=20"},
         {texteTaille(12345.4, 987.6), "LF:12345  HF:00988"},

@@ -8,6 +8,8 @@
 #include <QFileDialog>
 #include <QPushButton>
 #include <QScreen>
+#include <QSignalBlocker>
+#include <QTimer>
 #include <cmath>
 
 #include "app/commandes/etiquettes.h"
@@ -73,6 +75,10 @@ void Mirado::lecmemoire()
     if (!choisi)
         return;  // cancelled: the labels are already gone
     const ResultatFigure r = lisFigure(choisi->toStdString(), etat);
+    // The window takes the figure's size while the counts are shown: that
+    // resize does not redraw by itself (it would say each curve's message
+    // over the counts, then again); the redraw below does, once.
+    QSignalBlocker attente(attenteTaille_);
     if (r.lignesLues > 0) {
         // Line 1 may have switched the mode, line 2 the catalogue.
         vide_mnutra();
@@ -105,6 +111,7 @@ void Mirado::lecmemoire()
         affou();
         etiquettes_->reconstruit();
     }
+    attente.unblock();
     if (r.erreur)
         boites.message(this, QString::fromStdString(r.erreur.message()));
 }
