@@ -60,7 +60,6 @@ Tipara::Tipara(Catalogue& catalogue, bool modeEspace, int typeDepart, Boites boi
         Remarques[i] = new QLabel(Frame5);
         Remarques[i]->setObjectName(QStringLiteral("Remarque_%1").arg(i));
         Remarques[i]->setWordWrap(true);
-        Remarques[i]->setStyleSheet(QStringLiteral("color: #a04000"));
         grille->addWidget(Label1[i], 2 * i, 0);
         grille->addWidget(Text2[i], 2 * i, 1);
         grille->addWidget(Remarques[i], 2 * i + 1, 1);
@@ -137,9 +136,10 @@ void Tipara::mnutip_Click(int index)
 
 void Tipara::verifie(int boite)
 {
-    Remarques[boite]->setText(genreCourbe_ >= 0
-                                  ? remarquesFormule(Text2[boite]->text(), genreCourbe_, familleDuGenre(genreCourbe_))
-                                  : QString());
+    if (genreCourbe_ >= 0)
+        montreRemarques(*Remarques[boite], Text2[boite]->text(), genreCourbe_, familleDuGenre(genreCourbe_));
+    else
+        Remarques[boite]->clear();
     if (minuterieApercu)
         minuterieApercu->start();
 }
