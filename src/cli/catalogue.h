@@ -18,7 +18,7 @@ int catalogueListe(int argc, char** argv);   // liste FICHIER.lsu
 int catalogueAjoute(int argc, char** argv);  // ajoute FICHIER.lsu --genre K [--plan] [--ligne N] TEXTE...
 
 // Points and pruning: catalogue_menage.cpp.
-int cataloguePoint(int argc, char** argv);    // point FICHIER.lsu "(x,y,z)"
+int cataloguePoint(int argc, char** argv);    // point FICHIER.lsu "(x,y,z)" [--plan]
 int catalogueRelie(int argc, char** argv);    // relie FICHIER.lsu N M
 int catalogueElimine(int argc, char** argv);  // elimine FICHIER.lsu N...
 int catalogueReduis(int argc, char** argv);   // reduis FICHIER.lsu

@@ -176,6 +176,9 @@ int catalogueAjoute(int argc, char** argv)
                                             std::to_string(longueurTexte) + " : il serait coupé et " +
                                             texteCite(depuisCp1252(octets.substr(longueurTexte))) +
                                             " perdu. Rien n'est écrit.");
+    // What would not draw is refused here rather than found at drawing.
+    if (auto erreur = verifieEntree(a.genre, espace, cases))
+        return echecCatalogue("ajoute", erreur.message());
 
     // Held from the count to the write: an append of another writer meanwhile
     // would otherwise be overwritten.

@@ -27,13 +27,6 @@ const std::vector<const char*> legendesTypes = {"y = f(x) dans le plan uniquemen
                                                 "x=f1(a,t),y=f2(a,t),z=f3(a,t)", "Rayon,Longitude et Azimut f(t)",
                                                 "Rayon,Longitude,Azimut f(a,t)"};
 
-// Formulas of t alone are read by the space family, those of (a, t) by the
-// plane family, as the tracers read them.
-Famille familleDuGenre(int genre)
-{
-    return genre == 2 || genre == 4 ? Famille::Plan : Famille::Espace;
-}
-
 }  // namespace
 
 Tipara::Tipara(Catalogue& catalogue, bool modeEspace, int typeDepart, Boites boites, const Etat* enVigueur,
