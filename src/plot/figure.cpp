@@ -488,6 +488,21 @@ Erreur ecrisFigure(const std::string& chemin, const Etat& etat, const GeometrieF
     return ecrisFichierEntier(chemin, r.texte_);
 }
 
+std::string sauveSecours(const Etat& etat, int sansLigne, const GeometrieFenetre& geometrie)
+{
+    Etat sauve = etat;
+    std::vector<LigneCourbe>& lignes = sauve.courbes.lignes;
+    if (sansLigne >= 1 && sansLigne <= static_cast<int>(lignes.size())) {
+        lignes.erase(lignes.begin() + (sansLigne - 1));
+        sauve.courbes.nbCourbes = static_cast<std::int16_t>(lignes.size());
+    }
+    const std::string chemin = etat.fenetre.dossierFig + nomFigureSecours;
+    if (auto erreur = ecrisFigure(chemin, sauve, geometrie))
+        return "L'écran n'a pas pu être sauvé : " + erreur.message();
+    return "L'écran est sauvé dans " + texteCite(chemin) +
+           " : « Lire un écran mémorisé » (menu Mémorisation) le redonne.";
+}
+
 ResultatFigure analyseFigure(const std::string& contenu, const std::string& chemin, Etat& etat,
                              const OptionsFigure& options)
 {
