@@ -103,8 +103,9 @@ int usageAjoute(const std::string& raison)
 
 Erreur verifieTexte(const std::string& texte, const std::string& nom)
 {
-    // texteSur changes a text only to show its control characters (and bytes
-    // that are not UTF-8).
+    if (!estUtf8(texte))
+        return nom + " " + texteCite(texte) + " n'est pas un texte UTF-8 valide : il ne peut pas être enregistré.";
+    // texteSur changes a valid UTF-8 text only to show its control characters.
     if (texteSur(texte) != texte)
         return nom + " " + texteCite(texte) + " contient un caractère de commande : il ne peut pas être enregistré.";
     // Every character of the record is one Windows-1252 byte: one that has

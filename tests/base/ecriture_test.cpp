@@ -91,6 +91,10 @@ TEST(TexteSur, OctetsDeControleRendusVisiblesTexteGarde)
     for (const auto& [brut, sur] : cas)
         EXPECT_EQ(texteSur(brut), sur) << sur;
     EXPECT_EQ(texteCite(std::string("x\0", 2)), "« x\\0 »");
+    // Valid UTF-8, controls included; not stray, cut, overlong, surrogate or beyond U+10FFFF.
+    for (const auto& [texte, utf8] : {std::pair{"\x1B\xC2\x9B é😀", true}, {"(1,2,\xFF\xFE)", false}, {"\xE2\x82", false},
+                                      {"\xC0\xAF", false}, {"\xED\xA0\x80", false}, {"\xF4\x90\x80\x80", false}})
+        EXPECT_EQ(estUtf8(texte), utf8) << texteSur(texte);
 }
 
 // Stopped by Ctrl-C, a kill or a closed terminal in the middle of a write,
