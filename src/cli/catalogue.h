@@ -37,6 +37,10 @@ Erreur ouvreCatalogueExistant(Catalogue& cat, const std::string& chemin);
 // text in the message, with its article ("Le point M").
 Erreur verifieTexte(const std::string& texte, const std::string& nom);
 
+// What the command line says of an entry of a kind no editor writes
+// ("genre 255, qu'aucun éditeur n'écrit : ..."); empty for the others.
+std::string remarqueGenre(int genre);
+
 // A record number typed by the user: digits only, 1 to `maximum`.
 Erreur lisNumeroLigne(const std::string& texte, NumeroLigne maximum, const Catalogue& cat, NumeroLigne& n);
 

@@ -12,6 +12,7 @@
 // --ligne N, writes it over record N, and prints the written record's line.
 #include <array>
 #include <cctype>
+#include <charconv>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -19,6 +20,7 @@
 #include "base/texte_sur.h"
 #include "base/verrou.h"
 #include "catalogue/cp1252.h"
+#include "catalogue/genre.h"
 #include "catalogue/remplace_ligne.h"
 #include "cli/catalogue.h"
 #include "cli/sortie_standard.h"
@@ -117,6 +119,13 @@ Erreur verifieTexte(const std::string& texte, const std::string& nom)
     return {};
 }
 
+std::string remarqueGenre(int genre)
+{
+    if (estGenreEcrit(genre))
+        return {};
+    return "genre " + std::to_string(genre) + ", qu'aucun éditeur n'écrit (l'entrée se trace comme un nuage g<f<h).";
+}
+
 int catalogueListe(int argc, char** argv)
 {
     if (argc != 2)
@@ -129,8 +138,17 @@ int catalogueListe(int argc, char** argv)
     Erreur erreur;
     const std::vector<std::string> lignes = listerCatalogue(cat, &erreur);
     // The header line of the editors' lists is not printed.
-    for (std::size_t i = 1; i < lignes.size(); ++i)
+    for (std::size_t i = 1; i < lignes.size(); ++i) {
         std::printf("%s\n", texteSur(ligneSansRemplissage(lignes[i])).c_str());
+        // The kind ends the line, after its last "[".
+        const std::string& l = lignes[i];
+        int genre = 0;
+        std::from_chars(l.data() + l.rfind('[') + 1, l.data() + l.size(), genre);
+        if (const std::string remarque = remarqueGenre(genre); !remarque.empty()) {
+            std::fflush(stdout);
+            std::fprintf(stderr, "velorin catalogue liste : ligne %zu : %s\n", i, remarque.c_str());
+        }
+    }
     if (erreur) {
         std::fflush(stdout);
         return echecCatalogue("liste", erreur.message());

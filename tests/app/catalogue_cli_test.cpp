@@ -45,9 +45,14 @@ TEST_F(CommandeCatalogue, ChaqueSousCommandeAtteintSonEcrivain)
     EXPECT_EQ(contenu("c.lsu"),
               point + octetsFiche(9, "Point:[(4,5,6)]") + octetsFiche(8, "Segment:[(4,5,6)][(1,2,3)]"));
     EXPECT_EQ(dossier_.noms(), std::vector<std::string>{"c.lsu"});
-    // What the list shows of a damaged record: its control bytes made visible.
-    ecris("c.lsu", std::string("\x09\x00", 2) + "a\x1b[2Jb\rc" + std::string(292, ' '));
-    EXPECT_EQ(lance({"liste", "c.lsu"}).sortie, "0001]a\\e[2Jb\\rc[09\n");
+    // What the list shows of a damaged record: its control bytes made
+    // visible, a kind no editor writes told on the error output.
+    ecris("c.lsu", std::string("\x10\x00", 2) + "a\x1b[2Jb\rc" + std::string(292, ' '));
+    const Sortie abime = lance({"liste", "c.lsu"});
+    EXPECT_EQ(std::tie(abime.code, abime.sortie, abime.erreurs),
+              std::make_tuple(0, std::string("0001]a\\e[2Jb\\rc[16\n"),
+                              std::string("velorin catalogue liste : ligne 1 : genre 16, qu'aucun éditeur n'écrit "
+                                          "(l'entrée se trace comme un nuage g<f<h).\n")));
 }
 
 TEST_F(CommandeCatalogue, UnRefusParFamilleDArguments)
