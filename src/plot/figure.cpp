@@ -158,30 +158,6 @@ std::vector<std::string_view> champs(std::string_view ligne)
     return v;
 }
 
-bool utf8Valide(std::string_view s)
-{
-    std::size_t i = 0;
-    while (i < s.size()) {
-        const auto c = static_cast<unsigned char>(s[i]);
-        std::size_t suite = 0;
-        if (c >= 0xC2 && c <= 0xDF)
-            suite = 1;
-        else if ((c & 0xF0) == 0xE0)
-            suite = 2;
-        else if (c >= 0xF0 && c <= 0xF4)
-            suite = 3;
-        else if (c >= 0x80)
-            return false;
-        if (i + suite >= s.size() && suite > 0)
-            return false;
-        for (std::size_t k = 1; k <= suite; ++k)
-            if ((static_cast<unsigned char>(s[i + k]) & 0xC0) != 0x80)
-                return false;
-        i += suite + 1;
-    }
-    return true;
-}
-
 std::string minuscules(std::string_view s)
 {
     std::string m(s);
@@ -219,7 +195,7 @@ public:
     std::string texte() const
     {
         const std::string& l = ligne();
-        return utf8Valide(l) ? l : depuisCp1252(l);
+        return estUtf8(l) ? l : depuisCp1252(l);
     }
 
     Erreur booleen(std::string_view champ, const char* nom, bool& b) const
