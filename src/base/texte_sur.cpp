@@ -6,13 +6,19 @@ namespace velorin {
 
 namespace {
 
-// Length of the valid UTF-8 sequence starting at texte[i], or 0.
-std::size_t longueurUtf8(std::string_view texte, std::size_t i)
+// Length of the valid UTF-8 sequence starting at texte[i] (no overlong
+// form, no surrogate, nothing beyond U+10FFFF), or 0; `valeur` gets its
+// code point.
+std::size_t sequenceUtf8(std::string_view texte, std::size_t i, unsigned& valeur)
 {
     const auto octet = [&](std::size_t k) { return static_cast<unsigned char>(texte[k]); };
     const unsigned char c = octet(i);
     std::size_t n;
     unsigned minimum;
+    if (c < 0x80) {
+        valeur = c;
+        return 1;
+    }
     if (c >= 0xC2 && c <= 0xDF) {
         n = 2;
         minimum = 0x80;
@@ -26,7 +32,7 @@ std::size_t longueurUtf8(std::string_view texte, std::size_t i)
         return 0;
     if (i + n > texte.size())
         return 0;
-    unsigned valeur = c & (0x7F >> n);
+    valeur = c & (0x7F >> n);
     for (std::size_t k = 1; k < n; ++k) {
         if ((octet(i + k) & 0xC0) != 0x80)
             return 0;
@@ -34,11 +40,17 @@ std::size_t longueurUtf8(std::string_view texte, std::size_t i)
     }
     if (valeur < minimum || valeur > 0x10FFFF || (valeur >= 0xD800 && valeur <= 0xDFFF))
         return 0;
-    // The C1 controls (U+0080 to U+009F: CSI among them) act on a terminal
-    // like ESC does: shown as the escapes of their bytes.
-    if (valeur <= 0x9F)
-        return 0;
     return n;
+}
+
+// Length of the printable UTF-8 character starting at texte[i] (at least
+// two bytes), or 0. The C1 controls (U+0080 to U+009F: CSI among them) act
+// on a terminal like ESC does: they are not printable.
+std::size_t longueurUtf8(std::string_view texte, std::size_t i)
+{
+    unsigned valeur = 0;
+    const std::size_t n = sequenceUtf8(texte, i, valeur);
+    return n > 1 && valeur > 0x9F ? n : 0;
 }
 
 }  // namespace
@@ -76,6 +88,15 @@ std::string texteSur(std::string_view texte)
         ++i;
     }
     return sur;
+}
+
+bool estUtf8(std::string_view texte)
+{
+    unsigned valeur = 0;
+    for (std::size_t i = 0, n = 0; i < texte.size(); i += n)
+        if ((n = sequenceUtf8(texte, i, valeur)) == 0)
+            return false;
+    return true;
 }
 
 std::string extraitSur(std::string_view texte, std::size_t maximum)

@@ -18,6 +18,11 @@ namespace velorin {
 // stays as it is. Printable text, accents included, is unchanged.
 std::string texteSur(std::string_view texte);
 
+// True when `texte` is valid UTF-8: no stray or missing continuation byte,
+// no overlong form, no surrogate, nothing beyond U+10FFFF. Control
+// characters are valid UTF-8.
+bool estUtf8(std::string_view texte);
+
 // Text quoted in a message: at most `maximum` bytes of `texte` (cut before
 // a UTF-8 character, never inside one) through texteSur, and "…" when
 // something was left out, so that a huge line of a file never fills a

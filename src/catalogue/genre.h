@@ -21,6 +21,13 @@ enum GenreEntree : std::int16_t {
     genreNuageEspace = 15,       // cloud g(x,y) < f(x,y) < h(x,y)
 };
 
+// A kind that some editor writes (0 to 9, 14, 15). The others are drawn as
+// clouds all the same.
+constexpr bool estGenreEcrit(int genre)
+{
+    return (genre >= genreExplicite && genre <= genrePoint) || genre == genreNuagePlan || genre == genreNuageEspace;
+}
+
 // A function of the function editor (kinds 0 to 4): formulas cut at "][".
 constexpr bool estGenreFonction(int genre)
 {

@@ -9,8 +9,12 @@
 // (brackets unified, cleaned and normalised, bracket count tested) unless
 // --brut hands the text to the evaluator as it is. --verifie prints the
 // checker's remarks on the prepared formula, one a line (exit 1 when there
-// are some, 0 when there are none).
+// are some, 0 when there are none, 2 when one is an error: brackets refused
+// or that end the program).
+#include <unistd.h>
+
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -122,9 +126,16 @@ int commandeCalcule(int argc, char** argv)
     }
     if (d.verifie) {
         const std::vector<Remarque> remarques = verifieFormule(formule, d.famille);
-        for (const Remarque& r : remarques)
-            std::printf("%s\n", texteRemarque(r).c_str());
-        return termineSortieStandard("calcule", remarques.empty() ? 0 : 1);
+        // An error (the formula refused, or the program ended by it) is red
+        // on a terminal, and makes the status that of a refused formula.
+        const bool couleurs = isatty(STDOUT_FILENO) && !std::getenv("NO_COLOR");
+        bool erreur = false;
+        for (const Remarque& r : remarques) {
+            erreur = erreur || r.erreur;
+            const bool rouge = r.erreur && couleurs;
+            std::printf("%s%s%s\n", rouge ? "\033[31m" : "", texteRemarque(r).c_str(), rouge ? "\033[0m" : "");
+        }
+        return termineSortieStandard("calcule", erreur ? 2 : remarques.empty() ? 0 : 1);
     }
     if (!d.brut && !parenthesesequilibrees(formule)) {
         std::fprintf(stderr, "La formule %s est incorrecte, corrigez-la , svp\n", texteSur(d.formule).c_str());

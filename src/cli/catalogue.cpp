@@ -24,7 +24,7 @@ const SousCommande sousCommandes[] = {
     {"liste", "FICHIER.lsu", catalogueListe},
     {"ajoute", "FICHIER.lsu --genre K [--plan] [--ligne N] TEXTE...", catalogueAjoute},
     // Points and pruning:
-    {"point", "FICHIER.lsu \"(x,y,z)\"", cataloguePoint},
+    {"point", "FICHIER.lsu \"(x,y,z)\" [--plan]", cataloguePoint},
     {"relie", "FICHIER.lsu N M", catalogueRelie},
     {"elimine", "FICHIER.lsu N...", catalogueElimine},
     {"reduis", "FICHIER.lsu", catalogueReduis},

@@ -18,7 +18,7 @@ int catalogueListe(int argc, char** argv);   // liste FICHIER.lsu
 int catalogueAjoute(int argc, char** argv);  // ajoute FICHIER.lsu --genre K [--plan] [--ligne N] TEXTE...
 
 // Points and pruning: catalogue_menage.cpp.
-int cataloguePoint(int argc, char** argv);    // point FICHIER.lsu "(x,y,z)"
+int cataloguePoint(int argc, char** argv);    // point FICHIER.lsu "(x,y,z)" [--plan]
 int catalogueRelie(int argc, char** argv);    // relie FICHIER.lsu N M
 int catalogueElimine(int argc, char** argv);  // elimine FICHIER.lsu N...
 int catalogueReduis(int argc, char** argv);   // reduis FICHIER.lsu
@@ -36,6 +36,10 @@ Erreur ouvreCatalogueExistant(Catalogue& cat, const std::string& chemin);
 // a character without a Windows-1252 byte), or nothing. `nom` names the
 // text in the message, with its article ("Le point M").
 Erreur verifieTexte(const std::string& texte, const std::string& nom);
+
+// What the command line says of an entry of a kind no editor writes
+// ("genre 255, qu'aucun éditeur n'écrit : ..."); empty for the others.
+std::string remarqueGenre(int genre);
 
 // A record number typed by the user: digits only, 1 to `maximum`.
 Erreur lisNumeroLigne(const std::string& texte, NumeroLigne maximum, const Catalogue& cat, NumeroLigne& n);

@@ -12,6 +12,7 @@
 // --ligne N, writes it over record N, and prints the written record's line.
 #include <array>
 #include <cctype>
+#include <charconv>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -19,6 +20,7 @@
 #include "base/texte_sur.h"
 #include "base/verrou.h"
 #include "catalogue/cp1252.h"
+#include "catalogue/genre.h"
 #include "catalogue/remplace_ligne.h"
 #include "cli/catalogue.h"
 #include "cli/sortie_standard.h"
@@ -103,8 +105,9 @@ int usageAjoute(const std::string& raison)
 
 Erreur verifieTexte(const std::string& texte, const std::string& nom)
 {
-    // texteSur changes a text only to show its control characters (and bytes
-    // that are not UTF-8).
+    if (!estUtf8(texte))
+        return nom + " " + texteCite(texte) + " n'est pas un texte UTF-8 valide : il ne peut pas être enregistré.";
+    // texteSur changes a valid UTF-8 text only to show its control characters.
     if (texteSur(texte) != texte)
         return nom + " " + texteCite(texte) + " contient un caractère de commande : il ne peut pas être enregistré.";
     // Every character of the record is one Windows-1252 byte: one that has
@@ -114,6 +117,13 @@ Erreur verifieTexte(const std::string& texte, const std::string& nom)
                " contient un caractère qu'un catalogue ne peut pas garder (seuls les caractères d'Europe "
                "occidentale le peuvent).";
     return {};
+}
+
+std::string remarqueGenre(int genre)
+{
+    if (estGenreEcrit(genre))
+        return {};
+    return "genre " + std::to_string(genre) + ", qu'aucun éditeur n'écrit (l'entrée se trace comme un nuage g<f<h).";
 }
 
 int catalogueListe(int argc, char** argv)
@@ -128,8 +138,17 @@ int catalogueListe(int argc, char** argv)
     Erreur erreur;
     const std::vector<std::string> lignes = listerCatalogue(cat, &erreur);
     // The header line of the editors' lists is not printed.
-    for (std::size_t i = 1; i < lignes.size(); ++i)
+    for (std::size_t i = 1; i < lignes.size(); ++i) {
         std::printf("%s\n", texteSur(ligneSansRemplissage(lignes[i])).c_str());
+        // The kind ends the line, after its last "[".
+        const std::string& l = lignes[i];
+        int genre = 0;
+        std::from_chars(l.data() + l.rfind('[') + 1, l.data() + l.size(), genre);
+        if (const std::string remarque = remarqueGenre(genre); !remarque.empty()) {
+            std::fflush(stdout);
+            std::fprintf(stderr, "velorin catalogue liste : ligne %zu : %s\n", i, remarque.c_str());
+        }
+    }
     if (erreur) {
         std::fflush(stdout);
         return echecCatalogue("liste", erreur.message());
@@ -176,6 +195,9 @@ int catalogueAjoute(int argc, char** argv)
                                             std::to_string(longueurTexte) + " : il serait coupé et " +
                                             texteCite(depuisCp1252(octets.substr(longueurTexte))) +
                                             " perdu. Rien n'est écrit.");
+    // What would not draw is refused here rather than found at drawing.
+    if (auto erreur = verifieEntree(a.genre, espace, cases))
+        return echecCatalogue("ajoute", erreur.message());
 
     // Held from the count to the write: an append of another writer meanwhile
     // would otherwise be overwritten.

@@ -3,8 +3,10 @@
 // dialogs; a point or a segment is appended by replacing the whole file, and
 // a pruning replaces it whole too, so that a failure leaves the catalogue as
 // it was.
+#include <algorithm>
 #include <cstdio>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/texte_sur.h"
@@ -63,13 +65,22 @@ std::string bilanTexte(const BilanReduction& bilan)
 
 int cataloguePoint(int argc, char** argv)
 {
+    // --plan: the point is checked as the plane reads it, "(x,y)" is enough.
+    std::vector<char*> arguments(argv, argv + argc);
+    const auto plan = std::find(arguments.begin() + 1, arguments.end(), std::string_view("--plan"));
+    FaconEcrire f = facon;
+    f.verifieEnEspace = plan == arguments.end();
+    if (plan != arguments.end())
+        arguments.erase(plan);
+    argc = static_cast<int>(arguments.size());
+    argv = arguments.data();
     Catalogue cat;
-    if (int statut = prepare(argc, argv, true, 3, "FICHIER.lsu \"(x,y,z)\"", cat))
+    if (int statut = prepare(argc, argv, true, 3, "FICHIER.lsu \"(x,y,z)\" [--plan]", cat))
         return statut;
     if (auto erreur = verifieTexte(argv[2], "Le point"))
         return echecCatalogue(argv[0], erreur.message());
     Enregistrement r;
-    if (auto erreur = creePoint(cat, argv[2], r, facon))
+    if (auto erreur = creePoint(cat, argv[2], r, f))
         return echecCatalogue(argv[0], erreur.message());
     if (!r.nouveau)
         std::fprintf(stderr, "velorin catalogue point : ce point est déjà à la ligne %lld : rien n'est écrit.\n",

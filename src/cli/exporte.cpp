@@ -61,6 +61,8 @@ int termine(const DemandeRendu& d, bool chrono)
     if (format != FormatSortie::Texte && format != FormatSortie::Figure)
         assureApplication();
     const ResultatRendu r = rendu(d);
+    for (const std::string& remarque : r.remarques)
+        std::fprintf(stderr, "velorin exporte : %s\n", remarque.c_str());
     if (!r.avertissement.empty())
         std::fprintf(stderr, "velorin exporte : %s\n", r.avertissement.c_str());
     if (chrono && d.figure.empty() && !d.entrees.empty()) {

@@ -19,6 +19,7 @@
 #include "base/motif_numerote.h"
 #include "base/texte_sur.h"
 #include "catalogue/catalogue.h"
+#include "cli/catalogue.h"
 #include "plot/demande.h"
 #include "plot/ecran.h"
 #include "plot/etat.h"
@@ -28,6 +29,7 @@
 #include "qt/dossiers.h"
 #include "qt/tour_anime.h"
 #include "settings/memoire.h"
+#include "settings/texte_nombre.h"
 #include "view/surface_enregistreuse.h"
 
 namespace fs = std::filesystem;
@@ -121,6 +123,26 @@ Erreur prepareFigure(DemandeRendu& d, Etat& etat, std::string& avertissement)
     }
     ajusteTaille(d, etat, avertissement);
     return {};
+}
+
+// The entries to draw (and the rows of a figure) of a kind no editor writes.
+std::vector<std::string> genresNonEcrits(const Etat& etat, const DemandeRendu& d)
+{
+    std::vector<std::string> remarques;
+    const auto note = [&](const std::string& quoi, double numero) {
+        LigneCatalogue l;
+        if (numero >= 1 && numero <= etat.catalogue.nbLignesCatalogue &&
+            !lisLigne(etat.catalogue, static_cast<NumeroLigne>(numero), l))
+            if (const std::string r = remarqueGenre(l.typeFonction); !r.empty())
+                remarques.push_back(quoi + " : " + r);
+    };
+    for (int i = 1; !d.figure.empty() && i <= etat.courbes.nbCourbes; ++i) {
+        const double n = etat.courbes.lignes[std::size_t(i - 1)][colNumero];
+        note("courbe tracée " + std::to_string(i) + " (entrée " + texteNombre(n, 15) + ")", n);
+    }
+    for (int n : d.entrees)
+        note("entrée " + std::to_string(n), n);
+    return remarques;
 }
 
 // Clearing, frame, then the rows of a figure each with its own values, then
@@ -252,6 +274,7 @@ ResultatRendu rendu(const DemandeRendu& demande)
     r.erreur = d.figure.empty() ? prepareEtat(d, etat, r.avertissement) : prepareFigure(d, etat, r.avertissement);
     if (r.erreur)
         return r;
+    r.remarques = genresNonEcrits(etat, d);
     if (d.tour >= 0)
         renduTour(etat, d, r);
     else if (format == FormatSortie::Figure)

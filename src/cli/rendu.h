@@ -44,6 +44,9 @@ struct DemandeRendu {
 struct ResultatRendu {
     Erreur erreur;                 // French, one line
     std::string avertissement;     // e.g. refused ranges reset; the file is written all the same
+    // Entries of a kind no editor writes, drawn all the same (as clouds):
+    // "entrée 3 : genre 255, qu'aucun éditeur n'écrit ...", one a line.
+    std::vector<std::string> remarques;
     std::vector<double> dureesMs;  // tracing time of each entry (of every redraw of a turn)
     int images = 0;                // files or GIF pictures written for a turn
 };

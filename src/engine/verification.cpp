@@ -162,9 +162,16 @@ struct Verificateur {
     std::string texte;
     std::vector<Remarque> remarques;
 
-    void ajoute(std::size_t pos, std::string message, std::string proposition = {})
+    void ajoute(std::size_t pos, std::string message, std::string proposition = {}, bool erreur = false)
     {
-        remarques.push_back({pos, std::move(message), std::move(proposition)});
+        remarques.push_back({pos, std::move(message), std::move(proposition), erreur});
+    }
+    // Brackets the evaluator cannot cut into groups: it stops, with its
+    // message, and the program ends.
+    void arret(std::size_t pos, const std::string& faute, std::string proposition = {})
+    {
+        ajoute(pos, faute + " : au tracé, le programme dira « " + messageIncorrecte(f) + " » et s'arrêtera.",
+               std::move(proposition), true);
     }
     std::string remplace(std::size_t debut, std::size_t longueur, std::string_view par) const
     {
@@ -188,8 +195,9 @@ void Verificateur::crochets(std::size_t debut, std::size_t fin)
     const auto ouvrantes = static_cast<std::size_t>(std::count(t.begin(), t.end(), '('));
     const auto fermantes = static_cast<std::size_t>(std::count(t.begin(), t.end(), ')'));
     if (ouvrantes != fermantes) {
-        ajoute(debut, std::to_string(ouvrantes) + " « ( » pour " + std::to_string(fermantes) +
-                          " « ) » : la formule est refusée.");
+        ajoute(debut,
+               std::to_string(ouvrantes) + " « ( » pour " + std::to_string(fermantes) + " « ) » : la formule est refusée.",
+               {}, true);
         return;
     }
     if (ouvrantes == 0)
@@ -203,7 +211,7 @@ void Verificateur::crochets(std::size_t debut, std::size_t fin)
     bool ordre = true;
     const std::vector<Groupe> g = groupes(t, ordre);
     if (!ordre) {
-        ajoute(debut, "une « ) » ferme avant son « ( » : la formule est refusée.");
+        arret(debut, "une « ) » ferme avant son « ( »");
         return;
     }
     if (g.size() > 1)
@@ -247,8 +255,12 @@ void Verificateur::groupesCote(std::size_t debut, std::size_t fin, const std::ve
         }
         const char op = texte[ferme + 1];
         if (!estOperateur(op)) {
-            ajoute(ferme + 1, "il manque un opérateur entre deux groupes : le produit n'est pas implicite.",
-                   remplace(ferme + 1, 0, "*"));
+            // The piece after it then lacks its "(": the evaluator stops.
+            if (op == '(')
+                arret(ferme + 1, "il manque un opérateur entre deux groupes", remplace(ferme + 1, 0, "*"));
+            else
+                ajoute(ferme + 1, "il manque un opérateur entre deux groupes : le produit n'est pas implicite.",
+                       remplace(ferme + 1, 0, "*"));
             return;
         }
         ops.push_back(op);
@@ -472,8 +484,17 @@ bool exposantsCoupes(Verificateur& v)
 std::vector<Remarque> verifieFormule(std::string_view formule, Famille famille)
 {
     Verificateur v{famille, majuscules(formule), {}};
-    if (!v.texte.empty() && !exposantsCoupes(v))
+    if (!v.texte.empty()) {
+        const bool coupes = exposantsCoupes(v);
+        const auto avant = static_cast<std::ptrdiff_t>(v.remarques.size());
         v.crochets(0, v.texte.size());
+        // After a cut exponent the rest of the reading misleads: only what
+        // stops the evaluator is kept.
+        if (coupes)
+            v.remarques.erase(std::remove_if(v.remarques.begin() + avant, v.remarques.end(),
+                                             [](const Remarque& r) { return !r.erreur; }),
+                              v.remarques.end());
+    }
     std::stable_sort(v.remarques.begin(), v.remarques.end(),
                      [](const Remarque& a, const Remarque& b) { return a.position < b.position; });
     return v.remarques;

@@ -17,14 +17,20 @@ struct Remarque {
     std::size_t position = 0;  // 0-based index in the checked text
     std::string texte;         // what the evaluator does, in French
     std::string proposition;   // the whole formula rewritten, or empty
+    // The text is not drawn at all: its brackets are refused before tracing,
+    // or they stop the evaluator, which then ends the program. Shown as an
+    // error (red), where the other remarks only warn.
+    bool erreur = false;
 };
 
 // The remarks on a formula prepared as the plot request prepares it
 // (brackets unified, blanks and left-hand side removed, normalised), in the
-// order of their positions. None for a text read as it reads.
+// order of their positions. None for a text read as it reads. Brackets that
+// end the program (a ")" before its "(", two groups with no operator
+// between them, "(X)(X)") are always told, whatever else the text holds.
 std::vector<Remarque> verifieFormule(std::string_view formule, Famille famille);
 
-// One remark on one line: "position 4 : ... (écrivez : ...)".
+// One remark on one line: "position 4 : ... Écrivez : ...".
 std::string texteRemarque(const Remarque& r);
 
 }  // namespace velorin

@@ -162,30 +162,6 @@ std::vector<std::string_view> champs(std::string_view ligne)
     return v;
 }
 
-bool utf8Valide(std::string_view s)
-{
-    std::size_t i = 0;
-    while (i < s.size()) {
-        const auto c = static_cast<unsigned char>(s[i]);
-        std::size_t suite = 0;
-        if (c >= 0xC2 && c <= 0xDF)
-            suite = 1;
-        else if ((c & 0xF0) == 0xE0)
-            suite = 2;
-        else if (c >= 0xF0 && c <= 0xF4)
-            suite = 3;
-        else if (c >= 0x80)
-            return false;
-        if (i + suite >= s.size() && suite > 0)
-            return false;
-        for (std::size_t k = 1; k <= suite; ++k)
-            if ((static_cast<unsigned char>(s[i + k]) & 0xC0) != 0x80)
-                return false;
-        i += suite + 1;
-    }
-    return true;
-}
-
 std::string minuscules(std::string_view s)
 {
     std::string m(s);
@@ -233,7 +209,7 @@ public:
     std::string texte() const
     {
         const std::string& l = ligne();
-        return utf8Valide(l) ? l : depuisCp1252(l);
+        return estUtf8(l) ? l : depuisCp1252(l);
     }
 
     Erreur booleen(std::string_view champ, const char* nom, bool& b) const
@@ -510,6 +486,21 @@ Erreur ecrisFigure(const std::string& chemin, const Etat& etat, const GeometrieF
     if (!r.nonFini_.empty())
         return "Figure " + texteCite(chemin) + " non écrite : la valeur de " + r.nonFini_ + " n'est pas un nombre fini";
     return ecrisFichierEntier(chemin, r.texte_);
+}
+
+std::string sauveSecours(const Etat& etat, int sansLigne, const GeometrieFenetre& geometrie)
+{
+    Etat sauve = etat;
+    std::vector<LigneCourbe>& lignes = sauve.courbes.lignes;
+    if (sansLigne >= 1 && sansLigne <= static_cast<int>(lignes.size())) {
+        lignes.erase(lignes.begin() + (sansLigne - 1));
+        sauve.courbes.nbCourbes = static_cast<std::int16_t>(lignes.size());
+    }
+    const std::string chemin = etat.fenetre.dossierFig + nomFigureSecours;
+    if (auto erreur = ecrisFigure(chemin, sauve, geometrie))
+        return "L'écran n'a pas pu être sauvé : " + erreur.message();
+    return "L'écran est sauvé dans " + texteCite(chemin) +
+           " : « Lire un écran mémorisé » (menu Mémorisation) le redonne.";
 }
 
 ResultatFigure analyseFigure(const std::string& contenu, const std::string& chemin, Etat& etat,

@@ -65,6 +65,16 @@ std::string texteFigure(const Etat& etat, const GeometrieFenetre& geometrie);
 // failure, naming the file.
 Erreur ecrisFigure(const std::string& chemin, const Etat& etat, const GeometrieFenetre& geometrie);
 
+// The figure the window saves just before the program ends on a formula
+// whose brackets the evaluator cannot read.
+inline constexpr const char* nomFigureSecours = "secours.fig";
+
+// Saves the screen of `etat` as nomFigureSecours in its figure folder
+// (dossierFig), whole or not at all, without drawn curve `sansLigne` (the
+// one that ends the program: read back, it would end it again). Gives the
+// French sentence that tells where it went, or why it could not be saved.
+std::string sauveSecours(const Etat& etat, int sansLigne, const GeometrieFenetre& geometrie);
+
 struct OptionsFigure {
     // Folder of the catalogue named on line 2 (ending with '/'); empty: the
     // curves folder of the figure's mode (etat.fenetre.dossierCourbes once

@@ -392,6 +392,31 @@ std::optional<Equation> lisEquation(const std::string& brut)
     return eq;
 }
 
+Erreur lisObjet(int genre, bool espace, const std::array<std::string, 3>& champs, ObjetLu& objet)
+{
+    if (genre == genrePlanEquation) {
+        const auto eq = lisEquation(champs[0]);
+        if (!eq)
+            return (espace ? "Équation de plan incorrecte : " : "Équation de droite incorrecte : ") + ou(champs[0]) +
+                   (espace ? " ; écrivez par exemple 2x+3y-z+1=0" : " ; écrivez par exemple y=2x+1");
+        objet.equation = *eq;
+        return {};
+    }
+    if (!estGenreObjet(genre))
+        return "Objet inconnu (genre " + std::to_string(genre) + ")";
+    // M, then u and v (M2 for a segment), as far as the kind has them.
+    const int lus = genre == genrePoint ? 1 : genre == genrePlanParametre ? 3 : 2;
+    Vecteur3* cibles[3] = {&objet.a, &objet.u, &objet.v};
+    for (int i = 0; i < lus; ++i) {
+        const std::string& t = champs[std::size_t(i)];
+        const auto lu = lisCoordonnees(t, espace);
+        if (!lu)
+            return i == 0 || genre == genreSegment ? messagePoint(t, espace) : messageVecteur(t, espace);
+        *cibles[i] = *lu;
+    }
+    return {};
+}
+
 Erreur traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
 {
     const bool espace = etat.fenetre.modeEspace;
@@ -399,19 +424,16 @@ Erreur traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
     const int genre = etat.trace.typeTrace;
 
     // Read everything before drawing anything: a bad field draws nothing.
-    auto point = [&](const std::string& t) { return lisCoordonnees(t, espace); };
+    ObjetLu o;
+    if (auto erreur = lisObjet(genre, espace, {m.formuleF1, m.formuleF2, m.formuleF3}, o))
+        return erreur;
     if (genre == genrePlanEquation) {
-        auto eq = lisEquation(m.formuleF1);
-        if (!eq) {
-            return (espace ? "Équation de plan incorrecte : " : "Équation de droite incorrecte : ") + ou(m.formuleF1) +
-                   (espace ? " ; écrivez par exemple 2x+3y-z+1=0" : " ; écrivez par exemple y=2x+1");
-        }
-        Vecteur3 n = eq->normale;
+        Vecteur3 n = o.equation.normale;
         if (!espace)
             n[2] = 0;  // the plane is z = 0: a z term vanishes there
         if (estNul(n))
             return kVecteurNul;
-        const Vecteur3 m0 = plus({0, 0, 0}, n, -eq->constante / scalaire(n, n));
+        const Vecteur3 m0 = plus({0, 0, 0}, n, -o.equation.constante / scalaire(n, n));
         Dessin d(etat, surface, crochets);
         if (!espace) {
             d.droite(m0, {-n[1], n[0], 0});
@@ -434,43 +456,21 @@ Erreur traceObjet(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
         d.plan(m0, axes[0], axes[1]);
         return {};
     }
-
-    const auto a = point(m.formuleF1);
-    if (!a)
-        return messagePoint(m.formuleF1, espace);
     switch (genre) {
-    case genreDroite: {
-        const auto u = point(m.formuleF2);
-        if (!u)
-            return messageVecteur(m.formuleF2, espace);
-        if (estNul(*u))
+    case genreDroite:
+        if (estNul(o.u))
             return kVecteurNul;
-        Dessin(etat, surface, crochets).droite(*a, *u);
+        Dessin(etat, surface, crochets).droite(o.a, o.u);
         return {};
-    }
-    case genrePlanParametre: {
-        const auto u = point(m.formuleF2);
-        if (!u)
-            return messageVecteur(m.formuleF2, espace);
-        const auto v = point(m.formuleF3);
-        if (!v)
-            return messageVecteur(m.formuleF3, espace);
-        if (estNul(*u) || estNul(*v))
+    case genrePlanParametre:
+        if (estNul(o.u) || estNul(o.v))
             return kVecteurNul;
-        if (colineaires(*u, *v))
+        if (colineaires(o.u, o.v))
             return kColineaires;
-        Dessin(etat, surface, crochets).plan(*a, *u, *v);
+        Dessin(etat, surface, crochets).plan(o.a, o.u, o.v);
         return {};
-    }
-    case genreSegment: {
-        const auto b = point(m.formuleF2);
-        if (!b)
-            return messagePoint(m.formuleF2, espace);
-        Dessin(etat, surface, crochets).segment(*a, *b);
-        return {};
-    }
-    case genrePoint: Dessin(etat, surface, crochets).croix(*a); return {};
-    default: return "Objet inconnu (genre " + std::to_string(genre) + ")";
+    case genreSegment: Dessin(etat, surface, crochets).segment(o.a, o.u); return {};
+    default: Dessin(etat, surface, crochets).croix(o.a); return {};
     }
 }
 

@@ -37,4 +37,17 @@ struct Equation {
 };
 std::optional<Equation> lisEquation(const std::string& texte);
 
+// An object's coordinates as its tracer reads them from the cleaned fields:
+// the point M (M1 for a segment) in `a`; u (M2 for a segment) and v in `u`
+// and `v`; the equation of kind 7 in `equation`.
+struct ObjetLu {
+    Vecteur3 a{0, 0, 0}, u{0, 0, 0}, v{0, 0, 0};
+    Equation equation;
+};
+// Reads the fields of an object of kind `genre` (5..9) in the mode; the
+// French message of the first field that cannot be read ("Point incorrect :
+// (1,2 ; écrivez ..."), or nothing. Null or collinear vectors are read: the
+// tracer refuses them when it draws.
+Erreur lisObjet(int genre, bool espace, const std::array<std::string, 3>& champs, ObjetLu& objet);
+
 }  // namespace velorin

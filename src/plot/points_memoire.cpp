@@ -71,6 +71,9 @@ Erreur creePoint(Catalogue& cat, std::string_view coordonnees, Enregistrement& r
     resultat = {0, false, texteEntree(genrePoint, true, {}, {piece, "", ""})};
     if (sansBlancs(pieceEntree(piece)).empty())
         return "Tapez les coordonnées du point, par exemple (1,2,3).";
+    if (facon.verifieEnEspace)
+        if (auto erreur = verifieEntree(genrePoint, *facon.verifieEnEspace, {piece, "", ""}))
+            return erreur;
     if (auto erreur = verifieLongueur(resultat.texte, facon))
         return erreur;
     // Held from the look for an equal point to the append.

@@ -8,6 +8,7 @@
 // stored twice; a new one is always appended. A segment is appended as
 // "Segment:[" A "][" B "]", A and B the coordinate texts of its two points.
 #pragma once
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,9 +32,13 @@ Erreur chargePoints(Catalogue& cat, std::vector<PointMemoire>& points);
 // at 300 characters and write the record in place; the command line refuses
 // such a text (it says so instead of storing less than was asked) and
 // replaces the whole file, since nobody is there to see a failure half-way.
+// The command line also checks a point's coordinates as the point tracer of
+// its mode reads them (verifieEntree), so that it never stores one that
+// cannot be drawn; the points dialog leaves that to the drawing.
 struct FaconEcrire {
     bool refuseTexteCoupe = false;
     Erreur (*ecris)(Catalogue& cat, NumeroLigne n, const LigneCatalogue& ligne) = ecrisLigne;
+    std::optional<bool> verifieEnEspace = std::nullopt;  // the mode to check in; empty: no check
 };
 
 struct Enregistrement {

@@ -1,8 +1,12 @@
 #include "plot/texte_entree.h"
 
+#include "base/texte_sur.h"
 #include "catalogue/genre.h"
 #include "engine/nombres.h"
 #include "engine/normalisation.h"
+#include "engine/verification.h"
+#include "plot/demande.h"
+#include "plot/objets.h"
 
 namespace velorin {
 
@@ -80,6 +84,38 @@ std::string texteEntree(int genre, bool modeEspace, const std::array<std::string
         texte += ']';
     }
     return texte;
+}
+
+Famille familleDuGenre(int genre)
+{
+    if (estGenreFonction(genre))
+        return genre == genreSurfaceParametree || genre == genreSurfaceSpherique ? Famille::Plan : Famille::Espace;
+    return Famille::Nuage;
+}
+
+Erreur verifieEntree(int genre, bool modeEspace, const std::array<std::string, 3>& boites)
+{
+    const std::string texte = texteEntree(genre, modeEspace, invitesDuGenre(genre), boites);
+    std::array<std::string, 3> champs = champsEntree(genre, texte);
+    for (std::string& champ : champs)
+        champ = nettoieformule(champ, genre);
+    if (estGenreObjet(genre)) {
+        ObjetLu objet;
+        if (auto erreur = lisObjet(genre, modeEspace, champs, objet))
+            return erreur.message() + ". Rien n'est écrit.";
+        return {};
+    }
+    const std::vector<int> lues = boitesLues(genre, modeEspace);
+    const std::vector<std::string> noms = nomsDesBoites(genre, modeEspace);
+    for (std::size_t i = 0; i < lues.size() && i < champs.size(); ++i)
+        for (const Remarque& r : verifieFormule(champs[i], familleDuGenre(genre)))
+            if (r.erreur) {
+                std::string nom = noms[i];
+                nom[0] = static_cast<char>(nom[0] - 'a' + 'A');
+                return nom + " " + texteCite(boites[static_cast<std::size_t>(lues[i])]) +
+                       " n'est pas enregistrée : lue " + texteSur(champs[i]) + ", " + texteRemarque(r);
+            }
+    return {};
 }
 
 std::vector<std::string> nomsDesBoites(int genre, bool modeEspace)

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/erreur.h"
+#include "engine/lecture.h"
 
 namespace velorin {
 
@@ -42,6 +43,19 @@ std::string pieceEntree(const std::string& tape);
 // the record keeps its first 300 characters.
 std::string texteEntree(int genre, bool modeEspace, const std::array<std::string, 3>& invites,
                         const std::array<std::string, 3>& boites);
+
+// The evaluator family that reads the formulas of `genre`: space for
+// kinds 0, 1 and 3 (one variable), plane for the surfaces 2 and 4 (a, t),
+// cloud for 14, 15 and any other kind.
+Famille familleDuGenre(int genre);
+
+// Why the entry typed in the boxes of `genre` would not be drawn, checked
+// as the plot request and the tracers read it back from its text: a formula
+// whose brackets are refused or stop the evaluator (which then ends the
+// program), coordinates or an equation the object tracers cannot read. The
+// French message names the box and says that nothing is written; nothing
+// when the entry draws.
+Erreur verifieEntree(int genre, bool modeEspace, const std::array<std::string, 3>& boites);
 
 // How the boxes read for `genre` are named to the user: "la formule x=f1(t)=",
 // "le point M", "la fonction g"...; one name per box of boitesLues.

@@ -31,6 +31,9 @@ TEST(CommandeCalcule, ChaqueOptionEtSonStatut)
         {0, {"--verifie", "y = 2*sin(x)"}, "", ""},
         {1, {"--verifie", "SIN(X)+1"}, "position 7 : « +1 »" + reste, ""},
         {1, {"--famille", "nuage", "--verifie", "X*Y"}, "position 1 : « X*Y »" + deux, ""},
+        {2, {"--famille", "plan", "--verifie", "X)+(1"},
+         "position 1 : une « ) » ferme avant son « ( » : au tracé, le programme dira « Formule incorrecte » et "
+         "s'arrêtera.\n", ""},
     };
     for (const auto& [statut, arguments, sortie, erreurs] : cas) {
         const Sortie s = calcule(arguments);

@@ -45,9 +45,14 @@ TEST_F(CommandeCatalogue, ChaqueSousCommandeAtteintSonEcrivain)
     EXPECT_EQ(contenu("c.lsu"),
               point + octetsFiche(9, "Point:[(4,5,6)]") + octetsFiche(8, "Segment:[(4,5,6)][(1,2,3)]"));
     EXPECT_EQ(dossier_.noms(), std::vector<std::string>{"c.lsu"});
-    // What the list shows of a damaged record: its control bytes made visible.
-    ecris("c.lsu", std::string("\x09\x00", 2) + "a\x1b[2Jb\rc" + std::string(292, ' '));
-    EXPECT_EQ(lance({"liste", "c.lsu"}).sortie, "0001]a\\e[2Jb\\rc[09\n");
+    // What the list shows of a damaged record: its control bytes made
+    // visible, a kind no editor writes told on the error output.
+    ecris("c.lsu", std::string("\x10\x00", 2) + "a\x1b[2Jb\rc" + std::string(292, ' '));
+    const Sortie abime = lance({"liste", "c.lsu"});
+    EXPECT_EQ(std::tie(abime.code, abime.sortie, abime.erreurs),
+              std::make_tuple(0, std::string("0001]a\\e[2Jb\\rc[16\n"),
+                              std::string("velorin catalogue liste : ligne 1 : genre 16, qu'aucun éditeur n'écrit "
+                                          "(l'entrée se trace comme un nuage g<f<h).\n")));
 }
 
 TEST_F(CommandeCatalogue, UnRefusParFamilleDArguments)
@@ -69,12 +74,14 @@ TEST_F(CommandeCatalogue, UnRefusParFamilleDArguments)
         {{"ajoute", "c.lsu", "--genre", "6", "--plan", "a", "b", "c"}, "aucun éditeur n'écrit le genre 6 dans le plan"},
         {{"ajoute", "c.lsu", "--genre", "9", "--couleur", "(1,2)"}, "option inconnue « --couleur »"},
         {{"ajoute", "c.lsu", "--genre", "5", "(1,2)"}, "attend 2 textes (le point M, le vecteur u), pas 1"},
-        {{"ajoute", "c.lsu", "--genre", "9", "--ligne", "3", "(1,2)"}, "la ligne 3 n'existe pas"},
+        {{"ajoute", "c.lsu", "--genre", "9", "--ligne", "3", "(1,2,3)"}, "la ligne 3 n'existe pas"},
+        {{"ajoute", "c.lsu", "--genre", "1", "X)+(1", "T", "T"}, "« X)+(1 » n'est pas enregistrée : lue X)+(1, po"},
         {{"ajoute", "c.lsu", "--genre", "9", QString(298, 'x')}, "il serait coupé et « xxxxx] » perdu"},
         {{"ajoute", "c.lsu", "--genre", "9", "(π,1)"}, "« (π,1) » contient un caractère qu'un catalogue ne peut"},
         {{"point", "c.lsu", "(1,\t2)"}, "contient un caractère de commande"},
         {{"point", "c.lsu"}, "arguments incorrects. Usage : velorin catalogue point FICHIER.lsu \"(x,y,z)\""},
         {{"point", "c.lsu", " "}, "Tapez les coordonnées du point"},
+        {{"point", "c.lsu", "(1,2"}, "Point incorrect : (1,2 ; écrivez (x,y,z)"},
         {{"relie", "c.lsu", "1", "2"}, "La ligne 1 du catalogue « c.lsu » n'est pas un point (genre 1)."},
         {{"relie", "c.lsu", "2", "x"}, "« x » n'est pas un numéro de ligne"},
         {{"relie", "long.lsu", "1", "2"}, "fait 316 caractères et une ligne du catalogue n'en garde que 300"},
@@ -83,7 +90,7 @@ TEST_F(CommandeCatalogue, UnRefusParFamilleDArguments)
     };
     for (const auto& [arguments, message] : cas)
         refuse(arguments, message);
-    refuse({"ajoute", "c.lsu", "--genre", "9", "(7,7)"}, "c.lsu » : le disque est plein", disquePlein("400"));
+    refuse({"ajoute", "c.lsu", "--genre", "9", "(7,7,7)"}, "c.lsu » : le disque est plein", disquePlein("400"));
     // A list that cannot reach the standard output whole is a failure.
     const Sortie s = lanceVelorin({"catalogue", "liste", "c.lsu"}, dossier_.chemin().string(),
                                   QProcessEnvironment::systemEnvironment(), QStringLiteral("/dev/full"));
@@ -101,7 +108,7 @@ TEST_F(CommandeCatalogue, DeuxBouclesAjoutentEnMemeTempsSansRienPerdre)
     for (int b = 0; b < 2; ++b) {
         boucles[b].setWorkingDirectory(chemin(""));
         boucles[b].start("/bin/sh", {"-c",
-                                     "for i in $(seq 20); do \"$0\" catalogue ajoute c.lsu --genre 9 \"($i,$1)\" "
+                                     "for i in $(seq 20); do \"$0\" catalogue ajoute c.lsu --plan --genre 9 \"($i,$1)\" "
                                      ">/dev/null || exit 1; done",
                                      velorin, QString::number(b)});
     }

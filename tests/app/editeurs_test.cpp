@@ -200,6 +200,10 @@ TEST(Tinu, GenreSelonLeModeEtLeMenuEtRemarques)
     tape(t, "Text1_2", "2X");
     EXPECT_TRUE(texte(t, "Remarque_1").contains(QStringLiteral("(X)*(Y)")));
     EXPECT_TRUE(texte(t, "Remarque_2").contains(QStringLiteral("2*X")));
+    tape(t, "Text1_0", "X)+(1");  // brackets that end the program: an error, not a warning
+    EXPECT_EQ(std::pair(controle<QLabel>(t, "Remarque_0")->property("remarque").toInt(),
+                        controle<QLabel>(t, "Remarque_2")->property("remarque").toInt()),
+              std::pair(2, 1));
 }
 
 // Creating a point, placing the selected points (drawn), "Je blanchis"

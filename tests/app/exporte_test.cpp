@@ -84,6 +84,12 @@ TEST_F(Exporte, ChaqueFormatLaFigureEtLeTour)
     ASSERT_EQ(figure("c.fig", {"--tour", "oy-", "--sortie", chemin("f/t_%02d.txt")}).code, 0);
     for (const auto& e : fs::directory_iterator(dossier_.chemin() / "e"))
         EXPECT_EQ(lisFichier(dossier_.chemin() / "f" / e.path().filename()), lisFichier(e.path())) << e.path();
+    // An entry of a kind no editor writes is drawn, and told.
+    ecris("k.lsu", octetsFiche(255, "0<x^2+y^2<4"));
+    const Sortie k = lance({"--dossier", chemin(""), "--catalogue", "k.lsu", "--entree", "1", "--sortie", chemin("k.txt")});
+    EXPECT_EQ(std::tie(k.code, k.erreurs), std::make_tuple(0, std::string("velorin exporte : entrée 1 : genre 255, "
+                                                                          "qu'aucun éditeur n'écrit (l'entrée se trace "
+                                                                          "comme un nuage g<f<h).\n")));
 }
 
 TEST_F(Exporte, UnRefusParFamilleDArguments)

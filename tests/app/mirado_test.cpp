@@ -162,7 +162,8 @@ TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListe)
 }
 
 // "SIN(T" fails the request's bracket count and the program goes on; ")T("
-// passes it but the evaluator cannot read it: the program ends.
+// passes it but the evaluator cannot read it: the program ends, the screen
+// saved first and the message saying where.
 TEST(Mirado, CrochetsIllisiblesTerminentLeProgrammeApresLeMessage)
 {
     for (const auto& [x, message, fins] : {std::tuple{"SIN(T", "La formule SIN(T est incorrecte, corrigez-la , svp", 0},
@@ -171,8 +172,11 @@ TEST(Mirado, CrochetsIllisiblesTerminentLeProgrammeApresLeMessage)
         banc.ecrisCatalogue("Espace_courbes/Lisurf.lsu", {std::string("x=f1(t)=") + x + "][y=f2(t)=T][z=f3(t)=T"});
         Mirado& m = banc.demarre();
         article(m, "mnufa", 1)->trigger();
-        EXPECT_EQ(banc.messages, QStringList{QString::fromUtf8(message)}) << x;
-        EXPECT_EQ(banc.fins, fins) << x;
+        const QString secours = banc.chemin("Espace_fig/secours.fig");
+        ASSERT_EQ(banc.messages.size(), 1) << x;
+        EXPECT_EQ(banc.messages[0].section('\n', 0, 0), QString::fromUtf8(message)) << x;
+        EXPECT_EQ(std::tuple(banc.fins, QFile::exists(secours), banc.messages[0].contains(secours)),
+                  std::tuple(fins, fins == 1, fins == 1));
     }
 }
 

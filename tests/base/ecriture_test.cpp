@@ -93,6 +93,10 @@ TEST(TexteSur, OctetsDeControleRendusVisiblesTexteGarde)
     EXPECT_EQ(texteCite(std::string("x\0", 2)), "« x\\0 »");
     // A huge text is cut at 200 bytes, before the UTF-8 character that straddles the cut.
     EXPECT_EQ(texteCite(std::string(199, 'a') + "é" + std::string(1 << 20, 'b')), "« " + std::string(199, 'a') + "… »");
+    // Valid UTF-8, controls included; not stray, cut, overlong, surrogate or beyond U+10FFFF.
+    for (const auto& [texte, utf8] : {std::pair{"\x1B\xC2\x9B é😀", true}, {"(1,2,\xFF\xFE)", false}, {"\xE2\x82", false},
+                                      {"\xC0\xAF", false}, {"\xED\xA0\x80", false}, {"\xF4\x90\x80\x80", false}})
+        EXPECT_EQ(estUtf8(texte), utf8) << texteSur(texte);
 }
 
 // Stopped by Ctrl-C, a kill or a closed terminal in the middle of a write,

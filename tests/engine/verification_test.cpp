@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <sstream>
 #include <string>
@@ -55,6 +56,22 @@ TEST(Verification, RemarquesPositionsEtReecrituresJustes)
             EXPECT_TRUE(verifieFormule(r[0].proposition, c.famille).empty()) << r[0].proposition;
         }
     }
+}
+
+// A remark is an error exactly when the evaluator cannot read the brackets
+// (and the program would end): misordered, a group glued to the next one,
+// hidden behind a cut exponent; not when the family reads no value at all.
+TEST(Verification, ErreurSeulementQuandLeMoteurSArrete)
+{
+    for (const char* f : {"X)+(1", ")(", "(X)(X)", "SIN((X)(X))", "1.5E2*X)+(1", ")(+)(+)(", "SIN(X", "(X)A(X)",
+                          "SIN(X)+1"})
+        for (Famille famille : {Famille::Espace, Famille::Plan, Famille::Nuage}) {
+            const std::string p = prepare(f);
+            const std::vector<Remarque> r = verifieFormule(p, famille);
+            EXPECT_EQ(std::any_of(r.begin(), r.end(), [](const Remarque& x) { return x.erreur; }),
+                      evalue(famille, p, 1, 1, 1).issue == Issue::Incorrecte)
+                << f << " " << int(famille);
+        }
 }
 
 TEST(Verification, LecturesOrdinairesSansRemarque)

@@ -243,6 +243,28 @@ TEST_F(Figure, EcritureEntiereOuRien)
     EXPECT_NE(lisFichier(chemin).find("\r\ndeux  lignes\r\n"), std::string::npos);
 }
 
+// Before the program ends on a formula it cannot read: the screen less that
+// curve (read back, it would end the program again), in the mode's figure
+// folder; or why it could not be saved.
+TEST_F(Figure, SecoursSansLaCourbeQuiArreteLeProgramme)
+{
+    for (double numero : {3, 7, 9}) {
+        LigneCourbe l{};
+        l[colNumero] = numero;
+        ajouteCourbe(e.courbes, l);
+    }
+    const std::string chemin = e.fenetre.dossierFig + nomFigureSecours;
+    EXPECT_EQ(sauveSecours(e, 2, {}).rfind("L'écran est sauvé dans « " + chemin + " »", 0), 0u);
+    Etat relu = e;
+    ASSERT_FALSE(analyseFigure(lisFichier(chemin), chemin, relu).erreur);
+    std::vector<double> numeros;
+    for (const LigneCourbe& l : relu.courbes.lignes)
+        numeros.push_back(l[colNumero]);
+    EXPECT_EQ(numeros, (std::vector<double>{3, 9}));
+    e.fenetre.dossierFig = d / "absent/";
+    EXPECT_EQ(sauveSecours(e, 1, {}).rfind("L'écran n'a pas pu être sauvé : ", 0), 0u);
+}
+
 TEST(DessinEtiquettes, ChaqueLabelVisibleASaPlaceDansSaPolice)
 {
     Etiquettes et;

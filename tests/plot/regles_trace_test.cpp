@@ -121,6 +121,22 @@ TEST(ReglesTrace, EntreesHorsCatalogueVidesEtDeGenreNegatif)
     }
 }
 
+// A kind no editor writes goes to the cloud tracer as kind 14 does: the
+// same points, then the beep.
+TEST(ReglesTrace, GenresNonEcritsTracesCommeLeNuage)
+{
+    std::size_t points = 0;
+    for (int genre : {14, 10, 11, 12, 13, 16, 255, 32767}) {
+        Demandes d;
+        SurfaceEnregistreuse s;
+        ASSERT_FALSE(ecrisLigne(d.etat.catalogue, 5, LigneCatalogue{std::int16_t(genre), "0<x^2+y^2<4"}));
+        ASSERT_FALSE(d.demande(s, 5).erreur);
+        points = genre == 14 ? s.operations().size() : points;
+        EXPECT_EQ(std::tuple(s.operations().size(), d.bips), std::tuple(points, 1)) << genre;
+    }
+    EXPECT_GT(points, 0u);
+}
+
 // The row and the list line are made before the bracket test: a curve whose
 // formula fails is listed, draws nothing, and its message comes back at
 // each redraw. A redraw copies its row back into the parameters and they

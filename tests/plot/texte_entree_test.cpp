@@ -69,5 +69,24 @@ TEST(TexteEntree, LesChampsRelusSontLesBoitesLues)
         }
 }
 
+// Refused before it is written exactly when its drawing would fail on the
+// text: coordinates the object tracers cannot read, brackets that stop the
+// evaluator (a warning, or a null vector the tracer tells, is no refusal).
+TEST(TexteEntree, RefuseeQuandLeTraceEchoueraitSurLeTexte)
+{
+    const std::tuple<int, bool, Trois, std::string> cas[] = {  // the start of the message; empty: accepted
+        {9, true, {"", "", ""}, "Point incorrect : (vide) ;"}, {9, true, {"(1,2", "", ""}, "Point incorrect : (1,2 ;"},
+        {9, true, {"(1,2)", "", ""}, "Point incorrect : (1,2) ;"}, {9, false, {"[1,2}", "", ""}, ""},
+        {5, true, {"(1,2,3)", "(1,0", ""}, "Vecteur incorrect : (1,0 ;"}, {5, true, {"(1,2,3)", "(0,0,0)", ""}, ""},
+        {8, true, {"(0,0,0)", "1,1", ""}, "Point incorrect : 1,1 ;"}, {7, true, {"2x+y=", "", ""}, "Équation de plan"},
+        {1, true, {"cos(t)", "X)+(1", "t"}, "La formule y=f2(t)= « X)+(1 » n'est pas enregistrée : lue X)+(1, position 1"},
+        {15, true, {"-1", "(X)(Y)", "1"}, "La fonction f « (X)(Y) »"}, {1, true, {"SIN(T)+1", "T", "T"}, ""}};
+    for (const auto& [genre, espace, boites, debut] : cas) {
+        const Erreur e = verifieEntree(genre, espace, boites);
+        EXPECT_EQ(std::pair(e.message().substr(0, debut.size()), bool(e)), std::pair(debut, !debut.empty()))
+            << genre << " " << boites[0] << " " << e.message();
+    }
+}
+
 }  // namespace
 }  // namespace velorin

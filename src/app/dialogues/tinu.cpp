@@ -53,7 +53,6 @@ Tinu::Tinu(Catalogue& catalogue, bool modeEspace, Boites boites, QWidget* parent
         Remarques[i]->setObjectName(QStringLiteral("Remarque_%1").arg(i));
         Remarques[i]->setWordWrap(true);
         Remarques[i]->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-        Remarques[i]->setStyleSheet(QStringLiteral("color: #a04000"));
         grille->addWidget(Text1[i], 0, i);
         grille->addWidget(Remarques[i], 1, i);
         grille->setColumnStretch(i, 1);
@@ -95,7 +94,7 @@ void Tinu::mnuch_Click(int index)
 
 void Tinu::verifie(int boite)
 {
-    Remarques[boite]->setText(remarquesFormule(Text1[boite]->text(), genreCourbe_, Famille::Nuage));
+    montreRemarques(*Remarques[boite], Text1[boite]->text(), genreCourbe_, Famille::Nuage);
 }
 
 void Tinu::Command1_Click()

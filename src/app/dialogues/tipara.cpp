@@ -27,13 +27,6 @@ const std::vector<const char*> legendesTypes = {"y = f(x) dans le plan uniquemen
                                                 "x=f1(a,t),y=f2(a,t),z=f3(a,t)", "Rayon,Longitude et Azimut f(t)",
                                                 "Rayon,Longitude,Azimut f(a,t)"};
 
-// Formulas of t alone are read by the space family, those of (a, t) by the
-// plane family, as the tracers read them.
-Famille familleDuGenre(int genre)
-{
-    return genre == 2 || genre == 4 ? Famille::Plan : Famille::Espace;
-}
-
 }  // namespace
 
 Tipara::Tipara(Catalogue& catalogue, bool modeEspace, int typeDepart, Boites boites, const Etat* enVigueur,
@@ -60,7 +53,6 @@ Tipara::Tipara(Catalogue& catalogue, bool modeEspace, int typeDepart, Boites boi
         Remarques[i] = new QLabel(Frame5);
         Remarques[i]->setObjectName(QStringLiteral("Remarque_%1").arg(i));
         Remarques[i]->setWordWrap(true);
-        Remarques[i]->setStyleSheet(QStringLiteral("color: #a04000"));
         grille->addWidget(Label1[i], 2 * i, 0);
         grille->addWidget(Text2[i], 2 * i, 1);
         grille->addWidget(Remarques[i], 2 * i + 1, 1);
@@ -137,9 +129,10 @@ void Tipara::mnutip_Click(int index)
 
 void Tipara::verifie(int boite)
 {
-    Remarques[boite]->setText(genreCourbe_ >= 0
-                                  ? remarquesFormule(Text2[boite]->text(), genreCourbe_, familleDuGenre(genreCourbe_))
-                                  : QString());
+    if (genreCourbe_ >= 0)
+        montreRemarques(*Remarques[boite], Text2[boite]->text(), genreCourbe_, familleDuGenre(genreCourbe_));
+    else
+        Remarques[boite]->clear();
     if (minuterieApercu)
         minuterieApercu->start();
 }

@@ -17,6 +17,7 @@
 
 #include "app/fenetre/mirado.h"
 #include "app/fenetre/zone_dessin.h"
+#include "plot/figure.h"
 #include "qt/surface_qpainter.h"
 
 namespace velorin {
@@ -179,7 +180,14 @@ int Mirado::seance(Redessin quoi)
         if (r.erreur) {
             montreProgres();
             qApp->removeEventFilter(this);
-            boites.message(this, QString::fromStdString(r.erreur.message()));
+            // The program ends after this message: the screen is saved
+            // first, and the message says where.
+            std::string message = r.erreur.message();
+            if (r.formuleIncorrecte) {
+                message += '\n';
+                message += sauveSecours(etat, r.ligne, geometrieFigure());
+            }
+            boites.message(this, QString::fromStdString(message));
             qApp->installEventFilter(this);
             depuisPause_.restart();
         }
