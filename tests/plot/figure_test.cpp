@@ -97,11 +97,12 @@ TEST_F(Figure, LePlusDeCourbesEtDeLabelsFaitLAllerRetour)
 TEST_F(Figure, LeDrapeauDeReferenceChoisitLaCouleurDEffacement)
 {
     // The scheme's background (white, or the window's own black), the two flags read, the colour
-    // cleared to and the reference flag written back.
+    // cleared to and the reference flag written back, in a figure of six lines.
     for (auto [fondBlanc, inversion, reference, couleurFond, reecrit] :
          {std::tuple{1, false, true, 0x000000u, true}, {1, false, false, 0xFFFFFFu, false},
           {1, true, true, 0xFFFFFFu, true}, {1, true, false, 0x000000u, false}, {0, false, false, 0x000000u, true}}) {
         e = etatAvecDossiers(d.chemin(), true);
+        e.courbes.lignes.assign(3, LigneCourbe{}), e.courbes.nbCourbes = 3;  // a figure of none clears them
         e.param.fondBlanc = fondBlanc;
         auto ligne5 = [&](bool ref) {
             return std::string(" 0  0 ") + (inversion ? "True " : "False ") + (ref ? "True" : "False") + " \r\n";
@@ -111,20 +112,6 @@ TEST_F(Figure, LeDrapeauDeReferenceChoisitLaCouleurDEffacement)
         EXPECT_EQ(e.couleurs.couleurFond, couleurFond) << ligne5(reference) << fondBlanc;
         EXPECT_NE(texteFigure(e, r.geometrie).find(ligne5(reecrit)), std::string::npos) << ligne5(reecrit);
     }
-}
-
-TEST_F(Figure, SixLignesDonnentUnCadreVideAvecSonViseur)
-{
-    e.courbes.lignes.assign(3, LigneCourbe{});
-    e.courbes.nbCourbes = 3;
-    e.etiquettes.lb.resize(4);
-    const std::string texte = entete + " 0  0 False True \r\n 0  0  15360  11520 \r\n";
-    const ResultatFigure r = analyseFigure(texte, "vide.fig", e);
-    ASSERT_FALSE(r.erreur) << r.erreur.message();
-    EXPECT_TRUE(r.lignesLues == 6 && e.courbes.nbCourbes == 0 && e.courbes.lignes.empty());
-    EXPECT_TRUE(e.etiquettes.nombre() == 0 && e.param.Xviseur == 30);
-    EXPECT_EQ(messageFigure(r), "Nre de fonctions 0\nNbre de labels 0");
-    EXPECT_EQ(texteFigure(e, r.geometrie), texte);
 }
 
 TEST_F(Figure, VirgulesDecimalesEtMotsAnciensLus)
