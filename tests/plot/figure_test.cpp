@@ -161,7 +161,6 @@ TEST_F(Figure, FiguresAbimeesRefuseesAvecLeurLigne)
     courbeAbimee.replace(courbeAbimee.find("0.05"), 4, "0.o5");
     // Row: text, damaged line, part of the message, curves read, line 1 read as a plane figure.
     const std::vector<std::tuple<std::string, int, const char*, int, bool>> cas = {
-        {"", 1, "la figure s'arrête là", 0, false},
         {"Peut-être\r\n", 1, "True ou False attendu", 0, false},
         {"True\r\n  \r\n", 2, "nom du catalogue est vide", 0, true},
         {"True\r\nLico.lsu\r\n-10  10 -10  10 -5 \r\n", 3, "6 valeurs attendues", 0, true},
@@ -175,7 +174,6 @@ TEST_F(Figure, FiguresAbimeesRefuseesAvecLeurLigne)
         {debut5 + courbe(3, 6.28) + " 65535 \r\n", 6 + 32 + 2, "la figure s'arrête là", 1, false},
         {debut5 + courbeAbimee, 6 + 10, "« 0.o5 » n'est pas un nombre", 0, false},
         {debut5 + courbe(3, 6.28) + " 1  2 \r\n", 6 + 33, "une seule valeur attendue", 1, false},
-        {deuxCourbes, 6 + 64 + 1, "la figure s'arrête là", 2, false},
         {deuxCourbes + "Arial\r\n 0 \r\n", 6 + 64 + 2, "plus de 0 et au plus 2048", 2, false},
         {label + " 1E10 \r\n", 6 + 64 + 6, "la couleur d'un label", 2, false},
         {label + " 0 \r\nTexte\r\n 10 \r\n", 6 + 64 + 9, "la figure s'arrête là", 2, false},
