@@ -171,7 +171,6 @@ TEST(Traceurs, IntervallesRefusesNeTracentRienEtDisentPourquoi)
         {0, -10, 10, 0, nullptr},   // no count
         {0, -10, 10, -5, nullptr},  // negative count
         {0, -10, 10, nan, "nbrCalX n'est pas un nombre fini"},
-        {0, 5, 5, 0, nullptr},  // equal bounds
     };
     for (const auto& [genre, debut, fin, pas, attente] : cas) {
         Etat etat = etatCalibre(genre != 0);  // t over its range by default
