@@ -10,32 +10,40 @@ namespace {
 
 using namespace essai;
 
-// A space state on a catalogue of four entries in a temporary folder.
+// A space state on a small catalogue: a circle, a circle whose formula has an
+// unclosed bracket, a spherical curve, a blank entry and an entry of a negative kind.
 struct Demande : ::testing::Test {
     DossierTemporaire dossier;
     Etat etat = etatCalibre(true);
     SurfaceEnregistreuse s;
+    int bips = 0;
+    CrochetsTrace crochets;
     void SetUp() override
     {
+        crochets.bip = [this] { ++bips; };
         ASSERT_FALSE(ouvrirCatalogue(etat.catalogue, dossier / "essai.lsu"));
         for (const LigneCatalogue& e :
              {LigneCatalogue{1, "x=f1(t)=cos(t)][y=f2(t)=sin(t)][z=f3(t)=t/4"},
               LigneCatalogue{1, "x=f1(t)=sin(t][y=f2(t)=t][z=f3(t)=0"},
-              LigneCatalogue{3, "R=f1(t)=2][Agh=f2(t)=t][Agv=f3(t)=0"}, LigneCatalogue{0, std::string(300, ' ')}})
+              LigneCatalogue{3, "R=f1(t)=2][Agh=f2(t)=t][Agv=f3(t)=0"}, LigneCatalogue{0, std::string(300, ' ')},
+              LigneCatalogue{-1, "0<x^2+y^2<4"}})
             ASSERT_FALSE(ecrisLigne(etat.catalogue, etat.catalogue.nbLignesCatalogue + 1, e));
         etat.param.tmin = 0, etat.param.tmax = 6.28, etat.param.pasT = 0.5;
+    }
+    ResultatTrace demande(Surface& surface, int numero, int ligne = 0)
+    {
+        return demandeTrace(etat, surface, numero, OptionsTrace{ligne}, crochets);
     }
 };
 
 TEST_F(Demande, DemandeRefuseeNeTraceRienNiNAjouteDeLigne)
 {
     int debuts = 0;
-    CrochetsTrace crochets;
     crochets.debut = [&](const std::string&) { ++debuts; };
     for (auto [numero, ligne, message] :
-         {std::tuple{0, 0, "L'entrée n° 0 n'existe pas dans le catalogue (4 entrées) : rien n'est tracé."},
+         {std::tuple{0, 0, "L'entrée n° 0 n'existe pas dans le catalogue (5 entrées) : rien n'est tracé."},
           {1, 1, "La courbe tracée n° 1 n'existe pas."}}) {
-        const ResultatTrace r = demandeTrace(etat, s, numero, OptionsTrace{ligne}, crochets);
+        const ResultatTrace r = demande(s, numero, ligne);
         EXPECT_EQ(r.erreur.message(), message);
         EXPECT_FALSE(r.trace || r.ligne);
     }
@@ -48,9 +56,8 @@ TEST_F(Demande, NouvelleCourbeRemplitUneLigne)
 {
     etat.couleurs.couleurTrace = 0xFF;
     std::string legende;
-    CrochetsTrace crochets;
     crochets.debut = [&](const std::string& l) { legende = l; };
-    const ResultatTrace r = demandeTrace(etat, s, 1, {}, crochets);
+    const ResultatTrace r = demande(s, 1);
     ASSERT_FALSE(r.erreur) << r.erreur.message();
     EXPECT_TRUE(r.trace && r.ligne == 1 && etat.trace.typeTrace == 1);
     EXPECT_EQ(legende, "[x=f1(t)=cos(t)][y=f2(t)=sin(t)][z=f3(t)=t/4] TRACE DE COURBES...");
@@ -76,7 +83,7 @@ TEST_F(Demande, EnvoiEnCycleDonneSaCouleurAChaqueEntree)
 TEST_F(Demande, FamillesListeesDansLaCouleurDuDessin)
 {
     ASSERT_FALSE(
-        ecrisLigne(etat.catalogue, 5, LigneCatalogue{2, "x=f1(a,t)=a*cos(t)][y=f2(a,t)=a*sin(t)][z=f3(a,t)=a"}));
+        ecrisLigne(etat.catalogue, 6, LigneCatalogue{2, "x=f1(a,t)=a*cos(t)][y=f2(a,t)=a*sin(t)][z=f3(a,t)=a"}));
     etat.param.amin = 0, etat.param.amax = 1, etat.param.pasA = 0.5;
     etat.couleurs.couleurTrace = 0xFF;      // red
     etat.couleurs.couleurFamille = 0xFF00;  // green
@@ -84,9 +91,9 @@ TEST_F(Demande, FamillesListeesDansLaCouleurDuDessin)
     // Entry, loop order, moiré, options, row listed, colour of the first line or point drawn.
     for (auto [numero, ordre, moirure, options, ligne, couleur] :
          {std::tuple{1, 0, false, OptionsTrace{}, "01/001 En rouge:", 0xFFu},
-          {5, 0, false, OptionsTrace{}, "02/002 En vert:", 0xFF00u},
-          {5, 1, true, OptionsTrace{}, "02/003 En panaché", 0x800000u},  // QBColor(1)
-          {5, 3, false, OptionsTrace{}, "02/004 En panaché", 0xFFu}, {5, 0, false, cycle, "02/005 En rouge:", 0xFFu}}) {
+          {6, 0, false, OptionsTrace{}, "02/002 En vert:", 0xFF00u},
+          {6, 1, true, OptionsTrace{}, "02/003 En panaché", 0x800000u},  // QBColor(1)
+          {6, 3, false, OptionsTrace{}, "02/004 En panaché", 0xFFu}, {6, 0, false, cycle, "02/005 En rouge:", 0xFFu}}) {
         etat.param.ordreBoucles = std::uint8_t(ordre);
         etat.param.avecMoirure = moirure;
         SurfaceEnregistreuse dessin;
@@ -103,22 +110,77 @@ TEST_F(Demande, FamillesListeesDansLaCouleurDuDessin)
     EXPECT_EQ(etat.couleurs.couleurFamille, 0xFF00u);  // the cycle changed only the row
 }
 
+// Step 2 of a request draws nothing for a number beyond the catalogue, and
+// says nothing; a blank entry and an entry of a negative kind are not
+// refused but go through the dispatch (the cloud tracer, then the beep, for a
+// kind none of 0 to 9). The rows follow one another: each new curve takes the next row.
+TEST_F(Demande, EntreesHorsCatalogueVidesEtDeGenreNegatif)
+{
+    for (auto [faute, numero, trace, ligne, bipsAttendus] :
+         {std::tuple{"numéro au-delà du catalogue annoncé par un message", 6, false, 0, 0},
+          {"entrée blanche refusée au lieu d'être tracée", 4, true, 1, 0},
+          {"genre négatif refusé au lieu du nuage et du bip", 5, true, 2, 1}}) {
+        SurfaceEnregistreuse dessin;
+        const ResultatTrace r = demande(dessin, numero);
+        EXPECT_FALSE(r.erreur) << faute << ": " << r.erreur.message();
+        EXPECT_EQ((std::vector<int>{r.trace, r.ligne, etat.courbes.nbCourbes, bips, dessin.operations().empty()}),
+                  (std::vector<int>{trace, ligne, ligne, bipsAttendus, !trace}))
+            << faute;
+    }
+}
+
+// A kind no editor writes goes to the cloud tracer as kind 14 does: the
+// same points, then the beep.
+TEST_F(Demande, GenresNonEcritsTracesCommeLeNuage)
+{
+    std::size_t points = 0;
+    for (int genre : {14, 10, 11, 12, 13, 16, 255, 32767}) {
+        SurfaceEnregistreuse dessin;
+        bips = 0;
+        ASSERT_FALSE(ecrisLigne(etat.catalogue, 5, LigneCatalogue{std::int16_t(genre), "0<x^2+y^2<4"}));
+        ASSERT_FALSE(demande(dessin, 5).erreur);
+        points = genre == 14 ? dessin.operations().size() : points;
+        EXPECT_EQ(std::tuple(dessin.operations().size(), bips), std::tuple(points, 1)) << genre;
+    }
+    EXPECT_GT(points, 0u);
+}
+
+// The row and the list line are made before the bracket test: a curve whose
+// formula fails is listed, draws nothing, and its message comes back at
+// each redraw. A redraw copies its row back into the parameters and they
+// stay in force afterwards: colours, ranges and steps, flags and counts.
+TEST_F(Demande, FormuleFausseListeeEtReditePuisValeursDeLaLigneEnVigueur)
+{
+    const std::string message = "La formule SIN(T est incorrecte, corrigez-la , svp";
+    const ResultatTrace r = demande(s, 2);
+    EXPECT_EQ(r.erreur.message(), message);
+    EXPECT_EQ(r.ligne, 1);
+    EXPECT_EQ(ligneCourbeTracee(etat.courbes, 1), "01/001 En jaune:");
+    EXPECT_EQ(demande(s, 0, 1).erreur.message(), message);
+    EXPECT_EQ(etat.courbes.nbCourbes, 1);
+    EXPECT_TRUE(s.operations().empty());
+
+    Parametres& p = etat.param;
+    SchemaCouleurs& k = etat.couleurs;
+    k.couleurTrace = 0xFF, k.couleurTangente = 0xFF00, p.pasT = 0.25, p.amax = 3, p.traceContinu = 1;
+    p.projOx = 1, p.avecSegmentTangent = 1, p.nbrCalY = 42, p.ordreBoucles = 2;
+    ASSERT_FALSE(demande(s, 1).erreur);
+    const LigneCourbe ligne = etat.courbes.lignes[1];
+    k.couleurTrace = 0xFF0000, k.couleurTangente = 0xFFFF, p.pasT = 0.1, p.amax = 5, p.traceContinu = 0;
+    p.projOx = 0, p.avecSegmentTangent = 0, p.nbrCalY = 7, p.ordreBoucles = 0;
+    ASSERT_FALSE(demande(s, 0, 2).erreur);
+    EXPECT_EQ(ligneDepuisParametres(etat, 1, 1), ligne);
+}
+
 TEST(DemandeTextes, ChampsNomsDeCouleurEtLegendes)
 {
-    using C = std::array<std::string, 3>;
-    for (auto [type, texte, champs] :
-         {std::tuple{0, "y = f(x)=x^2      ", C{"y = f(x)=x^2", "", ""}},
-          {2, "x=a][ y=t ][z=a+t][w=1", C{"x=a", "y=t", "z=a+t"}},
-          {5, "D(M,u):[(1,2,3)][(0,1,0)]  ", C{"(1,2,3)", "(0,1,0)", ""}},
-          {7, "Plan:[2x + 3y - z = 1]", C{"2x + 3y - z = 1", "", ""}}, {14, "x^2 < y < 4 ", C{"x^2", "y", "4"}},
-          {11, "a<b", C{"a", "b", ""}}})
-        EXPECT_EQ(champsEntree(type, texte), champs) << texte;
+    // Fields trimmed one by one, a fourth piece not read.
+    EXPECT_EQ(champsEntree(2, "x=a][ y=t ][z=a+t][w=1"), (std::array<std::string, 3>{"x=a", "y=t", "z=a+t"}));
     for (auto [c, nom] : {std::pair<Couleur, const char*>{0, "En noir:"}, {0xFF, "En rouge:"}, {0xFF00, "En vert:"},
                           {0xFF0000, "En bleu:"}, {0xFFFF, "En jaune:"}, {0xFFFFFF, "En blanc:"},
                           {0xFF00FF, "En panaché"}, {0xFE, "En panaché"}})
         EXPECT_EQ(nomCouleur(c), nom);
-    for (auto [dixiemes, attendu] : {std::pair{0, "L__00.00"}, {7, "L__07.00"}, {1234, "L__1234.00"}})
-        EXPECT_EQ(legendeFinTrace("L", dixiemes), attendu);
+    EXPECT_EQ(legendeFinTrace("L", 7), "L__07.00");
 }
 
 TEST(TableCourbes, LaLignePorteChaqueValeurDuDessin)

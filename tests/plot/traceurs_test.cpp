@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "commun/commun.h"
+#include "plot/objets.h"
 
 namespace velorin {
 namespace {
@@ -20,6 +21,62 @@ Etat etatAvec(bool espace, std::string f1, std::string f2 = {}, std::string f3 =
     etat.moteur.formuleF1 = std::move(f1), etat.moteur.formuleF2 = std::move(f2), etat.moteur.formuleF3 = std::move(f3);
     etat.param.tmin = tmin, etat.param.tmax = tmax, etat.param.pasT = pasT;
     return etat;
+}
+
+// Each tracer by its kind; objects (kind 4 and up) through the object tracer.
+FinTrace trace(int genre, Etat& etat, Surface& s)
+{
+    switch (genre) {
+    case 0: return traceExplicite(etat, s, {});
+    case 1: return parcours1(etat, s, {});
+    case 2: return parcours2(etat, s, {});
+    case 3: return parcours3(etat, s, {});
+    default: return {false, traceObjet(etat, s, {})};
+    }
+}
+
+// A point the tracer refuses (out of the ranges) is not drawn but leaves the
+// pen as it is: the curve coming back is joined to its last drawn point, so
+// each curve starts with one dot only (row: what a lifted pen would give).
+TEST(Traceurs, PointRefuseNeLevePasLaPlume)
+{
+    for (auto [faute, genre, f1, f2, f3, points] :
+         {std::tuple{"courbe de t coupée en deux arcs à x = -10", 1, "12*COS(T)", "5*SIN(T)", "0", 1u},
+          {"y = f(x) dans l'espace coupée en trois arcs à y = 10", 0, "12*SIN(X/2)", "", "", 1u},
+          {"famille : chaque courbe coupée en deux arcs à x = -10", 2, "12*COS(T)", "A", "0", 3u}}) {
+        Etat etat = etatAvec(true, f1, f2, f3, 0, 6.28, 0.01);
+        etat.param.traceContinu = 1, etat.param.nbrCalX = 1000;
+        etat.param.amin = 0, etat.param.amax = 1, etat.param.pasA = 0.5;  // three curves
+        SurfaceEnregistreuse s;
+        ASSERT_FALSE(trace(genre, etat, s).erreur) << faute;
+        EXPECT_EQ(duGenre(s, Genre::Point).size(), points) << faute;
+        EXPECT_GT(duGenre(s, Genre::Ligne).size(), 100u) << faute;
+    }
+}
+
+// Every tenth visible point issues the tangent Line with the ends stored;
+// a tracer that computes no tangent leaves them on the image of (0, 0), and
+// that Line of no length is part of the drawing too (row: what skipping it loses).
+TEST(Traceurs, TangenteSansLongueurALOrigineSurChaqueDixiemePoint)
+{
+    for (auto [faute, espace, genre, f1, f2, f3, tangentes] :
+         {std::tuple{"y = f(x) sans tangente demandée : 100 points", false, 0, "0.5*X", "", "", 10u},
+          {"courbe de t : 25 points", true, 1, "T/10", "0", "0", 2u},
+          {"courbe sphérique : 25 points", true, 3, "1", "T", "0", 2u},
+          {"point : une marque", true, 9, "(1,2,3)", "", "", 1u}}) {
+        Etat etat = etatAvec(espace, f1, f2, f3, 0, 2.4, 0.1);
+        etat.param.nbrCalX = 100;
+        etat.couleurs.couleurTangente = 0x123456;
+        etat.trace.typeTrace = etat.moteur.genreCourbe = genre;
+        etat.trace.tangenteX1 = etat.trace.tangenteY1 = 7;  // left by an earlier tracing
+        SurfaceEnregistreuse s;
+        EXPECT_FALSE(trace(genre, etat, s).erreur) << faute;
+        const auto lignes = duGenre(s, Genre::Ligne, 0x123456);
+        EXPECT_EQ(lignes.size(), tangentes) << faute;
+        const double ox = etat.vue.origineEcranX, oy = etat.vue.origineEcranY;
+        for (const auto& t : lignes)
+            EXPECT_EQ((std::vector<double>{t.x1, t.y1, t.x2, t.y2}), (std::vector<double>{ox, oy, ox, oy})) << faute;
+    }
 }
 
 // Drawn just before its point, a tenth one; centred on it, the half length
@@ -114,7 +171,6 @@ TEST(Traceurs, IntervallesRefusesNeTracentRienEtDisentPourquoi)
         {0, -10, 10, 0, nullptr},   // no count
         {0, -10, 10, -5, nullptr},  // negative count
         {0, -10, 10, nan, "nbrCalX n'est pas un nombre fini"},
-        {0, 5, 5, 0, nullptr},  // equal bounds
     };
     for (const auto& [genre, debut, fin, pas, attente] : cas) {
         Etat etat = etatCalibre(genre != 0);  // t over its range by default
@@ -126,8 +182,7 @@ TEST(Traceurs, IntervallesRefusesNeTracentRienEtDisentPourquoi)
                                        : std::tie(etat.param.amin, etat.param.amax, etat.param.pasA);
         d = debut, f = fin, p = pas, etat.param.nbrCalX = pas;
         SurfaceEnregistreuse s;
-        const FinTrace r = genre == 0 ? traceExplicite(etat, s, {}) : genre == 1 ? parcours1(etat, s, {})
-                                                                                   : parcours2(etat, s, {});
+        const FinTrace r = trace(genre, etat, s);
         const std::string& message = r.erreur.message();
         const std::string attendu = attente ? attente : "";
         EXPECT_EQ(s.operations().size(), attente && !*attente ? 5u : 0u) << attendu;
