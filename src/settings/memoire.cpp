@@ -75,8 +75,12 @@ std::string nonInscriptible(const Parametres& p, const Champ& c)
         v = p.**f;
     if (!std::isfinite(v))
         return "n'est pas un nombre fini";
-    if (estCoordonneeDeVue(c.nom) && std::fabs(v) > limiteVue)
-        return "(" + texteNombre(v, 15) + ") est hors des limites" + limitesVue();
+    if (estCoordonneeDeVue(c.nom) && std::fabs(v) > limiteVue) {
+        // Built step by step: GCC 12 warns wrongly on "(" + a temporary.
+        std::string raison = "(";
+        raison += texteNombre(v, 15);
+        return raison + ") est hors des limites" + limitesVue();
+    }
     return {};
 }
 
