@@ -20,6 +20,7 @@
 #include "app/commandes/etiquettes.h"
 #include "app/fenetre/mirado.h"
 #include "catalogue/catalogue.h"
+#include "commun/commun.h"
 
 namespace velorin::essai {
 
@@ -69,6 +70,8 @@ private:
     char nom_[10] = "app_tests";
     char* argv_[2] = {nom_, nullptr};
 };
+inline const ::testing::Environment* const environnementQt =
+    ::testing::AddGlobalTestEnvironment(new EnvironnementQt);
 
 struct Banc {
     QTemporaryDir dossier;
@@ -102,10 +105,7 @@ struct Banc {
 
     void ecrisFichier(const QString& relatif, const QByteArray& contenu) const
     {
-        QDir().mkpath(QFileInfo(chemin(relatif)).absolutePath());
-        QFile f(chemin(relatif));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        f.write(contenu);
+        essai::ecrisFichier(chemin(relatif).toStdString(), contenu.toStdString());
     }
 
     // A catalogue of curves (kind 1) with these texts.

@@ -93,13 +93,12 @@ TEST(Tipara, BoitesDuPlanEtRemarques)
         Tipara t(f.cat, espace, -1, {});
         t.mnutip_Click(1);
         EXPECT_EQ(controle<QLineEdit>(t, "Text2_2")->isHidden(), !espace);
-        tape(t, {"SIN(T)+1", "2*T", "2T"});
-        EXPECT_TRUE(texte(t, "Remarque_0").contains(QStringLiteral("SIN(T)+(1)")));
-        EXPECT_TRUE(texte(t, "Remarque_1").isEmpty());
-        t.mnutip_Click(2);
-        tape(t, {"A*T", "", ""});
-        EXPECT_TRUE(texte(t, "Remarque_0").contains(QStringLiteral("(A)*(T)")));
     }
+    Tipara t(f.cat, true, -1, {});
+    t.mnutip_Click(2);
+    tape(t, {"A*T", "2*T", ""});
+    EXPECT_TRUE(texte(t, "Remarque_0").contains(QStringLiteral("(A)*(T)")));
+    EXPECT_TRUE(texte(t, "Remarque_1").isEmpty());
 }
 
 // The preview draws the typed entry with the values in force, without
@@ -177,10 +176,11 @@ TEST(Ticar, EntreeDansLEquation)
     }
 }
 
-// The kind follows the mode, then the menu (mnuch: -1 none clicked).
+// The kind follows the mode, then the menu (mnuch: -1 none clicked); a cloud
+// reads X, Y and Z as its variables.
 TEST(Tinu, GenreSelonLeModeEtLeMenuEtRemarques)
 {
-    const std::array<std::string, 3> textes = {" x^2", "2*[x+1] ", "10"};
+    const std::array<std::string, 3> textes = {" x^2", "X*Y+Z", "10"};
     for (const auto& [espace, choix, genre] :
          {std::tuple{false, -1, 14}, std::tuple{true, -1, 15}, std::tuple{true, 0, 14}, std::tuple{false, 1, 15}}) {
         Fichier f(0);
@@ -191,15 +191,10 @@ TEST(Tinu, GenreSelonLeModeEtLeMenuEtRemarques)
         EXPECT_EQ(controle<QGroupBox>(t, "Frame1")->title().contains(QStringLiteral("f(x,y)")), genre == 15);
         for (int i = 0; i < 3; ++i)
             tape(t, QStringLiteral("Text1_%1").arg(i), QString::fromStdString(textes[i]));
+        EXPECT_TRUE(texte(t, "Remarque_1").contains(QStringLiteral("(X)*(Y)"))) << genre;
         clique(t, "Command1");
         EXPECT_EQ(f.octets(), enregistrement(genre, texteEntree(genre, true, {}, textes)));
     }
-    Fichier f(0);
-    Tinu t(f.cat, true, f.boites);
-    tape(t, "Text1_1", "X*Y+Z");
-    tape(t, "Text1_2", "2X");
-    EXPECT_TRUE(texte(t, "Remarque_1").contains(QStringLiteral("(X)*(Y)")));
-    EXPECT_TRUE(texte(t, "Remarque_2").contains(QStringLiteral("2*X")));
 }
 
 // Creating a point, placing the selected points (drawn), "Je blanchis"
@@ -248,7 +243,6 @@ TEST(Editeurs, ChaqueMenuOuvreSonEditeur)
 {
     auto fonction = [](QDialog& d) { tape(static_cast<Tipara&>(d), {"T", "T", "T"}), clique(d, "Command4"); };
     const std::tuple<const char*, int, const char*, std::function<void(QDialog&)>> cas[] = {
-        {"mnutf", 0, invitesFonctions[0][0], fonction},
         {"mnutf", 4, invitesFonctions[4][0], fonction},
         {"mnutf", 5, "Nuages ",
          [](QDialog& d) {

@@ -13,7 +13,6 @@
 #include "plot/ecran.h"
 #include "plot/etiquettes.h"
 #include "qt/surface_qpainter.h"
-#include "souris_essai.h"
 
 namespace velorin::essai {
 namespace {

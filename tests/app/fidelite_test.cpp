@@ -10,8 +10,6 @@
 namespace velorin::essai {
 namespace {
 
-const ::testing::Environment* const environnement = ::testing::AddGlobalTestEnvironment(new EnvironnementQt);
-
 TEST(Fidelite, ChangerDeCatalogueGardeLesCourbesEtLesLabels)
 {
     Banc banc;

@@ -10,7 +10,6 @@
 #include "commun/commun.h"
 #include "settings/memoire.h"
 #include "settings/reglage.h"
-#include "souris_essai.h"
 
 namespace velorin::essai {
 namespace {

@@ -4,9 +4,7 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QTextBlock>
 #include <QTextBrowser>
-#include <QTextDocument>
 
 #include "app/dialogues/aide.h"
 #include "app/dialogues/apropos.h"
@@ -105,8 +103,9 @@ TEST(Installation, InstallerLanceFinirPuisRemplitOuDitLEchec)
     }
 }
 
-// The help pages as the build ships them: every link of the contents is followed.
-TEST(Aide, SuitChaqueLienDuSommaireEtRevient)
+// The help pages as the build ships them: a link of the contents is followed, "Sommaire" comes back.
+// That every link leads to a page and an anchor is checked on the installed pages (tests/installation).
+TEST(Aide, SuitUnLienDuSommaireEtRevient)
 {
     Aide aide(QStringLiteral(VELORIN_BIN_DIR "/usine/Aide/index.htm"));
     auto* texte = controle<QTextBrowser>(aide, "Text1");
@@ -114,21 +113,11 @@ TEST(Aide, SuitChaqueLienDuSommaireEtRevient)
     const QUrl accueil = aide.pageCourante();
     EXPECT_FALSE(texte->toPlainText().contains(QStringLiteral("Ã")));  // read as UTF-8
     EXPECT_FALSE(precedent->isEnabled());
-    QStringList liens;
-    for (QTextBlock bloc = texte->document()->begin(); bloc.isValid(); bloc = bloc.next())
-        for (auto it = bloc.begin(); !it.atEnd(); ++it)
-            if (it.fragment().charFormat().isAnchor())
-                liens << it.fragment().charFormat().anchorHref();
-    liens.removeDuplicates();
-    EXPECT_GE(liens.size(), 7);
-    for (const QString& lien : liens) {
-        aide.suisLien(lien);
-        EXPECT_NE(texte->documentTitle(), QString()) << lien.toStdString();
-        EXPECT_TRUE(aide.pageCourante().adjusted(QUrl::RemoveFragment) == accueil || precedent->isEnabled())
-            << lien.toStdString();
-        controle<QPushButton>(aide, "Command1")->click();  // Sommaire
-        EXPECT_EQ(aide.pageCourante(), accueil);
-    }
+    aide.suisLien(QStringLiteral("formules.htm#pieges"));
+    EXPECT_EQ(aide.pageCourante().fileName(), QStringLiteral("formules.htm"));
+    EXPECT_TRUE(precedent->isEnabled() && !texte->documentTitle().isEmpty());
+    controle<QPushButton>(aide, "Command1")->click();  // Sommaire
+    EXPECT_EQ(aide.pageCourante(), accueil);
 }
 
 TEST(MenuAide, AProposAideEtQuitterParLeMenu)
