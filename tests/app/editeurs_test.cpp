@@ -93,12 +93,13 @@ TEST(Tipara, BoitesDuPlanEtRemarques)
         Tipara t(f.cat, espace, -1, {});
         t.mnutip_Click(1);
         EXPECT_EQ(controle<QLineEdit>(t, "Text2_2")->isHidden(), !espace);
+        tape(t, {"SIN(T)+1", "2*T", "2T"});
+        EXPECT_TRUE(texte(t, "Remarque_0").contains(QStringLiteral("SIN(T)+(1)")));
+        EXPECT_TRUE(texte(t, "Remarque_1").isEmpty());
+        t.mnutip_Click(2);
+        tape(t, {"A*T", "", ""});
+        EXPECT_TRUE(texte(t, "Remarque_0").contains(QStringLiteral("(A)*(T)")));
     }
-    Tipara t(f.cat, true, -1, {});
-    t.mnutip_Click(2);
-    tape(t, {"A*T", "2*T", ""});
-    EXPECT_TRUE(texte(t, "Remarque_0").contains(QStringLiteral("(A)*(T)")));
-    EXPECT_TRUE(texte(t, "Remarque_1").isEmpty());
 }
 
 // The preview draws the typed entry with the values in force, without
@@ -180,7 +181,7 @@ TEST(Ticar, EntreeDansLEquation)
 // reads X, Y and Z as its variables.
 TEST(Tinu, GenreSelonLeModeEtLeMenuEtRemarques)
 {
-    const std::array<std::string, 3> textes = {" x^2", "X*Y+Z", "10"};
+    const std::array<std::string, 3> textes = {" x^2", "X*Y+Z", "2X"};
     for (const auto& [espace, choix, genre] :
          {std::tuple{false, -1, 14}, std::tuple{true, -1, 15}, std::tuple{true, 0, 14}, std::tuple{false, 1, 15}}) {
         Fichier f(0);
@@ -192,6 +193,7 @@ TEST(Tinu, GenreSelonLeModeEtLeMenuEtRemarques)
         for (int i = 0; i < 3; ++i)
             tape(t, QStringLiteral("Text1_%1").arg(i), QString::fromStdString(textes[i]));
         EXPECT_TRUE(texte(t, "Remarque_1").contains(QStringLiteral("(X)*(Y)"))) << genre;
+        EXPECT_TRUE(texte(t, "Remarque_2").contains(QStringLiteral("2*X"))) << genre;
         clique(t, "Command1");
         EXPECT_EQ(f.octets(), enregistrement(genre, texteEntree(genre, true, {}, textes)));
     }
