@@ -98,14 +98,10 @@ TEST(SurfaceQPainter, FichiersPngSvgEtPdfEcrits)
         s.ForeColor = 0xFFFFFF;
         s.Print("Repère");
     };
-    QImage image = imagePourSurface(320, 240);
-    dessine(*std::make_unique<SurfaceQPainter>(image));
-    // PNG: read back identical; a missing folder is refused.
-    const QString png = dossier.filePath("repere.png");
-    EXPECT_FALSE(ecrisPngRapide(image, png.toStdString()));
-    EXPECT_EQ(QImage(png).convertToFormat(QImage::Format_RGB32), image);
-    EXPECT_TRUE(ecrisPngRapide(image, dossier.filePath("absent/x.png").toStdString()));
-    // SVG and PDF: measured in twips too (320 pixels at 96 per inch are 4800 twips).
+    // The PNG writer passes on the failure of the whole-file writer; its pixels are checked against the
+    // window's picture (Exporter).
+    EXPECT_TRUE(ecrisPngRapide(imagePourSurface(4, 4), dossier.filePath("absent/x.png").toStdString()));
+    // Measured in twips on any device (320 pixels at 96 per inch are 4800 twips).
     QSvgGenerator svg;
     svg.setFileName(dossier.filePath("repere.svg"));
     svg.setSize(QSize(320, 240));
