@@ -376,8 +376,7 @@ TEST(Menage, BoutonsVersLaReductionEtLaListeSuit)
 TEST(Menage, OuvertParElaguerFonctions)
 {
     Banc banc;
-    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 5);
-    Mirado& m = banc.demarre();
+    Mirado& m = banc.demarre(5);
     ASSERT_EQ(articles(m, "mnufa").size(), 6u);
     QTimer::singleShot(0, &m, [&] {
         auto* d = qobject_cast<Menage*>(QApplication::activeModalWidget());

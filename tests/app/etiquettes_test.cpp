@@ -131,8 +131,7 @@ struct BancFigures : Banc {
     QStringList choix;  // "folder|filter" of each chooser shown
     BancFigures()
     {
-        ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 3);
-        m = &demarre();
+        m = &demarre(3);
         commandes = m->findChild<CommandesEtiquettes*>();
     }
     void etiquette(QPoint ou, const std::string& texte)

@@ -37,8 +37,7 @@ struct BancExport : Banc {
     QString titre;
     explicit BancExport(int n)
     {
-        ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), n);
-        m = &demarre();
+        m = &demarre(n);
         for (int i = 1; i <= n; ++i)
             EXPECT_TRUE(m->envoie(i));
         fichierAEcrire = [this](const QString& t) -> std::optional<QString> {

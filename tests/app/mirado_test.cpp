@@ -313,8 +313,7 @@ std::string enVigueur(const Mirado& m)
 TEST(Coli, ChoixEnvoyesParOkOuDoubleClic)
 {
     Banc banc;
-    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 6);
-    Mirado& m = banc.demarre();
+    Mirado& m = banc.demarre(6);
     using V = std::vector<int>;  // rows clicked, Option1 (0 "Cycle", 1 "Unique"), row double-clicked (-1: "OK"), sent
     for (const auto& [selection, option, doubleClic, choix, mode] :
          {std::tuple{V{5, 2}, 0, -1, V{2, 5}, ModeCouleurs::Cycle},
@@ -353,8 +352,7 @@ TEST(Coli, CatalogueIllisibleNommeAvecSaRaison)
 TEST(Licou, CourbesTraceesCocheesEtReglages)
 {
     Banc banc;
-    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 3);
-    Mirado& m = banc.demarre();
+    Mirado& m = banc.demarre(3);
     article(m, "mnucl", 1)->trigger();  // red curves
     article(m, "mnufa", 1)->trigger();
     article(m, "mnucl", 2)->trigger();  // green curves
@@ -380,8 +378,7 @@ TEST(Licou, CourbesTraceesCocheesEtReglages)
 TEST(Mirado, LesListesOuvertesDevantLeDessin)
 {
     Banc banc;
-    banc.ecrisCatalogue(QStringLiteral("Espace_courbes/Lisurf.lsu"), 2);
-    Mirado& m = banc.demarre();
+    Mirado& m = banc.demarre(2);
     article(m, "mnufa", 1)->trigger();
     auto* zone = m.findChild<ZoneDessin*>();
     for (const auto& [liste, nom] : {std::pair{"mnufa", "coli"}, std::pair{"mnutra", "licou"}}) {
