@@ -199,7 +199,8 @@ TEST(FiguresFenetre, SauverRelireAnnulerAbimeePlane)
               std::tuple(0, 2, QStringList()));
     b.ecrisFichier(QStringLiteral("Espace_fig/abime.fig"), lignes.mid(0, 6).join('\n') + "\npas un nombre\r\n");
     b.lis(b.figure("abime"));  // the reader's refusal (its wording is the figure module's)
-    EXPECT_TRUE(b.messages.join('|').contains(QStringLiteral("abime.fig"))) << b.messages.join('|').toStdString();
+    EXPECT_TRUE(b.messages.join('|').contains(QStringLiteral("abime.fig")))
+        << b.messages.join('|').toStdString();
     // Line 1 "True" (plane), no curve and no label on line 5.
     const QList<QByteArray> champs = lignes[4].simplified().split(' ');
     ASSERT_EQ(champs.size(), 4);

@@ -167,7 +167,8 @@ TEST(Mirado, FormulesFaussesUnMessageParDemandeOuFinDuProgramme)
     m.Command3_Click();
     EXPECT_EQ(std::pair(banc.messages, banc.fins), std::pair(deux + deux, 0));
     article(m, "mnufa", 3)->trigger();
-    EXPECT_EQ(std::pair(banc.messages.last(), banc.fins), std::pair(QStringLiteral("Formule incorrecte,désolé"), 1));
+    EXPECT_EQ(std::pair(banc.messages.last(), banc.fins),
+              std::pair(QStringLiteral("Formule incorrecte,désolé"), 1));
 }
 
 // The side panels: "RR" folds the panel of the mode, "Reset" reads the
