@@ -15,7 +15,6 @@
 #include <QTemporaryDir>
 #include <functional>
 #include <memory>
-#include <set>
 
 #include "app/commandes/etiquettes.h"
 #include "app/fenetre/mirado.h"
@@ -175,16 +174,6 @@ struct Banc {
         return *fenetre;
     }
 };
-
-// Number of distinct colours of a picture (1: uniform).
-inline int nbCouleurs(const QImage& image)
-{
-    std::set<QRgb> vues;
-    for (int y = 0; y < image.height(); y += 2)
-        for (int x = 0; x < image.width(); x += 2)
-            vues.insert(image.pixel(x, y));
-    return int(vues.size());
-}
 
 // A mouse event at `ici`, in the widget's coordinates.
 inline void souris(QWidget* w, QEvent::Type type, QPoint ici, Qt::MouseButton bouton, Qt::MouseButtons tenus,
