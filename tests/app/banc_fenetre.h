@@ -15,11 +15,11 @@
 #include <QTemporaryDir>
 #include <functional>
 #include <memory>
-#include <set>
 
 #include "app/commandes/etiquettes.h"
 #include "app/fenetre/mirado.h"
 #include "catalogue/catalogue.h"
+#include "commun/commun.h"
 
 namespace velorin::essai {
 
@@ -69,6 +69,8 @@ private:
     char nom_[10] = "app_tests";
     char* argv_[2] = {nom_, nullptr};
 };
+inline const ::testing::Environment* const environnementQt =
+    ::testing::AddGlobalTestEnvironment(new EnvironnementQt);
 
 struct Banc {
     QTemporaryDir dossier;
@@ -103,10 +105,7 @@ struct Banc {
 
     void ecrisFichier(const QString& relatif, const QByteArray& contenu) const
     {
-        QDir().mkpath(QFileInfo(chemin(relatif)).absolutePath());
-        QFile f(chemin(relatif));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        f.write(contenu);
+        essai::ecrisFichier(chemin(relatif).toStdString(), contenu.toStdString());
     }
 
     // A catalogue of curves (kind 1) with these texts.
@@ -180,16 +179,6 @@ struct Banc {
         return *fenetre;
     }
 };
-
-// Number of distinct colours of a picture (1: uniform).
-inline int nbCouleurs(const QImage& image)
-{
-    std::set<QRgb> vues;
-    for (int y = 0; y < image.height(); y += 2)
-        for (int x = 0; x < image.width(); x += 2)
-            vues.insert(image.pixel(x, y));
-    return int(vues.size());
-}
 
 // A mouse event at `ici`, in the widget's coordinates.
 inline void souris(QWidget* w, QEvent::Type type, QPoint ici, Qt::MouseButton bouton, Qt::MouseButtons tenus,
