@@ -65,30 +65,6 @@ TEST(Compilation, TextesTresLongs)
     }
 }
 
-// Whole blocks, including lanes that fail, must match the point-by-point values.
-TEST(Compilation, BlocsCommePointParPoint)
-{
-    essai::FormulesAleatoires g(999);
-    std::vector<double> u(600), v(600), w(600), sortie(600);
-    for (int essai = 0; essai < 4000; ++essai) {
-        const std::string texte = g.texte();
-        const Famille f = familles[essai % 3];
-        const FormuleCompilee c(f, texte);
-        const std::size_t n = 1 + std::size_t(g.tire(essai % 10 == 0 ? 600 : 40));
-        for (std::size_t i = 0; i < n; ++i)
-            u[i] = g.valeur(), v[i] = g.valeur(), w[i] = g.valeur();
-        const bool lisible = evalueBloc(c, u.data(), v.data(), w.data(), sortie.data(), n);
-        bool attenduLisible = true;
-        for (std::size_t i = 0; i < n; ++i) {
-            Issue issue;
-            const double attendu = c.valeur(u[i], v[i], w[i], &issue);
-            attenduLisible = attenduLisible && issue != Issue::Incorrecte;
-            ASSERT_EQ(bits(attendu), bits(sortie[i])) << texte << " point " << i << " : " << u[i];
-        }
-        EXPECT_EQ(attenduLisible, lisible) << texte;
-    }
-}
-
 // Formulas compiled together share their common operations: each must
 // still give its own values, also where another one of the group fails.
 TEST(Compilation, GroupesCommeFormulesSeules)
