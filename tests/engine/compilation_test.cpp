@@ -90,35 +90,6 @@ TEST(Compilation, GroupesCommeFormulesSeules)
     }
 }
 
-// Powers 2 and 3 take a fast path away from rounding midpoints: values with
-// full mantissas, exact squares, powers of two, and the ends of the range.
-TEST(Compilation, PuissancesRapidesCommePow)
-{
-    std::mt19937_64 alea(3);
-    std::vector<double> x(20000), sortie(x.size());
-    for (std::size_t i = 0; i < x.size(); ++i) {
-        std::uint64_t b = alea();
-        const int sorte = int(i % 4);
-        if (sorte == 0)
-            b = (b & 0x800FFFFFFFFFFFFFull) | (std::uint64_t(1023 + int(b % 60) - 30) << 52);
-        double d;
-        std::memcpy(&d, &b, sizeof d);
-        if (sorte == 1)
-            d = std::ldexp(1.0, int(b % 2000) - 1000);
-        if (sorte == 2)
-            d = double(std::int64_t(b % 200001) - 100000) / 64;
-        if (!std::isfinite(d))
-            d = 1e200;
-        x[i] = d;
-    }
-    for (const char* texte : {"X^2", "X^3", "-X^2+2*X^3", "(X^2)^(2)", "(X)^(3)"}) {
-        const FormuleCompilee c(Famille::Espace, texte);
-        evalueBloc(c, x.data(), nullptr, nullptr, sortie.data(), x.size());
-        for (std::size_t i = 0; i < x.size(); ++i)
-            ASSERT_EQ(bits(evalespace(texte, x[i], 0)), bits(sortie[i])) << texte << " en " << x[i];
-    }
-}
-
 // The portable loops (used where the processor lacks AVX2, and everywhere
 // in a build that forces them) give the same lanes as the AVX2 loops.
 TEST(Compilation, BouclesPortablesCommeAvx2)
