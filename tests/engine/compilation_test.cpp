@@ -50,21 +50,6 @@ TEST(Compilation, MemesResultatsQueLaLectureDuTexte)
     }
 }
 
-// Texts long enough to need more registers than the flat code numbers.
-TEST(Compilation, TextesTresLongs)
-{
-    for (const char* terme : {"+X^2", "-1.5*X^3", "+2"}) {
-        std::string texte = "X";
-        for (int k = 0; k < 25000; ++k)
-            texte += terme;
-        const FormuleCompilee c(Famille::Espace, texte);
-        double x[5] = {0.5, -3, 1e100, 0, 7}, sortie[5];
-        evalueBloc(c, x, nullptr, nullptr, sortie, 5);
-        for (int i = 0; i < 5; ++i)
-            ASSERT_EQ(bits(evalespace(texte, x[i], 0)), bits(sortie[i])) << terme;
-    }
-}
-
 // Formulas compiled together share their common operations: each must
 // still give its own values, also where another one of the group fails.
 TEST(Compilation, GroupesCommeFormulesSeules)
