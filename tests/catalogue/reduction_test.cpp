@@ -48,7 +48,6 @@ TEST(Reduction, GardeLesGenresPositifsDansLOrdreParDessusLeFichierRestant)
 {
     const std::tuple<const char*, Fiches, std::vector<NumeroLigne>, Fiches, Fiches> cas[] = {
         {"2 et 4 sur cinq", cinq, {2, 4}, {}, {cinq[0], cinq[2], cinq[4]}},
-        {"rien de choisi", cinq, {}, {}, cinq},
         {"genres", {{0, "y=f(x)=x^2"}, {4, "R=f1(a,t)=1"}, {0, ""}, {-3, "gone"}, {12, "dix"}}, {}, {},
          {{4, "R=f1(a,t)=1"}, {12, "dix"}}},
         {"restes plus longs", {{1, "a"}, {0, ""}, {2, "b"}}, {},
