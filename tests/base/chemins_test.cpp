@@ -74,10 +74,7 @@ TEST_F(Chemins, UneSortieNEstJamaisUneDesEntrees)
         EXPECT_EQ(bool(erreur), !message.empty()) << sortie << ": " << erreur.message();
         EXPECT_NE(erreur.message().find(message), std::string::npos) << erreur.message();
     }
-    EXPECT_TRUE(memeFichier(relatif, d / "lien.lsu"));
-    EXPECT_FALSE(memeFichier(entree, d / "absent.lsu"));
-    EXPECT_EQ(tailleFichier(d / "lien.lsu"), 7u);
-    EXPECT_EQ(tailleFichier(d / "tube"), 0u);
+    EXPECT_EQ(tailleFichier(d / "lien.lsu"), 7u);  // the target's size, not the link's
 }
 }  // namespace
 }  // namespace velorin

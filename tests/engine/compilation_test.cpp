@@ -50,45 +50,6 @@ TEST(Compilation, MemesResultatsQueLaLectureDuTexte)
     }
 }
 
-// Texts long enough to need more registers than the flat code numbers.
-TEST(Compilation, TextesTresLongs)
-{
-    for (const char* terme : {"+X^2", "-1.5*X^3", "+2"}) {
-        std::string texte = "X";
-        for (int k = 0; k < 25000; ++k)
-            texte += terme;
-        const FormuleCompilee c(Famille::Espace, texte);
-        double x[5] = {0.5, -3, 1e100, 0, 7}, sortie[5];
-        evalueBloc(c, x, nullptr, nullptr, sortie, 5);
-        for (int i = 0; i < 5; ++i)
-            ASSERT_EQ(bits(evalespace(texte, x[i], 0)), bits(sortie[i])) << terme;
-    }
-}
-
-// Whole blocks, including lanes that fail, must match the point-by-point values.
-TEST(Compilation, BlocsCommePointParPoint)
-{
-    essai::FormulesAleatoires g(999);
-    std::vector<double> u(600), v(600), w(600), sortie(600);
-    for (int essai = 0; essai < 4000; ++essai) {
-        const std::string texte = g.texte();
-        const Famille f = familles[essai % 3];
-        const FormuleCompilee c(f, texte);
-        const std::size_t n = 1 + std::size_t(g.tire(essai % 10 == 0 ? 600 : 40));
-        for (std::size_t i = 0; i < n; ++i)
-            u[i] = g.valeur(), v[i] = g.valeur(), w[i] = g.valeur();
-        const bool lisible = evalueBloc(c, u.data(), v.data(), w.data(), sortie.data(), n);
-        bool attenduLisible = true;
-        for (std::size_t i = 0; i < n; ++i) {
-            Issue issue;
-            const double attendu = c.valeur(u[i], v[i], w[i], &issue);
-            attenduLisible = attenduLisible && issue != Issue::Incorrecte;
-            ASSERT_EQ(bits(attendu), bits(sortie[i])) << texte << " point " << i << " : " << u[i];
-        }
-        EXPECT_EQ(attenduLisible, lisible) << texte;
-    }
-}
-
 // Formulas compiled together share their common operations: each must
 // still give its own values, also where another one of the group fails.
 TEST(Compilation, GroupesCommeFormulesSeules)
@@ -111,35 +72,6 @@ TEST(Compilation, GroupesCommeFormulesSeules)
             for (std::size_t i = 0; i < n; ++i)
                 ASSERT_EQ(bits(groupe.formules()[k].valeur(u[i], v[i], w[i])), bits(sorties[k][i]))
                     << groupe.formules()[k].texte() << " point " << i;
-    }
-}
-
-// Powers 2 and 3 take a fast path away from rounding midpoints: values with
-// full mantissas, exact squares, powers of two, and the ends of the range.
-TEST(Compilation, PuissancesRapidesCommePow)
-{
-    std::mt19937_64 alea(3);
-    std::vector<double> x(20000), sortie(x.size());
-    for (std::size_t i = 0; i < x.size(); ++i) {
-        std::uint64_t b = alea();
-        const int sorte = int(i % 4);
-        if (sorte == 0)
-            b = (b & 0x800FFFFFFFFFFFFFull) | (std::uint64_t(1023 + int(b % 60) - 30) << 52);
-        double d;
-        std::memcpy(&d, &b, sizeof d);
-        if (sorte == 1)
-            d = std::ldexp(1.0, int(b % 2000) - 1000);
-        if (sorte == 2)
-            d = double(std::int64_t(b % 200001) - 100000) / 64;
-        if (!std::isfinite(d))
-            d = 1e200;
-        x[i] = d;
-    }
-    for (const char* texte : {"X^2", "X^3", "-X^2+2*X^3", "(X^2)^(2)", "(X)^(3)"}) {
-        const FormuleCompilee c(Famille::Espace, texte);
-        evalueBloc(c, x.data(), nullptr, nullptr, sortie.data(), x.size());
-        for (std::size_t i = 0; i < x.size(); ++i)
-            ASSERT_EQ(bits(evalespace(texte, x[i], 0)), bits(sortie[i])) << texte << " en " << x[i];
     }
 }
 

@@ -31,8 +31,8 @@ TEST(MoteurLecture, LecteurDeNombresEtEchecs)
     }
 }
 
-// "\" truncates toward zero (-7\2 = -3); combine3/4 group the pairs.
-TEST(MoteurLecture, OperationsEtGroupementDePaires)
+// "\" truncates toward zero (-7\2 = -3).
+TEST(MoteurLecture, OperationsEtQuotientEntier)
 {
     using C = std::tuple<char, double, double, double>;
     for (auto [op, a, b, attendu] :
@@ -43,13 +43,6 @@ TEST(MoteurLecture, OperationsEtGroupementDePaires)
         EXPECT_EQ(r.issue, attendu == kSans ? Issue::SansValeur : Issue::Valeur) << op << a;
         EXPECT_EQ(attendu == kSans ? kSans : r.valeur, attendu) << op << a << b;
     }
-    EXPECT_EQ(combine3('-', '-', 5, 1, 1).valeur, 5);   // 5 - (1 - 1)
-    EXPECT_EQ(combine3('*', '+', 2, 3, 4).valeur, 10);  // (2 * 3) + 4
-    EXPECT_EQ(combine3('^', '*', 2, 3, 2).valeur, 16);  // (2 ^ 3) * 2
-    EXPECT_EQ(combine3('+', '%', 2, 3, 4).valeur, 2);   // no value reads as 0
-    EXPECT_EQ(combine4('-', '-', '-', 10, 4, 3, 2).valeur, 10 - (4 - (3 - 2)));
-    EXPECT_EQ(combine4('*', '-', '*', 2, 3, 4, 5).valeur, 6 - 20);
-    EXPECT_EQ(combine4('*', '/', '-', 2, 3, 4, 5).valeur, 1.5 - 5);
 }
 
 // "X*": a letter in a head reads as 0; "12.5SIN": a head not ending with an
@@ -120,17 +113,7 @@ TEST(MoteurEvaluation, FormulesParFamilleIssueEtValeur)
         EXPECT_EQ(r.issue, c.issue) << c.texte;
         EXPECT_DOUBLE_EQ(r.lue(), c.attendu) << c.texte;
     }
-}
-
-TEST(MoteurEvaluation, IssueRangeeEtMessage)
-{
-    Issue issue = Issue::Valeur;
-    EXPECT_EQ(evalnuage("(X", 1, 2, 3, &issue), 0);
-    EXPECT_EQ(issue, Issue::Incorrecte);
-    EXPECT_STREQ(messageIncorrecte(Famille::Nuage), "Formule incorrecte");
-    EXPECT_EQ(evalplan("(1)+(2)+(3)+(4)", 0, 0, &issue), 0);
-    EXPECT_EQ(issue, Issue::SansValeur);
-    EXPECT_EQ(evalespace("(1)+(2)+(3)+(4)", 0, 0, &issue), 10);
+    EXPECT_STREQ(messageIncorrecte(N), "Formule incorrecte");  // "désolé" is the space family's only
 }
 
 TEST(MoteurNombres, TexteLePlusCourtReluALIdentique)

@@ -36,8 +36,6 @@ TEST(MoteurPoints, CoordonneesParGenre)
     pointparametre(g, 2, 1, false);
     ATTEND_POINT(g, 2, 4, 0);
     g = formules("1", "0", "0");
-    pointpolaire(g, 0, true);
-    ATTEND_POINT(g, 1, 0, 0);
     pointpolaire(g, 0, false);
     ATTEND_POINT(g, 1, 0, 1);
     g = formules("2", "T", "P/2");

@@ -35,7 +35,6 @@ TEST(FichierCouleurs, AllerRetourParLeFichierGardeChaqueCouleur)
     ASSERT_FALSE(erreur) << erreur.message();
     EXPECT_EQ(valeurs(lu), valeurs(ecrit));
     EXPECT_EQ(lu.couleurFond, SchemaCouleurs{}.couleurFond);
-    EXPECT_EQ(texteCouleurs(ecrit).find(','), std::string::npos);
     EXPECT_NE(texteCouleurs(ecrit).find("\ncouleurProjYOz=16777215\n"), std::string::npos);
 }
 
