@@ -5,6 +5,7 @@
 // animated GIF or one numbered file per redraw. Shared by `velorin exporte`
 // and `velorin sansfenetre`.
 #pragma once
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,11 @@
 #include "qt/dessin_fichier.h"
 
 namespace velorin {
+
+// The longest side of a picture drawn without a window, in pixels: a
+// 10000 x 10000 bitmap already takes 400 MB. A figure's window is bound by
+// it too.
+inline constexpr int coteImageMax = 10000;
 
 struct DemandeRendu {
     bool espace = true;
@@ -39,6 +45,10 @@ struct DemandeRendu {
     std::string dossierCatalogue;
     // The size was chosen: otherwise a figure is drawn at its window's size.
     bool tailleDonnee = false;
+    // Told often while drawing (before each curve or picture, and every
+    // few thousand points) the step in progress: "entrée k sur n",
+    // "courbe k sur n" for a figure's rows, "image k sur n" in a turn.
+    std::function<void(const std::string& etape)> progression{};
 };
 
 struct ResultatRendu {
