@@ -60,8 +60,10 @@ struct ResultatRendu {
 
 // Draws the request and writes `sortie` whole or not at all: every path is
 // checked first (inputs readable, output in an existing folder and not one
-// of the inputs), the drawing is made in memory, then written through
-// EcritureEntiere. Needs a
+// of the inputs), the drawing goes to a temporary through EcritureEntiere
+// (a bitmap drawn in memory first, the SVG, PDF and journal as they are
+// drawn) which takes the output's name at the end. Memory running out is a
+// message, the previous file intact. Needs a
 // QGuiApplication for every format but the journal (see assureApplication).
 ResultatRendu rendu(const DemandeRendu& demande);
 
