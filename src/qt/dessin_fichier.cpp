@@ -5,10 +5,7 @@
 // nothing, and the user's previous file stays as it was.
 #include "qt/dessin_fichier.h"
 
-#include <QIODevice>
-#include <QPageSize>
 #include <QPainter>
-#include <QPdfWriter>
 
 #include <algorithm>
 #include <cctype>
@@ -17,6 +14,7 @@
 #include "base/texte_sur.h"
 #include "qt/png_rapide.h"
 #include "qt/surface_qpainter.h"
+#include "qt/surface_pdf.h"
 #include "qt/surface_svg.h"
 #include "view/surface_enregistreuse.h"
 
@@ -38,25 +36,8 @@ QString titreSvg(const std::string& titre)
     return nom.toHtmlEscaped().replace(QLatin1Char('\''), QStringLiteral("&apos;"));
 }
 
-// The file being written, as a Qt device for the PDF writer.
-class FluxEntier : public QIODevice {
-public:
-    explicit FluxEntier(EcritureEntiere& fichier) : fichier_(fichier) { open(QIODevice::WriteOnly); }
-
-protected:
-    qint64 readData(char*, qint64) override { return -1; }
-    qint64 writeData(const char* donnees, qint64 n) override
-    {
-        return fichier_.ecris(std::string_view(donnees, static_cast<std::size_t>(n))) ? n : -1;
-    }
-
-private:
-    EcritureEntiere& fichier_;
-};
-
 // Draws on a painter begun on `appareil`, then ends it.
-Erreur peins(QPaintDevice& appareil, double W, double H, const DessinSurface& dessin, const std::string& cible,
-             bool vectoriel = false)
+Erreur peins(QPaintDevice& appareil, double W, double H, const DessinSurface& dessin, const std::string& cible)
 {
     QPainter peintre;
     if (!peintre.begin(&appareil) || !peintre.isActive())
@@ -64,7 +45,6 @@ Erreur peins(QPaintDevice& appareil, double W, double H, const DessinSurface& de
     Erreur erreur;
     {
         SurfaceQPainter surface(peintre, W, H);
-        surface.simplifieTraits(vectoriel);
         erreur = dessin(surface);
     }
     const bool fini = peintre.end();
@@ -129,12 +109,12 @@ Erreur dessineDansFichier(EcritureEntiere& fichier, FormatSortie format, int lar
     }
     if (format != FormatSortie::Pdf)
         return "Le format de sortie de " + texteCite(cible) + " est inconnu : .png, .svg, .pdf ou .txt.";
-    FluxEntier flux(fichier);
-    QPdfWriter pdf(&flux);
-    pdf.setResolution(96);
-    pdf.setPageSize(QPageSize(QSizeF(largeurPx * 0.75, hauteurPx * 0.75), QPageSize::Point));
-    pdf.setPageMargins(QMarginsF(0, 0, 0, 0));
-    return peins(pdf, W, H, dessin, cible, true);
+    SurfacePdf surface(fichier.flux(), largeurPx, hauteurPx);
+    if (auto erreur = dessin(surface))
+        return erreur;
+    if (!surface.termine())
+        return echecDessin(cible);
+    return {};
 }
 
 }  // namespace velorin

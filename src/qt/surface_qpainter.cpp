@@ -3,9 +3,6 @@
 #include <QFontMetricsF>
 #include <QPaintDevice>
 #include <cmath>
-#include <vector>
-
-#include "view/simplification.h"
 
 namespace velorin {
 
@@ -99,16 +96,6 @@ void SurfaceQPainter::Acheve()
     }
     painter_->setPen(stylo(traitCouleur_, traitLargeur_, traitStyle_));
     painter_->setBrush(Qt::NoBrush);
-    if (simplifie_) {
-        std::vector<PointPlan> points;
-        points.reserve(std::size_t(trait_.size()));
-        for (const QPointF& p : trait_)
-            points.push_back({p.x(), p.y()});
-        simplifiePolyligne(points, epaisseur(1) / 20);
-        trait_.clear();
-        for (const PointPlan& p : points)
-            trait_ << QPointF(p.x, p.y);
-    }
     painter_->drawPolyline(trait_);
     trait_.clear();
 }

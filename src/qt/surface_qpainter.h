@@ -14,9 +14,6 @@
 // DrawWidth counts pixels of a 96 dpi screen (15 twips each), so a printed
 // or exported drawing keeps the look of the window. DrawStyle 2 is a dotted
 // line (dots one pen width long, two apart).
-// On a vector device (PDF) the polylines may be thinned to a twentieth of a
-// pixel (view/simplification), so that millions of points do not fill the
-// file; bitmaps are never thinned.
 #pragma once
 #include <QFont>
 #include <QImage>
@@ -51,8 +48,6 @@ public:
     double TextWidth(const std::string& texte) const override;
     double TextHeight() const override;
     void Acheve() override;
-    // Thins the polylines from now on (a vector device), or no longer.
-    void simplifieTraits(bool oui) { simplifie_ = oui; }
 
     // Twips per logical pixel of the device (15 at 96 dpi).
     double twipsParPixel() const { return 1 / kx_; }
@@ -75,7 +70,6 @@ private:
     QPolygonF trait_;
     Couleur traitCouleur_ = 0;
     int traitLargeur_ = 1, traitStyle_ = 0;
-    bool simplifie_ = false;
 };
 
 // The colour of a surface colour value (red in the low byte).
