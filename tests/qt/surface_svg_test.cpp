@@ -1,5 +1,6 @@
 // The SVG written as it is drawn, against the picture a painter on Qt's SVG
 // generator gave for the same drawing: both rendered, pixel against pixel.
+// The PDF written as it is drawn: its table of objects and its content.
 #include <QBuffer>
 #include <QPainter>
 #include <QSvgGenerator>
@@ -7,7 +8,10 @@
 
 #include <sstream>
 
+#include <zlib.h>
+
 #include "commun/commun.h"
+#include "qt/surface_pdf.h"
 #include "qt/surface_qpainter.h"
 #include "qt/surface_svg.h"
 
@@ -75,6 +79,39 @@ TEST(SurfaceSvg, MemeImageQueLeGenerateurSvgDeQt)
                                     std::abs(qBlue(p) - qBlue(q))}) > 24;
         }
     EXPECT_EQ(differents, 0);
+}
+
+TEST(SurfacePdf, ObjetsALeurPlaceEtTexteEchappe)
+{
+    std::ostringstream flux;
+    {
+        SurfacePdf s(flux, 240, 160);
+        s.Line(0, 0, 1500, 1500, 0xFF);
+        s.Print("(é)\\");
+        EXPECT_TRUE(s.termine());
+    }
+    const std::string pdf = flux.str();
+    // Every offset of the table points at its object; the length object
+    // counts the content's bytes.
+    const std::size_t xref = std::stoull(pdf.substr(pdf.rfind("startxref\n") + 10));
+    ASSERT_EQ(pdf.compare(xref, 5, "xref\n"), 0);
+    std::istringstream table(pdf.substr(xref + 5));
+    int premier = 0, nb = 0;
+    std::string position, generation, etat;
+    table >> premier >> nb >> position >> generation >> etat;
+    for (int i = 1; i < nb && table >> position >> generation >> etat; ++i) {
+        const std::string objet = std::to_string(i) + " 0 obj";
+        EXPECT_EQ(pdf.compare(std::stoull(position), objet.size(), objet), 0) << i;
+    }
+    const std::size_t debut = pdf.find("stream\n") + 7, fin = pdf.find("\nendstream");
+    EXPECT_NE(pdf.find("5 0 obj\n" + std::to_string(fin - debut) + "\n"), std::string::npos);
+    std::string contenu(4096, '\0');
+    uLongf taille = contenu.size();
+    ASSERT_EQ(uncompress(reinterpret_cast<Bytef*>(contenu.data()), &taille,
+                         reinterpret_cast<const Bytef*>(pdf.data() + debut), fin - debut),
+              Z_OK);
+    contenu.resize(taille);
+    EXPECT_NE(contenu.find("(\\(\xE9\\)\\\\) Tj"), std::string::npos) << contenu;
 }
 
 }  // namespace
