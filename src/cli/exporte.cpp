@@ -8,7 +8,10 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <functional>
 #include <string>
+
+#include <unistd.h>
 
 #include "base/chemins.h"
 #include "cli/commandes.h"
@@ -54,13 +57,42 @@ bool litTaille(const std::string& texte, int& largeur, int& hauteur)
     return litEntier(texte.substr(0, x).c_str(), largeur) && litEntier(texte.substr(x + 1).c_str(), hauteur);
 }
 
+// The step of a long export on the error output when it is a terminal, one
+// line rewritten in place from two seconds on, ended by a new line; nothing
+// at all for a script or a test reading the error output.
+class Progression {
+public:
+    void operator()(const std::string& etape)
+    {
+        if (!terminal_ || etape == montree_ || std::chrono::steady_clock::now() - debut_ < std::chrono::seconds(2))
+            return;
+        std::fprintf(stderr, "\r%s", etape.c_str());
+        std::fflush(stderr);
+        montree_ = etape;
+    }
+    void fin()
+    {
+        if (!montree_.empty())
+            std::fputc('\n', stderr);
+        montree_.clear();
+    }
+
+private:
+    std::chrono::steady_clock::time_point debut_ = std::chrono::steady_clock::now();
+    bool terminal_ = isatty(STDERR_FILENO) != 0;
+    std::string montree_;
+};
+
 // Draws the request, says the warnings and the times, and gives the status.
-int termine(const DemandeRendu& d, bool chrono)
+int termine(DemandeRendu& d, bool chrono)
 {
     const FormatSortie format = formatSortie(d.sortie);
     if (format != FormatSortie::Texte && format != FormatSortie::Figure)
         assureApplication();
+    Progression progression;
+    d.progression = std::ref(progression);
     const ResultatRendu r = rendu(d);
+    progression.fin();
     for (const std::string& remarque : r.remarques)
         std::fprintf(stderr, "velorin exporte : %s\n", remarque.c_str());
     if (!r.avertissement.empty())

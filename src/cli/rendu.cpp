@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <memory>
+#include <new>
 #include <ostream>
 
 #include "base/chemins.h"
@@ -115,9 +117,9 @@ Erreur prepareFigure(DemandeRendu& d, Etat& etat, std::string& avertissement)
     if (!d.tailleDonnee) {
         const double l = std::round(r.geometrie.largeur / twipsParPixelEcran);
         const double h = std::round(r.geometrie.hauteur / twipsParPixelEcran);
-        if (!(l >= 1 && h >= 1 && l <= 20000 && h <= 20000))
-            return "La fenêtre de la figure " + texteCite(d.figure) +
-                   " est hors des limites (1 à 20000 pixels de côté) : donnez une taille avec --taille.";
+        if (!(l >= 1 && h >= 1 && l <= coteImageMax && h <= coteImageMax))
+            return "La fenêtre de la figure " + texteCite(d.figure) + " est hors des limites (1 à " +
+                   std::to_string(coteImageMax) + " pixels de côté) : donnez une taille avec --taille.";
         d.largeurPx = static_cast<int>(l);
         d.hauteurPx = static_cast<int>(h);
     }
@@ -152,6 +154,18 @@ Erreur dessine(Etat& etat, Surface& surface, const DemandeRendu& d, std::vector<
     Redessin quoi{.entrees = d.entrees};
     if (!d.figure.empty())
         quoi.lignes = toutesLesLignes(etat.courbes);
+    if (d.progression) {
+        const std::string sur = " sur " + std::to_string(quoi.lignes.size() + quoi.entrees.size());
+        auto etape = std::make_shared<std::string>();
+        quoi.avant = [&d, etape, sur, k = 0]() mutable {
+            *etape = (d.figure.empty() ? "entrée " : "courbe ") + std::to_string(++k) + sur;
+            d.progression(*etape);
+        };
+        quoi.crochets.interrompu = [&d, etape] {
+            d.progression(*etape);
+            return false;
+        };
+    }
     Erreur erreur;
     quoi.apres = [&](const OptionsTrace& o, const ResultatTrace& r) {
         durees.push_back(r.dureeMs);
@@ -221,8 +235,19 @@ void renduTour(Etat& etat, const DemandeRendu& d, ResultatRendu& r)
     tour.hauteurPx = d.hauteurPx;
     tour.titre = fs::path(d.catalogue).filename().string();
     tour.lus = {d.catalogue, d.parametres, d.figure};
+    std::string etape;
+    if (d.progression)
+        tour.image = [&](int k, int n) {
+            etape = "image " + std::to_string(k) + " sur " + std::to_string(n);
+            d.progression(etape);
+        };
     // A figure's labels stay where they stand.
     Redessin quoi{.lignes = lignes};
+    if (d.progression)
+        quoi.crochets.interrompu = [&] {
+            d.progression(etape);
+            return false;
+        };
     Erreur erreur;
     quoi.apres = [&](const OptionsTrace& o, const ResultatTrace& t) {
         r.dureesMs.push_back(t.dureeMs);
@@ -240,9 +265,7 @@ void renduTour(Etat& etat, const DemandeRendu& d, ResultatRendu& r)
         r.avertissement = fait.avertissement;
 }
 
-}  // namespace
-
-ResultatRendu rendu(const DemandeRendu& demande)
+ResultatRendu renduDemande(const DemandeRendu& demande)
 {
     ResultatRendu r;
     DemandeRendu d = demande;
@@ -266,8 +289,8 @@ ResultatRendu rendu(const DemandeRendu& demande)
         if ((r.erreur = lisMotifNumerote(d.sortie, motif)))
             return r;
     }
-    if (d.largeurPx < 1 || d.hauteurPx < 1 || d.largeurPx > 20000 || d.hauteurPx > 20000) {
-        r.erreur = "La taille d'image est hors des limites (1 à 20000 pixels de côté).";
+    if (d.largeurPx < 1 || d.hauteurPx < 1 || d.largeurPx > coteImageMax || d.hauteurPx > coteImageMax) {
+        r.erreur = "La taille d'image est hors des limites (1 à " + std::to_string(coteImageMax) + " pixels de côté).";
         return r;
     }
     Etat etat;
@@ -282,6 +305,22 @@ ResultatRendu rendu(const DemandeRendu& demande)
     else
         r.erreur = renduFichier(etat, d, format, r.dureesMs);
     return r;
+}
+
+}  // namespace
+
+ResultatRendu rendu(const DemandeRendu& demande)
+{
+    // Memory that runs out on the way unwinds to here: every file being
+    // written has removed its temporary, the user's files are as they were.
+    try {
+        return renduDemande(demande);
+    } catch (const std::bad_alloc&) {
+        ResultatRendu r;
+        r.erreur = "La mémoire a manqué pour dessiner " + texteCite(demande.sortie) +
+                   " : rien n'a été écrit, le fichier précédent est intact.";
+        return r;
+    }
 }
 
 void assureApplication()

@@ -5,6 +5,7 @@
 // animated GIF or one numbered file per redraw. Shared by `velorin exporte`
 // and `velorin sansfenetre`.
 #pragma once
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,11 @@
 #include "qt/dessin_fichier.h"
 
 namespace velorin {
+
+// The longest side of a picture drawn without a window, in pixels: a
+// 10000 x 10000 bitmap already takes 400 MB. A figure's window is bound by
+// it too.
+inline constexpr int coteImageMax = 10000;
 
 struct DemandeRendu {
     bool espace = true;
@@ -39,6 +45,10 @@ struct DemandeRendu {
     std::string dossierCatalogue;
     // The size was chosen: otherwise a figure is drawn at its window's size.
     bool tailleDonnee = false;
+    // Told often while drawing (before each curve or picture, and every
+    // few thousand points) the step in progress: "entrée k sur n",
+    // "courbe k sur n" for a figure's rows, "image k sur n" in a turn.
+    std::function<void(const std::string& etape)> progression{};
 };
 
 struct ResultatRendu {
@@ -53,8 +63,10 @@ struct ResultatRendu {
 
 // Draws the request and writes `sortie` whole or not at all: every path is
 // checked first (inputs readable, output in an existing folder and not one
-// of the inputs), the drawing is made in memory, then written through
-// EcritureEntiere. Needs a
+// of the inputs), the drawing goes to a temporary through EcritureEntiere
+// (a bitmap drawn in memory first, the SVG, PDF and journal as they are
+// drawn) which takes the output's name at the end. Memory running out is a
+// message, the previous file intact. Needs a
 // QGuiApplication for every format but the journal (see assureApplication).
 ResultatRendu rendu(const DemandeRendu& demande);
 

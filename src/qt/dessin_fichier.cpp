@@ -1,25 +1,21 @@
-// Everything is drawn into memory first (an image, or the SVG or PDF text in
-// a buffer): the painter says whether it worked only at its end, and by then
-// nothing must have reached the file. The journal alone goes to the file as
-// it is drawn, so that a tracing at the point cap never holds it in memory;
-// the file being written whole, a failure still leaves nothing.
+// A bitmap is drawn into memory first (the painter says whether it worked
+// only at its end), then written. The SVG, the PDF and the journal go to the
+// file as they are drawn, so that a drawing of millions of points is never
+// held in memory; the file being written whole, a failure still leaves
+// nothing, and the user's previous file stays as it was.
 #include "qt/dessin_fichier.h"
 
-#include <QBuffer>
-#include <QByteArray>
-#include <QPageSize>
 #include <QPainter>
-#include <QPdfWriter>
-#include <QSvgGenerator>
 
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
-#include <memory>
 
 #include "base/texte_sur.h"
 #include "qt/png_rapide.h"
 #include "qt/surface_qpainter.h"
+#include "qt/surface_pdf.h"
+#include "qt/surface_svg.h"
 #include "view/surface_enregistreuse.h"
 
 namespace velorin {
@@ -104,35 +100,20 @@ Erreur dessineDansFichier(EcritureEntiere& fichier, FormatSortie format, int lar
             return erreur;
         return ecrisPngRapide(image, fichier);
     }
-    const QSize taille(largeurPx, hauteurPx);
-    QByteArray octets;
-    QBuffer tampon(&octets);
-    tampon.open(QIODevice::WriteOnly);
-    std::unique_ptr<QPaintDevice> appareil;
     if (format == FormatSortie::Svg) {
-        auto svg = std::make_unique<QSvgGenerator>();
-        svg->setOutputDevice(&tampon);
-        svg->setSize(taille);
-        svg->setViewBox(QRect(QPoint(0, 0), taille));
-        svg->setResolution(96);
-        svg->setTitle(titreSvg(titre));
-        appareil = std::move(svg);
-    } else if (format == FormatSortie::Pdf) {
-        auto pdf = std::make_unique<QPdfWriter>(&tampon);
-        pdf->setResolution(96);
-        pdf->setPageSize(QPageSize(QSizeF(largeurPx * 0.75, hauteurPx * 0.75), QPageSize::Point));
-        pdf->setPageMargins(QMarginsF(0, 0, 0, 0));
-        appareil = std::move(pdf);
-    } else {
-        return "Le format de sortie de " + texteCite(cible) + " est inconnu : .png, .svg, .pdf ou .txt.";
+        SurfaceSvg surface(fichier.flux(), largeurPx, hauteurPx, titreSvg(titre).toStdString());
+        if (auto erreur = dessin(surface))
+            return erreur;
+        surface.termine();
+        return {};
     }
-    if (auto erreur = peins(*appareil, W, H, dessin, cible))
+    if (format != FormatSortie::Pdf)
+        return "Le format de sortie de " + texteCite(cible) + " est inconnu : .png, .svg, .pdf ou .txt.";
+    SurfacePdf surface(fichier.flux(), largeurPx, hauteurPx);
+    if (auto erreur = dessin(surface))
         return erreur;
-    appareil.reset();
-    tampon.close();
-    if (octets.isEmpty())
+    if (!surface.termine())
         return echecDessin(cible);
-    fichier.ecris(std::string_view(octets.constData(), static_cast<std::size_t>(octets.size())));
     return {};
 }
 

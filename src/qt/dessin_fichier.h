@@ -1,6 +1,7 @@
-// Drawing into a file: a picture of a given size in pixels drawn in memory in
-// one of the output formats, then its bytes handed to a file being written
-// whole (EcritureEntiere). The single export and the per-tick files of an
+// Drawing into a file: a picture of a given size in pixels in one of the
+// output formats, written into a file being written whole (EcritureEntiere):
+// a bitmap is drawn in memory then encoded, the vector formats and the
+// journal go to the file as they are drawn. The single export and the per-tick files of an
 // animated turn both go through here.
 #pragma once
 #include <QImage>

@@ -43,9 +43,18 @@ ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const Demande
     }
     const SuiteDuTour suite = suiteDuTour(etat.param, rotation, d.tour, d.pasTete);
     const double W = d.largeurPx * twipsParPixelEcran, H = d.hauteurPx * twipsParPixelEcran;
+    if (double(d.largeurPx) * d.hauteurPx * double(suite.vues.size()) > pixelsTourMax) {
+        r.erreur = "Le tour compte " + std::to_string(suite.vues.size()) + " images de " + std::to_string(d.largeurPx) +
+                   " x " + std::to_string(d.hauteurPx) +
+                   " pixels : c'est plus que 4 milliards de pixels en tout, le plafond d'un tour ; "
+                   "choisissez une taille plus petite.";
+        return r;
+    }
     // One redraw, as the window's "O&K" command makes it.
     auto dessinVue = [&](std::size_t i) -> DessinSurface {
         return [&, i](Surface& surface) -> Erreur {
+            if (d.image)
+                d.image(int(i) + 1, int(suite.vues.size()));
             appliqueVue(etat.param, suite.vues[i]);
             if (!ajusteVue(etat, W, H))
                 r.avertissement = messageBaseRetablie;

@@ -4,6 +4,7 @@
 // into an animated GIF or one numbered file per redraw. The command line and
 // the window's "Exporter" menu both export through here.
 #pragma once
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,10 @@
 
 namespace velorin {
 
+// The pixels of all the pictures of a turn together: beyond, the export would
+// run for minutes (a thousand 1920 x 1080 pictures stay within it).
+inline constexpr double pixelsTourMax = 4e9;
+
 struct DemandeTour {
     int tour = 0;          // index in the "Tour complet" menu (0..7, see nomDuTour)
     double pasTete = 1.0;  // the "+p"/"-p" step that the head turn also applies
@@ -24,6 +29,9 @@ struct DemandeTour {
     int largeurPx = 1024, hauteurPx = 768;
     std::string titre;             // title of SVG files
     std::vector<std::string> lus;  // the files this export reads: never replaced
+    // Called before each picture is drawn, with its number (from 1) and the
+    // number of pictures.
+    std::function<void(int, int)> image{};
 };
 
 struct ResultatTour {
