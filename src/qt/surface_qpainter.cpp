@@ -78,13 +78,13 @@ QPen SurfaceQPainter::stylo(Couleur couleur, int largeur, int style) const
     return pen;
 }
 
-QFont SurfaceQPainter::police() const
+QFont policeDe(const Surface& s)
 {
-    QFont f(QString::fromStdString(FontName));
-    f.setPointSizeF(FontSize > 0 ? FontSize : 8);
-    f.setBold(FontBold);
-    f.setItalic(FontItalic);
-    f.setUnderline(FontUnderline);
+    QFont f(QString::fromStdString(s.FontName));
+    f.setPointSizeF(s.FontSize > 0 ? s.FontSize : 8);
+    f.setBold(s.FontBold);
+    f.setItalic(s.FontItalic);
+    f.setUnderline(s.FontUnderline);
     return f;
 }
 
@@ -151,7 +151,7 @@ void SurfaceQPainter::Circle(double x, double y, double rayon, Couleur couleur)
 void SurfaceQPainter::Print(const std::string& texte)
 {
     Acheve();
-    const QFont f = police();
+    const QFont f = policeDe(*this);
     painter_->setFont(f);
     painter_->setPen(couleurQt(ForeColor));
     const QFontMetricsF m(f, painter_->device());
@@ -170,13 +170,13 @@ void SurfaceQPainter::Clear(Couleur fond)
 
 double SurfaceQPainter::TextWidth(const std::string& texte) const
 {
-    const QFontMetricsF m(police(), painter_->device());
+    const QFontMetricsF m(policeDe(*this), painter_->device());
     return m.horizontalAdvance(QString::fromStdString(texte)) / kx_;
 }
 
 double SurfaceQPainter::TextHeight() const
 {
-    const QFontMetricsF m(police(), painter_->device());
+    const QFontMetricsF m(policeDe(*this), painter_->device());
     return m.height() / ky_;
 }
 

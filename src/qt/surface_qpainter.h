@@ -26,6 +26,9 @@
 
 namespace velorin {
 
+// The Qt font of a surface's current font state (8 points when its size is not positive).
+QFont policeDe(const Surface& s);
+
 class SurfaceQPainter : public Surface {
 public:
     // Paints on `device` with a painter of its own, over the device's whole
@@ -59,7 +62,6 @@ private:
     // Pen width of `largeur` pixels, in device units.
     double epaisseur(int largeur) const;
     QPen stylo(Couleur couleur, int largeur, int style) const;
-    QFont police() const;
 
     std::unique_ptr<QPainter> propre_;  // the painter this surface began, if any
     QPainter* painter_ = nullptr;

@@ -34,16 +34,6 @@ SurfaceVectorielle::SurfaceVectorielle(int largeurPx, int hauteurPx)
     : largeur_(largeurPx * twipsParPixelEcran), hauteur_(hauteurPx * twipsParPixelEcran)
 { }
 
-QFont SurfaceVectorielle::police() const
-{
-    QFont f(QString::fromStdString(FontName));
-    f.setPointSizeF(FontSize > 0 ? FontSize : 8);
-    f.setBold(FontBold);
-    f.setItalic(FontItalic);
-    f.setUnderline(FontUnderline);
-    return f;
-}
-
 void SurfaceVectorielle::Acheve()
 {
     if (points_.size() >= 2) {
@@ -93,7 +83,7 @@ void SurfaceVectorielle::Circle(double x, double y, double rayon, Couleur c)
 void SurfaceVectorielle::Print(const std::string& texte)
 {
     Acheve();
-    const QFont f = police();
+    const QFont f = policeDe(*this);
     const QFontMetricsF m(f, &appareil96());
     ecrit(CurrentX * pixelsParTwip, CurrentY * pixelsParTwip + m.ascent(), f, ForeColor, texte);
     CurrentX = 0;
@@ -110,13 +100,13 @@ void SurfaceVectorielle::Clear(Couleur fond)
 
 double SurfaceVectorielle::TextWidth(const std::string& texte) const
 {
-    const QFontMetricsF m(police(), &appareil96());
+    const QFontMetricsF m(policeDe(*this), &appareil96());
     return m.horizontalAdvance(QString::fromStdString(texte)) * twipsParPixelEcran;
 }
 
 double SurfaceVectorielle::TextHeight() const
 {
-    const QFontMetricsF m(police(), &appareil96());
+    const QFontMetricsF m(policeDe(*this), &appareil96());
     return m.height() * twipsParPixelEcran;
 }
 

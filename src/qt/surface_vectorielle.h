@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "qt/surface_qpainter.h"
 #include "view/simplification.h"
 #include "view/surface.h"
 
@@ -40,7 +41,6 @@ protected:
     virtual void cercle(double x, double y, double rayon, Couleur couleur, int largeur, int style) = 0;
     // `texte` (UTF-8) with its baseline starting at (x, y).
     virtual void ecrit(double x, double y, const QFont& police, Couleur couleur, const std::string& texte) = 0;
-    QFont police() const;
 
 private:
     double largeur_, hauteur_;
