@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <fstream>
 
@@ -101,11 +102,16 @@ Erreur lisFichierTexte(const std::string& chemin, const std::string& quoi, const
     std::ifstream f(chemin, std::ios::binary);
     if (!f)
         return quoi + " " + texteCite(chemin) + " ne peut pas être ouvert.";
-    contenu.assign(limite + 1, '\0');
-    f.read(contenu.data(), static_cast<std::streamsize>(contenu.size()));
+    // Read piece by piece up to one byte past the limit (a file that grew
+    // since its size was taken is still caught), the memory taken following
+    // the file's size rather than the limit's.
+    contenu.clear();
+    contenu.reserve(static_cast<std::size_t>(std::min<std::uint64_t>(tailleFichier(chemin), limite)) + 1);
+    char morceau[1 << 16];
+    while (contenu.size() <= limite && f.read(morceau, sizeof morceau).gcount() > 0)
+        contenu.append(morceau, static_cast<std::size_t>(f.gcount()));
     if (f.bad())
         return quoi + " " + texteCite(chemin) + " ne peut pas être lu : erreur de lecture.";
-    contenu.resize(static_cast<std::size_t>(f.gcount()));
     if (contenu.size() > limite)
         return tropGrand;
     return {};
