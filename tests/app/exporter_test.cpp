@@ -245,9 +245,15 @@ TEST(Impression, MenuImprimerAvecEtSansImprimanteEtCopieDEcran)
     EXPECT_TRUE(d.messages[0].startsWith(QStringLiteral("Le dessin est copié dans le presse-papiers")));
 }
 
+// The window with `courbes` circles (none: no catalogue written); figures are chosen in `choix`.
 struct BancEtiquettes : Banc {
-    Mirado* m = &demarre();
-    CommandesEtiquettes* commandes = m->findChild<CommandesEtiquettes*>();
+    Mirado* m;
+    CommandesEtiquettes* commandes;
+    QStringList choix;  // "folder|filter" of each chooser shown
+    explicit BancEtiquettes(int courbes = -1)
+        : m(courbes < 0 ? &demarre() : &demarre(courbes)), commandes(m->findChild<CommandesEtiquettes*>())
+    {
+    }
     // Right button + Alt at `ou`; the editor types `texte` (nothing: cancels).
     void cree(QPoint ou, std::optional<std::string> texte)
     {
@@ -256,6 +262,16 @@ struct BancEtiquettes : Banc {
                Qt::AltModifier);
     }
     Lb3* lb(int index) const { return commandes->controle(index); }
+    QString figure(const char* nom) const { return QString::fromStdString(etat.fenetre.dossierFig) + nom + ".fig"; }
+    // "Lire un écran mémorisé", the chooser answering `choisi`.
+    void lis(const std::optional<QString>& choisi)
+    {
+        m->choixFigure = [this, choisi](QWidget*, const QString& d, const QString& f) {
+            return choix << d + '|' + f, choisi;
+        };
+        messages.clear();
+        article(*m, "mnumemfig", 1)->trigger();
+    }
 };
 
 TEST(EtiquettesFenetre, CreationGlisserEtDoubleClic)
@@ -349,42 +365,16 @@ TEST(EtiquettesFenetre, EditeurDeTexte)
     }
 }
 
-struct BancFigures : Banc {
-    Mirado* m = nullptr;
-    CommandesEtiquettes* commandes = nullptr;
-    QStringList choix;  // "folder|filter" of each chooser shown
-    BancFigures()
-    {
-        m = &demarre(3);
-        commandes = m->findChild<CommandesEtiquettes*>();
-    }
-    void etiquette(QPoint ou, const std::string& texte)
-    {
-        commandes->editeur = [texte](QWidget*, Etiquette& l) { return l.texte = texte, true; };
-        commandes->creation(ou);
-    }
-    QString figure(const char* nom) const { return QString::fromStdString(etat.fenetre.dossierFig) + nom + ".fig"; }
-    // "Lire un écran mémorisé", the chooser answering `choisi`.
-    void lis(const std::optional<QString>& choisi)
-    {
-        m->choixFigure = [this, choisi](QWidget*, const QString& d, const QString& f) {
-            return choix << d + '|' + f, choisi;
-        };
-        messages.clear();
-        article(*m, "mnumemfig", 1)->trigger();
-    }
-};
-
 TEST(FiguresFenetre, SauverRelireAnnulerAbimeePlane)
 {
-    BancFigures b;
+    BancEtiquettes b(3);
     Mirado& m = *b.m;
     m.resize(760, 540);  // whole on the test screen, so read back as it is
     m.suisTaille();
     m.envoie(1);
     m.envoie(3);
-    b.etiquette(QPoint(30, 40), "Sommet");
-    b.etiquette(QPoint(200, 90), "Pied");
+    b.cree({30, 40}, "Sommet");
+    b.cree({200, 90}, "Pied");
     const QImage dessin = m.ecran().copy();
     const QRect place = m.geometry();
     b.reponses = {QStringLiteral("essai")};
