@@ -92,8 +92,7 @@ TEST(Exporter, MenuImageDeLEcranEtRefus)
         {.texte = "Sommet", .couleur = 0x00FFFF, .gauche = 1500, .haut = 1500, .visible = true});
     for (const Cas& c :
          {Cas{0, 0, "ecran", image, "ecran.png", ""},  // the extension is added
-          Cas{0, 0, "copie.png", image, "copie.png", ""}, Cas{0, 0, "copie.svg", image, "copie.svg", ""},
-          Cas{0, 0, "copie.pdf", image, "copie.pdf", ""},
+          Cas{0, 0, "copie.svg", image, "copie.svg", ""}, Cas{0, 0, "copie.pdf", image, "copie.pdf", ""},
           Cas{0, 0, "copie.jpg", image, nullptr, "en PNG, SVG ou PDF : nommez-la par exemple « copie.png »"},
           Cas{0, 0, "absent/e.png", image, nullptr, "absent » n'existe pas"}, Cas{0, 0, nullptr, image, nullptr, ""},
           Cas{1, -1, "a.gif", "", nullptr, ""}, Cas{1, 0, nullptr, tour, nullptr, ""},
