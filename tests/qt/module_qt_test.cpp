@@ -2,7 +2,7 @@
 // once: one picture per redraw of the timers, each drawn with the viewing
 // values of its tick, all written or none.
 // The drawing surface on a QPainter (module qt): twips on their pixels at any pixel ratio, line
-// styles and widths, clearing, text measured and printed in its box, twips on a PDF page.
+// styles and widths, clearing, the text's height and next line, twips on a PDF page.
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
