@@ -92,8 +92,7 @@ TEST(Exporter, MenuImageDeLEcranEtRefus)
         {.texte = "Sommet", .couleur = 0x00FFFF, .gauche = 1500, .haut = 1500, .visible = true});
     for (const Cas& c :
          {Cas{0, 0, "ecran", image, "ecran.png", ""},  // the extension is added
-          Cas{0, 0, "copie.png", image, "copie.png", ""}, Cas{0, 0, "copie.svg", image, "copie.svg", ""},
-          Cas{0, 0, "copie.pdf", image, "copie.pdf", ""},
+          Cas{0, 0, "copie.svg", image, "copie.svg", ""}, Cas{0, 0, "copie.pdf", image, "copie.pdf", ""},
           Cas{0, 0, "copie.jpg", image, nullptr, "en PNG, SVG ou PDF : nommez-la par exemple « copie.png »"},
           Cas{0, 0, "absent/e.png", image, nullptr, "absent » n'existe pas"}, Cas{0, 0, nullptr, image, nullptr, ""},
           Cas{1, -1, "a.gif", "", nullptr, ""}, Cas{1, 0, nullptr, tour, nullptr, ""},
@@ -245,9 +244,15 @@ TEST(Impression, MenuImprimerAvecEtSansImprimanteEtCopieDEcran)
     EXPECT_TRUE(d.messages[0].startsWith(QStringLiteral("Le dessin est copié dans le presse-papiers")));
 }
 
+// The window with `courbes` circles (none: no catalogue written); figures are chosen in `choix`.
 struct BancEtiquettes : Banc {
-    Mirado* m = &demarre();
-    CommandesEtiquettes* commandes = m->findChild<CommandesEtiquettes*>();
+    Mirado* m;
+    CommandesEtiquettes* commandes;
+    QStringList choix;  // "folder|filter" of each chooser shown
+    explicit BancEtiquettes(int courbes = -1)
+        : m(courbes < 0 ? &demarre() : &demarre(courbes)), commandes(m->findChild<CommandesEtiquettes*>())
+    {
+    }
     // Right button + Alt at `ou`; the editor types `texte` (nothing: cancels).
     void cree(QPoint ou, std::optional<std::string> texte)
     {
@@ -256,6 +261,16 @@ struct BancEtiquettes : Banc {
                Qt::AltModifier);
     }
     Lb3* lb(int index) const { return commandes->controle(index); }
+    QString figure(const char* nom) const { return QString::fromStdString(etat.fenetre.dossierFig) + nom + ".fig"; }
+    // "Lire un écran mémorisé", the chooser answering `choisi`.
+    void lis(const std::optional<QString>& choisi)
+    {
+        m->choixFigure = [this, choisi](QWidget*, const QString& d, const QString& f) {
+            return choix << d + '|' + f, choisi;
+        };
+        messages.clear();
+        article(*m, "mnumemfig", 1)->trigger();
+    }
 };
 
 TEST(EtiquettesFenetre, CreationGlisserEtDoubleClic)
@@ -349,42 +364,16 @@ TEST(EtiquettesFenetre, EditeurDeTexte)
     }
 }
 
-struct BancFigures : Banc {
-    Mirado* m = nullptr;
-    CommandesEtiquettes* commandes = nullptr;
-    QStringList choix;  // "folder|filter" of each chooser shown
-    BancFigures()
-    {
-        m = &demarre(3);
-        commandes = m->findChild<CommandesEtiquettes*>();
-    }
-    void etiquette(QPoint ou, const std::string& texte)
-    {
-        commandes->editeur = [texte](QWidget*, Etiquette& l) { return l.texte = texte, true; };
-        commandes->creation(ou);
-    }
-    QString figure(const char* nom) const { return QString::fromStdString(etat.fenetre.dossierFig) + nom + ".fig"; }
-    // "Lire un écran mémorisé", the chooser answering `choisi`.
-    void lis(const std::optional<QString>& choisi)
-    {
-        m->choixFigure = [this, choisi](QWidget*, const QString& d, const QString& f) {
-            return choix << d + '|' + f, choisi;
-        };
-        messages.clear();
-        article(*m, "mnumemfig", 1)->trigger();
-    }
-};
-
 TEST(FiguresFenetre, SauverRelireAnnulerAbimeePlane)
 {
-    BancFigures b;
+    BancEtiquettes b(3);
     Mirado& m = *b.m;
     m.resize(760, 540);  // whole on the test screen, so read back as it is
     m.suisTaille();
     m.envoie(1);
     m.envoie(3);
-    b.etiquette(QPoint(30, 40), "Sommet");
-    b.etiquette(QPoint(200, 90), "Pied");
+    b.cree({30, 40}, "Sommet");
+    b.cree({200, 90}, "Pied");
     const QImage dessin = m.ecran().copy();
     const QRect place = m.geometry();
     b.reponses = {QStringLiteral("essai")};

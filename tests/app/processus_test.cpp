@@ -427,7 +427,6 @@ TEST_F(CommandeCatalogue, UnRefusParFamilleDArguments)
         {{"ajoute", "c.lsu", "--genre", "9", "(π,1)"}, "« (π,1) » contient un caractère qu'un catalogue ne peut"},
         {{"point", "c.lsu", "(1,\t2)"}, "contient un caractère de commande"},
         {{"point", "c.lsu"}, "arguments incorrects. Usage : velorin catalogue point FICHIER.lsu \"(x,y,z)\""},
-        {{"point", "c.lsu", " "}, "Tapez les coordonnées du point"},
         {{"point", "c.lsu", "(1,2"}, "Point incorrect : (1,2 ; écrivez (x,y,z)"},
         {{"relie", "c.lsu", "1", "2"}, "La ligne 1 du catalogue « c.lsu » n'est pas un point (genre 1)."},
         {{"relie", "c.lsu", "2", "x"}, "« x » n'est pas un numéro de ligne"},
