@@ -20,7 +20,8 @@
 namespace velorin::essai {
 namespace {
 
-// Each picture of a GIF laid over the ones before, as shown, with its delay,
+// Each picture of a GIF laid over the ones before (its transparent pixels
+// showing them), as shown, with its delay,
 // its disposal and the rectangle it stores.
 struct ImageRelue {
     QImage ecran;
@@ -42,7 +43,10 @@ std::vector<ImageRelue> relis(const std::string& nom)
         static_cast<void>(DGifSavedExtensionToGCB(gif, i, &gcb));
         const ColorMapObject* carte = d.ColorMap ? d.ColorMap : gif->SColorMap;
         for (int k = 0; k < d.Width * d.Height; ++k) {
-            const GifColorType& c = carte->Colors[gif->SavedImages[i].RasterBits[k]];
+            const int index = gif->SavedImages[i].RasterBits[k];
+            if (index == gcb.TransparentColor)
+                continue;
+            const GifColorType& c = carte->Colors[index];
             ecran.setPixel(d.Left + k % d.Width, d.Top + k / d.Width, qRgb(c.Red, c.Green, c.Blue));
         }
         relues.push_back({ecran.copy(), gcb.DelayTime, gcb.DisposalMode, QRect(d.Left, d.Top, d.Width, d.Height)});
