@@ -46,11 +46,10 @@ Rectangle difference(const QImage& avant, const QImage& image)
     return {x0, y0, x1 - x0 + 1, y1 - y0 + 1};
 }
 
-// The palette of the pixels of `image` that differ from `avant` in a
-// rectangle (all of them when `avant` is null), and each of their colours'
-// index in it.
 }  // namespace
 
+// The palette of a frame's changed pixels, and each of their colours' index
+// in it.
 struct PaletteGif {
     std::vector<std::uint32_t> couleurs;             // 0xRRGGBB
     std::unordered_map<std::uint32_t, int> indices;  // every colour met
@@ -59,8 +58,9 @@ struct PaletteGif {
 
 namespace {
 
-// Changed colours counted by runs: a drawing is mostly long runs of one
-// colour.
+// The colours of the pixels of `image` that differ from `avant` in a
+// rectangle (all of them when `avant` is null), with their counts. Counted by
+// runs: a drawing is mostly long runs of one colour.
 std::unordered_map<std::uint32_t, std::size_t> comptes(const QImage& avant, const QImage& image, const Rectangle& r)
 {
     std::unordered_map<std::uint32_t, std::size_t> n;
