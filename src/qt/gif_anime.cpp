@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -45,32 +46,55 @@ Rectangle difference(const QImage& avant, const QImage& image)
     return {x0, y0, x1 - x0 + 1, y1 - y0 + 1};
 }
 
-// The palette of a rectangle and each of its colours' index in it.
-struct Palette {
+}  // namespace
+
+// The palette of a frame's changed pixels, and each of their colours' index
+// in it.
+struct PaletteGif {
     std::vector<std::uint32_t> couleurs;             // 0xRRGGBB
-    std::unordered_map<std::uint32_t, int> indices;  // every colour of the rectangle
+    std::unordered_map<std::uint32_t, int> indices;  // every colour met
+    bool exacte = true;                              // each colour met is in `couleurs`
 };
 
-Palette palette(const QImage& image, const Rectangle& r)
+namespace {
+
+// The colours of the pixels of `image` that differ from `avant` in a
+// rectangle (all of them when `avant` is null), with their counts. Counted by
+// runs: a drawing is mostly long runs of one colour.
+std::unordered_map<std::uint32_t, std::size_t> comptes(const QImage& avant, const QImage& image, const Rectangle& r)
 {
-    // Counted by runs: a drawing is mostly long runs of one colour.
-    std::unordered_map<std::uint32_t, std::size_t> comptes;
-    comptes.reserve(1024);
+    std::unordered_map<std::uint32_t, std::size_t> n;
+    n.reserve(1024);
+    const bool tout = avant.isNull();
     for (int y = r.y; y < r.y + r.h; ++y) {
         const auto* p = reinterpret_cast<const QRgb*>(image.constScanLine(y)) + r.x;
-        std::uint32_t c = p[0] & 0xFFFFFF;
+        const auto* a = tout ? p : reinterpret_cast<const QRgb*>(avant.constScanLine(y)) + r.x;
+        std::uint32_t c = ~0u;
         std::size_t suite = 0;
         for (int x = 0; x < r.l; ++x) {
+            if (!tout && p[x] == a[x])
+                continue;
             const std::uint32_t v = p[x] & 0xFFFFFF;
             if (v != c) {
-                comptes[c] += suite;
+                if (suite)
+                    n[c] += suite;
                 c = v;
                 suite = 0;
             }
             ++suite;
         }
-        comptes[c] += suite;
+        if (suite)
+            n[c] += suite;
     }
+    return n;
+}
+
+// At most `plafond` colours: all of them when they fit, otherwise the most
+// frequent ones (the background, the curves' own colours), then, one by one,
+// the colour farthest from every colour chosen so far: the rarer blends of
+// the anti-aliasing keep a close colour each.
+PaletteGif palette(const std::unordered_map<std::uint32_t, std::size_t>& comptes, std::size_t plafond)
+{
     std::vector<std::pair<std::size_t, std::uint32_t>> parFrequence;
     parFrequence.reserve(comptes.size());
     for (const auto& [c, n] : comptes)
@@ -80,18 +104,15 @@ Palette palette(const QImage& image, const Rectangle& r)
     std::sort(parFrequence.begin(), parFrequence.end(), [](const auto& a, const auto& b) {
         return a.first != b.first ? a.first > b.first : a.second < b.second;
     });
-    // The most frequent colours first (the background, the curves' own
-    // colours), then, one by one, the colour farthest from every colour
-    // chosen so far: the rarer blends of the anti-aliasing keep a close
-    // colour each.
-    Palette pal;
+    PaletteGif pal;
     auto ecart = [](std::uint32_t a, std::uint32_t b) {
         const int dr = int(a >> 16) - int(b >> 16), dv = int((a >> 8) & 0xFF) - int((b >> 8) & 0xFF),
                   db = int(a & 0xFF) - int(b & 0xFF);
         return dr * dr + dv * dv + db * db;
     };
     const std::size_t n = parFrequence.size();
-    const std::size_t frequentes = n <= 256 ? n : 128;
+    pal.exacte = n <= plafond;
+    const std::size_t frequentes = pal.exacte ? n : plafond / 2;
     std::vector<int> proche(n, 0), distance(n, 0);  // nearest colour chosen so far, and how far
     auto choisis = [&](std::size_t i) {
         const int index = int(pal.couleurs.size());
@@ -108,7 +129,7 @@ Palette palette(const QImage& image, const Rectangle& r)
     };
     for (std::size_t i = 0; i < frequentes; ++i)
         choisis(i);
-    while (pal.couleurs.size() < 256) {
+    while (n > 0 && pal.couleurs.size() < plafond) {
         const std::size_t loin = std::size_t(std::max_element(distance.begin(), distance.end()) - distance.begin());
         if (distance[loin] == 0)
             break;
@@ -186,9 +207,20 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
         if (r.l == 0)
             r = {0, 0, 1, 1};
     }
-    const Palette pal = palette(image, r);
+    // The palette of the frame before is kept while it shows every changed
+    // colour exactly: most frames of a turn add no colour.
+    const auto changees = comptes(precedente_, image, r);
+    bool garde = palette_ && (palette_->exacte || changees.empty());
+    for (auto k = changees.begin(); garde && k != changees.end(); ++k)
+        garde = palette_->indices.count(k->first) != 0;
+    if (!garde)
+        palette_ = std::make_unique<PaletteGif>(palette(changees, 255));
+    const PaletteGif& pal = *palette_;
+    // The index after the colours is transparent: the pixels of the
+    // rectangle left as they were show the picture before through it.
+    const int transparent = int(pal.couleurs.size());
     int taillePalette = 2;
-    while (taillePalette < int(pal.couleurs.size()))
+    while (taillePalette < transparent + 1)
         taillePalette *= 2;
     std::vector<GifColorType> couleurs(std::size_t(taillePalette), GifColorType{0, 0, 0});
     for (std::size_t i = 0; i < pal.couleurs.size(); ++i)
@@ -197,11 +229,12 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
     ColorMapObject* carte = GifMakeMapObject(taillePalette, couleurs.data());
     if (!carte)
         return erreur_ = echec("la palette");
+    const bool premiere = precedente_.isNull();
     GraphicsControlBlock gcb{};
     gcb.DisposalMode = DISPOSE_DO_NOT;
     gcb.UserInputFlag = false;
     gcb.DelayTime = (delaiMs + 5) / 10;
-    gcb.TransparentColor = NO_TRANSPARENT_COLOR;
+    gcb.TransparentColor = premiere ? NO_TRANSPARENT_COLOR : transparent;
     GifByteType extension[4];
     const std::size_t longueur = EGifGCBToExtension(&gcb, extension);
     bool bon = EGifPutExtension(gif_, GRAPHICS_EXT_FUNC_CODE, int(longueur), extension) != GIF_ERROR &&
@@ -210,9 +243,14 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
     std::vector<GifPixelType> ligne(std::size_t(r.l));
     for (int y = r.y; bon && y < r.y + r.h; ++y) {
         const auto* p = reinterpret_cast<const QRgb*>(image.constScanLine(y)) + r.x;
+        const auto* a = premiere ? p : reinterpret_cast<const QRgb*>(precedente_.constScanLine(y)) + r.x;
         std::uint32_t derniere = ~0u;
         GifPixelType index = 0;
         for (int x = 0; x < r.l; ++x) {
+            if (!premiere && p[x] == a[x]) {
+                ligne[std::size_t(x)] = GifPixelType(transparent);
+                continue;
+            }
             const std::uint32_t c = p[x] & 0xFFFFFF;
             if (c != derniere) {
                 derniere = c;
@@ -224,7 +262,15 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
     }
     if (!bon)
         return erreur_ = echec("une image");
-    precedente_ = image.copy();
+    // The picture before is brought up to date where it changed, in place:
+    // no new copy of the whole picture per frame.
+    if (premiere) {
+        precedente_ = image.copy();
+        return {};
+    }
+    for (int y = r.y; y < r.y + r.h; ++y)
+        std::memcpy(reinterpret_cast<QRgb*>(precedente_.scanLine(y)) + r.x,
+                    reinterpret_cast<const QRgb*>(image.constScanLine(y)) + r.x, std::size_t(r.l) * 4);
     return {};
 }
 

@@ -4,19 +4,25 @@
 // more than two pictures in memory.
 //
 // Each picture after the first is stored as the rectangle where it differs
-// from the one before, left in place underneath (GIF's "do not dispose"): a
-// turning drawing on a still background then costs only its own area. Each
-// stored rectangle has its own palette: its colours exactly when there are
-// at most 256 of them, otherwise its 256 most frequent colours, every other
-// colour shown as the nearest of those. The animation loops for ever.
+// from the one before, left in place underneath (GIF's "do not dispose"),
+// the pixels of the rectangle that did not change being transparent: a
+// turning drawing on a still background then costs only what it changed.
+// The palette of the changed pixels is their colours exactly when there are
+// at most 255 of them, otherwise 255 chosen colours, every other colour shown
+// as the nearest of those; a frame keeps the palette of the one before while
+// that shows each of its changed colours exactly. The animation loops for
+// ever.
 #pragma once
 #include <QImage>
+#include <memory>
 #include <gif_lib.h>
 
 #include "base/ecriture.h"
 #include "base/erreur.h"
 
 namespace velorin {
+
+struct PaletteGif;
 
 class GifAnime {
 public:
@@ -40,7 +46,8 @@ private:
     EcritureEntiere& fichier_;
     GifFileType* gif_ = nullptr;
     int largeur_, hauteur_;
-    QImage precedente_;  // the picture as a viewer shows it after the last one added
+    QImage precedente_;  // the last picture added
+    std::unique_ptr<PaletteGif> palette_;  // the last frame's
     Erreur erreur_;
     bool ecritureEchouee_ = false;
 };

@@ -20,7 +20,8 @@
 namespace velorin::essai {
 namespace {
 
-// Each picture of a GIF laid over the ones before, as shown, with its delay,
+// Each picture of a GIF laid over the ones before (its transparent pixels
+// showing them), as shown, with its delay,
 // its disposal and the rectangle it stores.
 struct ImageRelue {
     QImage ecran;
@@ -42,7 +43,10 @@ std::vector<ImageRelue> relis(const std::string& nom)
         static_cast<void>(DGifSavedExtensionToGCB(gif, i, &gcb));
         const ColorMapObject* carte = d.ColorMap ? d.ColorMap : gif->SColorMap;
         for (int k = 0; k < d.Width * d.Height; ++k) {
-            const GifColorType& c = carte->Colors[gif->SavedImages[i].RasterBits[k]];
+            const int index = gif->SavedImages[i].RasterBits[k];
+            if (index == gcb.TransparentColor)
+                continue;
+            const GifColorType& c = carte->Colors[index];
             ecran.setPixel(d.Left + k % d.Width, d.Top + k / d.Width, qRgb(c.Red, c.Green, c.Blue));
         }
         relues.push_back({ecran.copy(), gcb.DelayTime, gcb.DisposalMode, QRect(d.Left, d.Top, d.Width, d.Height)});
@@ -52,8 +56,10 @@ std::vector<ImageRelue> relis(const std::string& nom)
 }
 
 // Each picture, laid over the ones before ("do not dispose"), reads back as
-// the one added: exactly up to 256 colours (a moved square, an unchanged
-// picture), each pixel near its colour beyond (a gradient of 1200 colours).
+// the one added: exactly up to 255 colours (a moved square, an unchanged
+// picture, the first picture again: what it changes is compared with the one
+// shown just before), each pixel near its colour beyond (a gradient of 1200
+// colours).
 // Each keeps its delay in hundredths of a second; the animation loops.
 TEST(GifAnime, ChaqueImageRelueAvecSonDelai)
 {
@@ -65,7 +71,8 @@ TEST(GifAnime, ChaqueImageRelueAvecSonDelai)
     QPainter(&deplace).fillRect(10, 12, 10, 10, QColor(0, 0, 200));
     for (int k = 0; k < 40 * 30; ++k)
         degrade.setPixel(k % 40, k / 40, qRgb(k % 40 * 6, k / 40 * 8, (k % 40 + k / 40) * 3));
-    const std::pair<QImage, int> images[] = {{carre, 500}, {deplace, 1000}, {deplace, 30}, {degrade, 44}};
+    const std::pair<QImage, int> images[] = {
+        {carre, 500}, {deplace, 1000}, {deplace, 30}, {carre, 20}, {degrade, 44}};
     const std::string nom = dossier / "a.gif";
     {
         EcritureEntiere fichier(nom);
@@ -77,8 +84,8 @@ TEST(GifAnime, ChaqueImageRelueAvecSonDelai)
     }
     EXPECT_NE(lisFichier(nom).find("NETSCAPE2.0\x03\x01"), std::string::npos);
     const auto relues = relis(nom);
-    ASSERT_EQ(relues.size(), 4u);
-    for (int i = 0; i < 4; ++i) {
+    ASSERT_EQ(relues.size(), 5u);
+    for (int i = 0; i < 5; ++i) {
         EXPECT_EQ(relues[i].ecran.size(), QSize(40, 30));
         EXPECT_EQ(std::pair(relues[i].delai, relues[i].disposition),
                   std::pair((images[i].second + 5) / 10, DISPOSE_DO_NOT));
@@ -88,7 +95,7 @@ TEST(GifAnime, ChaqueImageRelueAvecSonDelai)
             pire = std::max(
                 {pire, std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
         }
-        EXPECT_LE(pire, i < 3 ? 0 : 12) << "image " << i + 1;
+        EXPECT_LE(pire, i < 4 ? 0 : 12) << "image " << i + 1;
     }
     EXPECT_EQ(relues[1].rectangle, QRect(5, 5, 15, 17));  // only where the picture changed
 }
@@ -128,6 +135,13 @@ TEST(TourAnime, ChaqueImageEstLeRedessinDeSonInstant)
             ASSERT_FALSE(r.erreur) << r.erreur.message();
             EXPECT_EQ(std::size_t(r.images), n) << axe;
         }
+        // The GIF's frames laid one over the other end on the last redraw,
+        // drawn again here at once: no frame left a stale pixel behind.
+        Etat fin = depart;
+        appliqueVue(fin.param, suite.vues.back());
+        ajusteVue(fin, 200 * twipsParPixelEcran, 150 * twipsParPixelEcran);
+        QImage derniere = imagePourSurface(200, 150);
+        ASSERT_FALSE(dessineSurImage(derniere, [&](Surface& s) { return redessine(fin, s, {.etiquettes = false}); }, ""));
         EXPECT_EQ(courbes, 2 * n) << axe;
         EXPECT_EQ(dossier.noms().size(), n + 1) << axe;
         for (std::size_t k : {std::size_t(1), n / 2, n}) {
@@ -137,6 +151,7 @@ TEST(TourAnime, ChaqueImageEstLeRedessinDeSonInstant)
         const auto relues = relis(dossier / "a.gif");
         ASSERT_EQ(relues.size(), n) << axe;
         EXPECT_EQ(relues.back().delai, (suite.intervalleMs + 5) / 10) << axe;
+        EXPECT_EQ(relues.back().ecran, derniere) << axe;
     }
 }
 
