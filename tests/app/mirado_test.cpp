@@ -128,8 +128,6 @@ TEST(Mirado, MenusDesCataloguesDesDeuxModes)
         EXPECT_EQ(f.fichierCatalogue, c.fichier);
         EXPECT_EQ(m.etat.catalogue.chemin, f.dossierCourbes + c.fichier);
         EXPECT_TRUE(QFile::exists(dossier + "courbes/" + c.fichier));
-        EXPECT_EQ(controle<QMenu>(m, "mnutrace")->menuAction()->toolTip(),
-                  "Dans " + QString::fromStdString(f.dossierCourbes + f.fichierCatalogue));
         EXPECT_EQ(banc.messages.size(), c.messages);
         EXPECT_EQ(int(articles(m, "mnufa").size()), c.envoyer);
     }
@@ -151,9 +149,27 @@ TEST(Mirado, MenuEnvoyerLimiteATrenteEntrees)
     }
 }
 
+// Traces entry `entree` slowly (40 ms after each point): `pendant` runs at
+// its first pause, then Escape sent to `cible` ends the tracing. Says
+// whether a tracing was in progress.
+bool pendantUnTrace(Mirado& m, int entree, QWidget* cible, const std::function<void()>& pendant)
+{
+    m.etat.param.pauseMs = 40;
+    bool enCours = false;
+    QTimer::singleShot(0, &m, [&] {
+        enCours = m.enTrace();
+        pendant();
+        QKeyEvent echap(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QApplication::sendEvent(cible, &echap);
+    });
+    m.envoie(entree);
+    return enCours;
+}
+
 // Sending an entry draws it and lists it; clearing the window keeps the
-// drawn curves: "O&K" brings them back.
-TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListe)
+// drawn curves: "O&K" brings them back. A request during a tracing is
+// refused; interrupted, the curve is only begun: the redraw without pause shows more.
+TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListeEtEchapInterrompt)
 {
     Banc banc;
     Mirado& m = banc.demarre(3);
@@ -170,6 +186,16 @@ TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListe)
     EXPECT_NE(m.ecran(), trace);
     m.Command3_Click();
     EXPECT_EQ(m.ecran(), trace);
+    bool accepte = true;
+    EXPECT_TRUE(pendantUnTrace(m, 1, controle(m, "List2"), [&] { accepte = m.envoie(2); }));
+    EXPECT_FALSE(accepte);
+    EXPECT_EQ(banc.messages.size(), 1);
+    EXPECT_FALSE(m.enTrace());
+    EXPECT_EQ(m.etat.courbes.nbCourbes, 2);
+    const QImage interrompu = m.ecran().copy();
+    m.etat.param.pauseMs = 0;
+    m.Command3_Click();
+    EXPECT_NE(m.ecran(), interrompu);
 }
 
 // Each failing request of a multiple sending or of a redraw shows its own
@@ -199,15 +225,19 @@ TEST(Mirado, FormulesFaussesUnMessageParDemandeOuFinDuProgramme)
               std::tuple(QStringLiteral("Formule incorrecte,désolé"), 1, true, true));
 }
 
-// The side panels: "RR" folds the panel of the mode, "Reset" reads the
-// temporary parameter file and stops the turns, Option1 fills List1.
-TEST(Mirado, PanneauxLateraux)
+// An empty range is refused and mem.log put back in force. The side panels: "RR" folds the panel of
+// the mode, "Reset" reads the temporary parameter file and stops the turns, Option1 fills List1.
+TEST(Mirado, EtendueVideRefuseeEtPanneauxLateraux)
 {
     Banc banc;
     banc.ecrisFichier("Espace_courbes/mem.log", memoireAvecX(-5, 5));
     for (const char* f : {"Espace_courbes/memprovi.log", "Plan_courbes/memprovi.log"})
         banc.ecrisFichier(f, memoireAvecX(-2, 7));
     Mirado& m = banc.demarre();
+    m.etat.param.xmin = m.etat.param.xmax = 3;
+    m.Command3_Click();
+    EXPECT_EQ(banc.messages, QStringList{QStringLiteral("Pas pochible,je rétablis la base [-10,10 ]")});
+    EXPECT_EQ(std::pair(m.etat.param.xmin, m.etat.param.xmax), std::pair(-5.0, 5.0));
     const ZoneDessin* zone = m.findChild<ZoneDessin*>();
     for (bool espace : {true, false}) {
         SCOPED_TRACE(espace);
@@ -236,52 +266,6 @@ TEST(Mirado, PanneauxLateraux)
     EXPECT_GE(liste1->count(), 1001);
     EXPECT_EQ(liste1->item(1)->text(), QStringLiteral("-00.998"));
     EXPECT_EQ(liste1->currentItem()->text(), QStringLiteral("00.502"));
-}
-
-TEST(Mirado, EtendueVideRefuseeEtMemoireRetablie)
-{
-    Banc banc;
-    banc.ecrisFichier("Espace_courbes/mem.log", memoireAvecX(-4, 6));
-    Mirado& m = banc.demarre();
-    m.etat.param.xmin = m.etat.param.xmax = 3;
-    m.Command3_Click();
-    EXPECT_EQ(banc.messages, QStringList{QStringLiteral("Pas pochible,je rétablis la base [-10,10 ]")});
-    EXPECT_EQ(m.etat.param.xmin, -4);
-    EXPECT_EQ(m.etat.param.xmax, 6);
-}
-
-// Traces entry `entree` slowly (40 ms after each point): `pendant` runs at
-// its first pause, then Escape sent to `cible` ends the tracing. Says
-// whether a tracing was in progress.
-bool pendantUnTrace(Mirado& m, int entree, QWidget* cible, const std::function<void()>& pendant)
-{
-    m.etat.param.pauseMs = 40;
-    bool enCours = false;
-    QTimer::singleShot(0, &m, [&] {
-        enCours = m.enTrace();
-        pendant();
-        QKeyEvent echap(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-        QApplication::sendEvent(cible, &echap);
-    });
-    m.envoie(entree);
-    return enCours;
-}
-
-// Interrupted, the curve is only begun: the redraw without pause shows more.
-TEST(Mirado, UneDemandePendantUnTraceEstRefuseeEtEchapInterrompt)
-{
-    Banc banc;
-    Mirado& m = banc.demarre(2);
-    bool accepte = true;
-    EXPECT_TRUE(pendantUnTrace(m, 1, controle(m, "List2"), [&] { accepte = m.envoie(2); }));
-    EXPECT_FALSE(accepte);
-    EXPECT_EQ(banc.messages.size(), 1);
-    EXPECT_FALSE(m.enTrace());
-    EXPECT_EQ(m.etat.courbes.nbCourbes, 1);
-    const QImage interrompu = m.ecran().copy();
-    m.etat.param.pauseMs = 0;
-    m.Command3_Click();
-    EXPECT_NE(m.ecran(), interrompu);
 }
 
 // Each choice menu sets its value and moves the check mark. Chosen during a
@@ -378,7 +362,7 @@ TEST(Coli, CatalogueIllisibleNommeAvecSaRaison)
         EXPECT_TRUE(message.contains(QStringLiteral("Lisurf.lsu » est un dossier"))) << message.toStdString();
 }
 
-TEST(Licou, CourbesTraceesCocheesEtReglages)
+TEST(Licou, CourbesTraceesCocheesEtReglagesListesOuvertesDevantLeDessin)
 {
     Banc banc;
     Mirado& m = banc.demarre(3);
@@ -400,17 +384,10 @@ TEST(Licou, CourbesTraceesCocheesEtReglages)
     liste->item(0)->setCheckState(Qt::Unchecked);
     controle<QPushButton>(licou, "Command1")->click();
     EXPECT_EQ(licou.cochees(), std::vector<int>{2});
-}
-
-// "LE GRAPHE de" 0 and "Déjà tracé" 0 open the lists; while they are open
-// (their modal loop running) the drawing is still painted from the bitmap.
-TEST(Mirado, LesListesOuvertesDevantLeDessin)
-{
-    Banc banc;
-    Mirado& m = banc.demarre(2);
-    article(m, "mnufa", 1)->trigger();
+    // "LE GRAPHE de" 0 and "Déjà tracé" 0 open the lists; while they are open
+    // (their modal loop running) the drawing is still painted from the bitmap.
     auto* zone = m.findChild<ZoneDessin*>();
-    for (const auto& [liste, nom] : {std::pair{"mnufa", "coli"}, std::pair{"mnutra", "licou"}}) {
+    for (const auto& [menu, nom] : {std::pair{"mnufa", "coli"}, std::pair{"mnutra", "licou"}}) {
         const QImage attendu = m.ecran().convertToFormat(QImage::Format_RGB32);
         QImage vu;
         QString dialogue;
@@ -421,9 +398,9 @@ TEST(Mirado, LesListesOuvertesDevantLeDessin)
             if (auto* d = qobject_cast<QDialog*>(modal))
                 d->reject();
         });
-        article(m, liste, 0)->trigger();
+        article(m, menu, 0)->trigger();
         EXPECT_EQ(dialogue, QString::fromUtf8(nom));
-        EXPECT_EQ(vu, attendu) << liste;
+        EXPECT_EQ(vu, attendu) << menu;
     }
 }
 
@@ -488,7 +465,7 @@ TEST(Fidelite, LaSaisieMontreSonTitreEntier)
     EXPECT_GE(largeur, besoin);
 }
 
-TEST(PetitEcran, LaBarreDeMenusMontreChaqueMenu)
+TEST(PetitEcran, LaBarreDeMenusMontreChaqueMenuEtLePanneauDefile)
 {
     Banc banc;
     const QString nom = QStringLiteral("un_catalogue_au_nom_vraiment_tres_long_pour_la_barre.lsu");
@@ -518,12 +495,7 @@ TEST(PetitEcran, LaBarreDeMenusMontreChaqueMenu)
             EXPECT_EQ(QToolTip::text(), complet);
         }
     }
-}
-
-TEST(PetitEcran, LePanneauDefileQuandLaFenetreEstBasse)
-{
-    Banc banc;
-    Mirado& m = banc.demarre();
+    // When the window is too low for the side column, the column scrolls.
     auto* defile = controle<QScrollArea>(m, "defilePanneau");
     ASSERT_EQ(defile->widget(), controle(m, "colonne"));
     const QWidget* zone = m.findChild<ZoneDessin*>();
