@@ -452,13 +452,14 @@ TEST(Param, EntreeDoubleClicEtCeQuiSeVoitSelonLeMode)
     }
 }
 
-// Command2 writes "mem.log" (Command1's "memprovi.log" is read back by the window
-// below), with what the settings module reads from the fields, the flags and the options.
+// Command1 writes "memprovi.log", Command2 "mem.log", with what the settings
+// module reads from the fields, the flags and the options.
 TEST(Param, AppliquerEcritLeFichierDuBouton)
 {
     // space, button, file written, file left alone, Option1, lecture(), vidage()
     for (const auto& [espace, bouton, ecrit, intact, option1, lecture, vidage] :
-         {std::tuple{false, "Command2", "mem.log", "memprovi.log", 1, 0, true}}) {
+         {std::tuple{true, "Command1", "memprovi.log", "mem.log", 0, 1, false},
+          std::tuple{false, "Command2", "mem.log", "memprovi.log", 1, 0, true}}) {
         BancParam b;
         TextesReglage textes = textesReglage(b.p);
         textes[0] = "-2P", textes[6] = "P/2", textes[23] = "1.5E2";
