@@ -538,9 +538,7 @@ TEST(Emplacements, DossierDeLApplicationSelonLInstallation)
     using T = std::tuple<const char*, const char*, bool, QString, QString>;  // exe, XDG_DATA_HOME, expected
     for (const auto& [exe, xdg, installe, appli, usine] :
          {T{"construction", "", false, r + "/construction", r + "/construction/usine"},  // all beside the program
-          T{"prefixe/bin", "", true, local, partage},  // installed: the user's data, factory in ../share
-          T{"prefixe/bin", "/donnees", true, "/donnees/velorin", partage},
-          T{"prefixe/bin", "relatif", true, local, partage},                 // a relative XDG_DATA_HOME: no
+          T{"prefixe/bin", "relatif", true, local, partage},  // a relative XDG_DATA_HOME: no
           T{"deux/bin", "", false, r + "/deux/bin", r + "/deux/bin/usine"},  // its own usine/ wins
           T{"seul", "", false, r + "/seul", r + "/share/velorin"}}) {        // nothing shipped, writable
         const Emplacements e = emplacementsPour(r + "/" + exe, xdg, "/home/u");
