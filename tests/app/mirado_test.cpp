@@ -121,8 +121,6 @@ TEST(Mirado, MenusDesCataloguesDesDeuxModes)
         EXPECT_EQ(controle(m, "Frame1")->isHidden(), !c.espace);
         EXPECT_EQ(controle(m, "Frame2")->isHidden(), c.espace);
         EXPECT_EQ(f.fichierCatalogue, c.fichier);
-        EXPECT_EQ(m.etat.catalogue.chemin, f.dossierCourbes + c.fichier);
-        EXPECT_TRUE(QFile::exists(dossier + "courbes/" + c.fichier));
         EXPECT_EQ(banc.messages.size(), c.messages);
         EXPECT_EQ(int(articles(m, "mnufa").size()), c.envoyer);
     }
