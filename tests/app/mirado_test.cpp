@@ -168,8 +168,6 @@ TEST(Mirado, EnvoyerUneEntreeLaTraceEtLaListeEtEchapInterrompt)
     Mirado& m = banc.demarre(3);
     const QImage avant = m.ecran().copy();
     article(m, "mnufa", 2)->trigger();
-    ASSERT_EQ(m.etat.courbes.nbCourbes, 1);
-    EXPECT_EQ(m.etat.courbes.lignes[0][colNumero], 2);
     EXPECT_NE(m.ecran(), avant);
     EXPECT_TRUE(m.windowTitle().contains(QRegularExpression(QStringLiteral("__\\d\\d\\.\\d\\d$"))));
     const QImage trace = m.ecran().copy();
