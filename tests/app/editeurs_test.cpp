@@ -140,7 +140,7 @@ TEST(Tipara, LigneBleueAjouteAutreLigneEcraseRelectureBoitesDuPlanEtRemarques)
 // Every box holds a point of its own; the object's boxes, in the order of
 // its pieces, must be the ones stored. Nothing chosen yet: said, nothing
 // written. The captions follow the mode.
-TEST(Ticar, ChaqueObjetEnregistreSesBoitesEtLegendesParMode)
+TEST(Ticar, ChaqueObjetEnregistreSesBoitesLegendesParModeEtEntree)
 {
     const QStringList boites = {"Text1_0", "Text1_1", "Text2_0", "Text2_1", "Text2_2",
                                 "Text3_1", "Text3_0", "Text4_0", "Text4_1", "Text4_2"};
@@ -173,12 +173,8 @@ TEST(Ticar, ChaqueObjetEnregistreSesBoitesEtLegendesParMode)
         EXPECT_EQ(f.octets(), enregistrement(objet + 5, texteEntree(objet + 5, espace, {}, pieces))) << objet;
         EXPECT_TRUE(t.aEnregistre());
     }
-}
-
-// Enter in a box of the equation array goes to the next shown box and
-// stores from the last.
-TEST(Ticar, EntreeDansLEquation)
-{
+    // Enter in a box of the equation array goes to the next shown box and
+    // stores from the last.
     for (const auto& [autresMontrees, boite, enregistre] : {std::tuple{false, 0, true}, std::tuple{true, 0, false},
                                                             std::tuple{true, 1, false}, std::tuple{true, 2, true}}) {
         Fichier f(0);
