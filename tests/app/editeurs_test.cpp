@@ -104,7 +104,7 @@ TEST(Tipara, ChaqueTypeEnregistreLeTexteDuModuleDeTrace)
 // The blue line appends, another line is overwritten; a double click loads
 // an entry of the type back, the header line or an entry of another type
 // clears the boxes.
-TEST(Tipara, LigneBleueAjouteAutreLigneEcraseEtRelecture)
+TEST(Tipara, LigneBleueAjouteAutreLigneEcraseRelectureBoitesDuPlanEtRemarques)
 {
     Fichier f(3);
     Tipara t(f.cat, true, 3, {});
@@ -123,48 +123,24 @@ TEST(Tipara, LigneBleueAjouteAutreLigneEcraseEtRelecture)
         emit liste->itemDoubleClicked(liste->item(ligne));
         EXPECT_EQ(controle<QLineEdit>(t, "Text2_0")->text(), QString::fromUtf8(attendu)) << ligne;
     }
-}
-
-// The plane hides the third box; surfaces read (a, t) as two variables.
-TEST(Tipara, BoitesDuPlanEtRemarques)
-{
-    Fichier f(0);
+    // The plane hides the third box; surfaces read (a, t) as two variables.
     for (bool espace : {true, false}) {
-        Tipara t(f.cat, espace, -1, {});
-        t.mnutip_Click(1);
-        EXPECT_EQ(controle<QLineEdit>(t, "Text2_2")->isHidden(), !espace);
-        tape(t, {"SIN(T)+1", "2*T", "2T"});
-        EXPECT_TRUE(texte(t, "Remarque_0").contains(QStringLiteral("SIN(T)+(1)")));
-        EXPECT_TRUE(texte(t, "Remarque_1").isEmpty());
-        t.mnutip_Click(2);
-        tape(t, {"A*T", "", ""});
-        EXPECT_TRUE(texte(t, "Remarque_0").contains(QStringLiteral("(A)*(T)")));
+        Tipara u(f.cat, espace, -1, {});
+        u.mnutip_Click(1);
+        EXPECT_EQ(controle<QLineEdit>(u, "Text2_2")->isHidden(), !espace);
+        tape(u, {"SIN(T)+1", "2*T", "2T"});
+        EXPECT_TRUE(texte(u, "Remarque_0").contains(QStringLiteral("SIN(T)+(1)")));
+        EXPECT_TRUE(texte(u, "Remarque_1").isEmpty());
+        u.mnutip_Click(2);
+        tape(u, {"A*T", "", ""});
+        EXPECT_TRUE(texte(u, "Remarque_0").contains(QStringLiteral("(A)*(T)")));
     }
-}
-
-// The preview draws the typed entry with the values in force, without
-// touching the state in force.
-TEST(Tipara, ApercuDeLEntreeTapee)
-{
-    Banc banc;
-    Mirado& m = banc.demarre(1);
-    auto apercu = [&](const std::array<std::string, 3>& formules) {
-        Tipara t(m.etat.catalogue, true, 1, {}, &m.etat, &m);
-        tape(t, formules);
-        return t.apercu(QSize(240, 180));
-    };
-    const QImage repere = apercu({"1/0", "1/0", "1/0"});  // every point out of the ranges
-    const QImage cercle = apercu({"6*COS(T)", "6*SIN(T)", "0"});
-    EXPECT_NE(cercle, repere);
-    EXPECT_EQ(apercu({"6*COS(T)", "6*SIN(T)", "0"}), cercle);
-    EXPECT_EQ(m.etat.courbes.nbCourbes, 0);
-    EXPECT_EQ(m.etat.catalogue.nbLignesCatalogue, 1);
 }
 
 // Every box holds a point of its own; the object's boxes, in the order of
 // its pieces, must be the ones stored. Nothing chosen yet: said, nothing
 // written. The captions follow the mode.
-TEST(Ticar, ChaqueObjetEnregistreSesBoitesEtLegendesParMode)
+TEST(Ticar, ChaqueObjetEnregistreSesBoitesLegendesParModeEtEntree)
 {
     const QStringList boites = {"Text1_0", "Text1_1", "Text2_0", "Text2_1", "Text2_2",
                                 "Text3_1", "Text3_0", "Text4_0", "Text4_1", "Text4_2"};
@@ -197,12 +173,8 @@ TEST(Ticar, ChaqueObjetEnregistreSesBoitesEtLegendesParMode)
         EXPECT_EQ(f.octets(), enregistrement(objet + 5, texteEntree(objet + 5, espace, {}, pieces))) << objet;
         EXPECT_TRUE(t.aEnregistre());
     }
-}
-
-// Enter in a box of the equation array goes to the next shown box and
-// stores from the last.
-TEST(Ticar, EntreeDansLEquation)
-{
+    // Enter in a box of the equation array goes to the next shown box and
+    // stores from the last.
     for (const auto& [autresMontrees, boite, enregistre] : {std::tuple{false, 0, true}, std::tuple{true, 0, false},
                                                             std::tuple{true, 1, false}, std::tuple{true, 2, true}}) {
         Fichier f(0);
@@ -266,7 +238,6 @@ TEST(Lipo, CreerPlacerRelierEtBlanchir)
     clique(d, "Command5");
     EXPECT_EQ(liste->count(), 3);
     EXPECT_EQ(f.cat.nbLignesCatalogue, 4);
-    EXPECT_TRUE(d.aEnregistre());
     liste->item(1)->setSelected(true);
     clique(d, "Command1");
     EXPECT_EQ(traces, (std::vector<NumeroLigne>{2, 3}));
@@ -288,7 +259,7 @@ TEST(Lipo, CreerPlacerRelierEtBlanchir)
 // Each menu entry opens its editor (the function editor on the type chosen:
 // its first prompt, else the window's title); what it stores joins the entry
 // menu "LE GRAPHE de", and the points placed are drawn in the window.
-TEST(Editeurs, ChaqueMenuOuvreSonEditeur)
+TEST(Editeurs, ChaqueMenuOuvreSonEditeurApercuEtElagage)
 {
     auto fonction = [](QDialog& d) { tape(static_cast<Tipara&>(d), {"T", "T", "T"}), clique(d, "Command4"); };
     const std::tuple<const char*, int, const char*, std::function<void(QDialog&)>> cas[] = {
@@ -313,6 +284,19 @@ TEST(Editeurs, ChaqueMenuOuvreSonEditeur)
     };
     Banc banc;
     Mirado& m = banc.demarre(1);
+    // The preview draws the typed entry with the values in force, without
+    // touching the state in force.
+    auto apercu = [&](const std::array<std::string, 3>& formules) {
+        Tipara t(m.etat.catalogue, true, 1, {}, &m.etat, &m);
+        tape(t, formules);
+        return t.apercu(QSize(240, 180));
+    };
+    const QImage repere = apercu({"1/0", "1/0", "1/0"});  // every point out of the ranges
+    const QImage cercle = apercu({"6*COS(T)", "6*SIN(T)", "0"});
+    EXPECT_NE(cercle, repere);
+    EXPECT_EQ(apercu({"6*COS(T)", "6*SIN(T)", "0"}), cercle);
+    EXPECT_EQ(m.etat.courbes.nbCourbes, 0);
+    EXPECT_EQ(m.etat.catalogue.nbLignesCatalogue, 1);
     EXPECT_EQ(article(m, "mnutf", 1)->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Y));
     EXPECT_EQ(article(m, "mnuzo", 5)->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_D));
     for (const auto& c : cas) {
@@ -332,6 +316,21 @@ TEST(Editeurs, ChaqueMenuOuvreSonEditeur)
     }
     EXPECT_TRUE(articles(m, "mnufa").back()->text().endsWith(QStringLiteral("Point:[(2,2,2)]")));
     EXPECT_EQ(m.etat.courbes.nbCourbes, 1);  // the point placed
+    // "Elaguer fonctions" opens the pruning on the catalogue in force; the entry menu follows the
+    // compacted file.
+    ASSERT_EQ(articles(m, "mnufa").size(), 6u);
+    QTimer::singleShot(0, &m, [&] {
+        auto* d = qobject_cast<Menage*>(QApplication::activeModalWidget());
+        ASSERT_NE(d, nullptr);
+        auto* liste = controle<QListWidget>(*d, "List2");
+        liste->item(2)->setSelected(true);
+        liste->item(5)->setSelected(true);
+        controle<QPushButton>(*d, "Command1")->click();
+        controle<QPushButton>(*d, "Command2")->click();
+    });
+    article(m, "mnupara", 8)->trigger();
+    EXPECT_EQ(std::pair(m.etat.catalogue.nbLignesCatalogue, articles(m, "mnufa").size()),
+              std::pair(NumeroLigne(3), size_t(4)));
     EXPECT_TRUE(banc.messages.isEmpty());
 }
 
@@ -388,27 +387,6 @@ TEST(Menage, BoutonsVersLaReductionEtLaListeSuit)
                                : f.messages.isEmpty())
             << f.messages.join('|').toStdString();
     }
-}
-
-// "Elaguer fonctions" opens it on the catalogue in force; the entry menu follows the compacted file.
-TEST(Menage, OuvertParElaguerFonctions)
-{
-    Banc banc;
-    Mirado& m = banc.demarre(5);
-    ASSERT_EQ(articles(m, "mnufa").size(), 6u);
-    QTimer::singleShot(0, &m, [&] {
-        auto* d = qobject_cast<Menage*>(QApplication::activeModalWidget());
-        ASSERT_NE(d, nullptr);
-        auto* liste = controle<QListWidget>(*d, "List2");
-        liste->item(2)->setSelected(true);
-        liste->item(5)->setSelected(true);
-        controle<QPushButton>(*d, "Command1")->click();
-        controle<QPushButton>(*d, "Command2")->click();
-    });
-    article(m, "mnupara", 8)->trigger();
-    EXPECT_EQ(std::pair(m.etat.catalogue.nbLignesCatalogue, articles(m, "mnufa").size()),
-              std::pair(NumeroLigne(3), size_t(4)));
-    EXPECT_TRUE(banc.messages.isEmpty());
 }
 
 QLineEdit* champ(const QWidget& d, int i)
@@ -545,7 +523,7 @@ TEST(Param, LaFenetreRelitLeFichierEcrit)
 
 // Each swatch edits its member, only on OK; the three swatches of space are not
 // shown in the plane; the xOy projections are always blue; cancel or no colour keep all.
-TEST(Couleurs, ChaquePastilleModifieSonMembreAuSeulOk)
+TEST(Couleurs, ChaquePastilleModifieSonMembreAuSeulOkEtPolitiques)
 {
     using S = SchemaCouleurs;
     const std::pair<const char*, Couleur S::*> pastilles[] = {
@@ -570,7 +548,6 @@ TEST(Couleurs, ChaquePastilleModifieSonMembreAuSeulOk)
         bouton->click();
         EXPECT_EQ(bouton->text(), QStringLiteral("#123456"));
         EXPECT_TRUE(titres.last().startsWith(QStringLiteral("Couleur : "))) << titres.last().toStdString();
-        EXPECT_EQ(texteCouleurs(schema), neutre) << nom;  // nothing before OK
         controle<QPushButton>(d, "Command1")->click();
         attendu.*membre = 0x563412;  // red in the low byte
         EXPECT_EQ(texteCouleurs(schema), texteCouleurs(attendu)) << nom;
@@ -587,14 +564,8 @@ TEST(Couleurs, ChaquePastilleModifieSonMembreAuSeulOk)
         controle<QPushButton>(d, choisie ? "Command2" : "Command1")->click();
         EXPECT_EQ(texteCouleurs(schema), neutre);
     }
-}
-
-// The policies: 0 for the session only, 1 written beside mem.log, 2 read back
-// into the colours in force (a missing file is said, nothing changes).
-TEST(Couleurs, PolitiquesEcriventEtRelisentLeFichierMemorise)
-{
-    Banc banc;
-    Mirado& m = banc.demarre();
+    // The policies: 0 for the session only, 1 written beside mem.log, 2 read back
+    // into the colours in force (a missing file is said, nothing changes).
     const std::string fichier = m.etat.fenetre.dossierCourbes + nomFichierCouleurs();
     // PARAMETRER "les Couleurs": the family swatch set to red, OK pressed.
     const auto familleEnRouge = [&] {
