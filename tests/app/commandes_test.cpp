@@ -185,7 +185,7 @@ TEST(CommandesVue, ToursCompletsParLesMinuteries)
 }
 
 // Middle, Shift+middle and right buttons open their menus; Alt+right asks for a label.
-TEST(CommandesVue, BoutonsDuClicSurEcran)
+TEST(CommandesVue, BoutonsLecturesEtTouchesSurLeDessin)
 {
     Banc banc;
     Mirado& m = banc.demarre();
@@ -204,16 +204,9 @@ TEST(CommandesVue, BoutonsDuClicSurEcran)
         }
         EXPECT_EQ(etiquettes, *menu ? 0 : 1);
     }
-}
-
-// The read-outs: the point under the mouse (space: on the coordinate fixed
-// by List1; the plane: the frame point) with its bubble, the keys, and
-// Label2's tip.
-TEST(CommandesVue, LecturesDeLaSourisEtDesTouches)
-{
-    Banc banc;
-    Mirado& m = banc.demarre();
-    auto* zone = m.findChild<ZoneDessin*>();
+    // The read-outs: the point under the mouse (space: on the coordinate fixed
+    // by List1; the plane: the frame point) with its bubble, the keys, and
+    // Label2's tip.
     auto* label1 = controle<QLabel>(m, "Label1");
     souris(zone, QEvent::MouseMove, {150, 90}, Qt::NoButton, Qt::NoButton);
     const double z = controle<QListWidget>(m, "List1")->currentItem()->text().toDouble();

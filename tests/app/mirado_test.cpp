@@ -585,21 +585,6 @@ TEST(Installation, InstallerLanceFinirPuisRemplitOuDitLEchec)
 
 // The help pages as the build ships them: a link of the contents is followed, "Sommaire" comes back.
 // That every link leads to a page and an anchor is checked on the installed pages (tests/installation).
-TEST(Aide, SuitUnLienDuSommaireEtRevient)
-{
-    Aide aide(QStringLiteral(VELORIN_BIN_DIR "/usine/Aide/index.htm"));
-    auto* texte = controle<QTextBrowser>(aide, "Text1");
-    auto* precedent = controle<QPushButton>(aide, "Command2");
-    const QUrl accueil = aide.pageCourante();
-    EXPECT_FALSE(texte->toPlainText().contains(QStringLiteral("Ã")));  // read as UTF-8
-    EXPECT_FALSE(precedent->isEnabled());
-    aide.suisLien(QStringLiteral("formules.htm#pieges"));
-    EXPECT_EQ(aide.pageCourante().fileName(), QStringLiteral("formules.htm"));
-    EXPECT_TRUE(precedent->isEnabled() && !texte->documentTitle().isEmpty());
-    controle<QPushButton>(aide, "Command1")->click();  // Sommaire
-    EXPECT_EQ(aide.pageCourante(), accueil);
-}
-
 TEST(MenuAide, AProposAideEtQuitterParLeMenu)
 {
     Banc banc;
@@ -626,11 +611,23 @@ TEST(MenuAide, AProposAideEtQuitterParLeMenu)
         EXPECT_EQ(banc.messages, !*lance || !reussit ? L{messageSansInfosSysteme} : L());
     }
     l.faits.clear();
+    // The help window follows a link of the contents, "Précédent" then allowed, and "Sommaire" comes back.
+    Aide aide(QStringLiteral(VELORIN_BIN_DIR "/usine/Aide/index.htm"));
+    auto* texte = controle<QTextBrowser>(aide, "Text1");
+    auto* precedent = controle<QPushButton>(aide, "Command2");
+    const QUrl accueil = aide.pageCourante();
+    EXPECT_FALSE(texte->toPlainText().contains(QStringLiteral("Ã")));  // read as UTF-8
+    EXPECT_FALSE(precedent->isEnabled());
+    aide.suisLien(QStringLiteral("formules.htm#pieges"));
+    EXPECT_EQ(aide.pageCourante().fileName(), QStringLiteral("formules.htm"));
+    EXPECT_TRUE(precedent->isEnabled() && !texte->documentTitle().isEmpty());
+    controle<QPushButton>(aide, "Command1")->click();  // Sommaire
+    EXPECT_EQ(aide.pageCourante(), accueil);
     // The help: the user's own pages come first; without any page, it says so.
     const auto pageAide = [&] {
         article(w, "mnuaide", 1)->trigger();
-        std::unique_ptr<Aide> aide(w.findChild<Aide*>());
-        return aide ? aide->pageCourante().toLocalFile() : QString();
+        std::unique_ptr<Aide> ouverte(w.findChild<Aide*>());
+        return ouverte ? ouverte->pageCourante().toLocalFile() : QString();
     };
     EXPECT_EQ(pageAide(), banc.chemin("usine/Aide/index.htm"));
     ecrisFichier(banc.chemin("Aide/index.htm").toStdString(), "<html><head><title>Mes notes</title></head></html>");

@@ -148,12 +148,9 @@ TEST(Demarrage, SansFenetreSignaleSesEchecs)
             p.setStandardOutputFile("/dev/full");
         } else if (cas == 2) {
             fs::create_directory(dossier / "Espace_courbes");
-            std::string entree("\1\0x=f1(t)=(t][y=f2(t)=t][z=f3(t)=t", 34);  // a bracket left open
-            entree.resize(302, ' ');
-            ecrisFichier(dossier / "Espace_courbes/Lisurf.lsu", entree);
-            QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-            env.insert("VELORIN_ESSAI_DISQUE_PLEIN", "0");
-            p.setProcessEnvironment(env);
+            // An entry with a bracket left open.
+            ecrisFichier(dossier / "Espace_courbes/Lisurf.lsu", octetsFiche(1, "x=f1(t)=(t][y=f2(t)=t][z=f3(t)=t"));
+            p.setProcessEnvironment(disquePlein("0"));
         }
         p.start(QString::fromStdString(dossier / "velorin"), {"sansfenetre"});
         p.waitForFinished(120000);
