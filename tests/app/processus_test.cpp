@@ -320,7 +320,7 @@ TEST_F(Exporte, UnRefusParFamilleDArguments)
         {"E --entree 0 --sortie y.png", "numéro d'entrée incorrect « 0 »"},
         {"E --entree 5 --sortie y.png", "n'a pas d'entrée 5 (il en a 3)"},
         {"E --entree 3 --sortie y.txt", "entrée 3 : "},
-        {"E --sortie y.bmp", "est inconnu : .png, .svg, .pdf, .txt ou .fig."},
+        {"E --sortie y.bmp", "est inconnu : .png, .svg, .pdf, .tex, .txt ou .fig."},
         {"E --tour oz+ --sortie y.bmp", ", .gif pour l'animation."},
         {"E --sortie y.gif", "ajoutez --tour"},
         {"E --tour oz --sortie y.gif", "axe de tour inconnu « oz »"},
