@@ -317,6 +317,8 @@ TEST_F(Exporte, UnRefusParFamilleDArguments)
         {"E --taille 10001x10 --sortie y.png", "hors des limites (1 à 10000 pixels de côté)"},
         {"E --tour oz+ --taille 10000x10000 --sortie y.gif", "plus que 4 milliards de pixels en tout"},
         {"E --ordre 4 --sortie y.png", "ordre des boucles incorrect « 4 »"},
+        {"E --largeur 0.2cm --sortie y.tex", "largeur incorrecte « 0.2cm »"},
+        {"E --autonome --sortie y.png", "--autonome ne s'emploient qu'avec une sortie .tex"},
         {"E --entree 0 --sortie y.png", "numéro d'entrée incorrect « 0 »"},
         {"E --entree 5 --sortie y.png", "n'a pas d'entrée 5 (il en a 3)"},
         {"E --entree 3 --sortie y.txt", "entrée 3 : "},
