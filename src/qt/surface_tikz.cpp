@@ -1,5 +1,7 @@
 #include "qt/surface_tikz.h"
 
+#include <QString>
+
 #include <algorithm>
 #include <charconv>
 
@@ -199,6 +201,12 @@ void SurfaceTikz::ecrit(double x, double y, const QFont& f, Couleur c, const std
     texte_ += "}{";
     nombre(taille * 1.2);
     texte_ += "}\\selectfont";
+    // LaTeX's sans serif stands for Arial and its kin, its roman for the serif faces.
+    const QString famille = f.family().toLower();
+    const bool romain = (famille.contains(QLatin1String("serif")) && !famille.contains(QLatin1String("sans"))) ||
+                        famille.contains(QLatin1String("times")) || famille.contains(QLatin1String("roman"));
+    if (!romain)
+        texte_ += "\\sffamily";
     if (f.bold())
         texte_ += "\\bfseries";
     if (f.italic())
