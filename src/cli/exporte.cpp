@@ -85,22 +85,6 @@ private:
     std::string montree_;
 };
 
-// A width such as "12cm", "120mm" or "12" (centimetres), from 0.5 to 500 cm.
-bool litLargeur(const std::string& texte, double& cm)
-{
-    std::string nombre = texte;
-    double unite = 1;
-    if (nombre.size() > 2 && (nombre.ends_with("cm") || nombre.ends_with("mm"))) {
-        unite = nombre.ends_with("mm") ? 0.1 : 1;
-        nombre.resize(nombre.size() - 2);
-    }
-    double v = 0;
-    const char* fin = nombre.data() + nombre.size();
-    auto [p, ec] = std::from_chars(nombre.data(), fin, v);
-    cm = v * unite;
-    return ec == std::errc() && p == fin && cm >= 0.5 && cm <= 500;
-}
-
 // Draws the request, says the warnings and the times, and gives the status.
 int termine(DemandeRendu& d, bool chrono)
 {
@@ -154,9 +138,11 @@ int commandeExporte(int argc, char** argv)
         else if (option == "--autonome")
             d.tex.autonome = optionTex = true;
         else if (option == "--largeur") {
-            if (!litLargeur(argv[++i], d.tex.largeurCm))
+            const std::optional<double> cm = largeurTex(argv[++i]);
+            if (!cm)
                 return erreur(std::string("largeur incorrecte « ") + argv[i] +
                               " » : écrivez par exemple 12cm ou 90mm (de 0,5 à 500 cm)");
+            d.tex.largeurCm = *cm;
             optionTex = true;
         }
         else if (option == "--dossier")

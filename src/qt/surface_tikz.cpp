@@ -77,6 +77,21 @@ std::string texteLatex(const std::string& texte)
     return s;
 }
 
+std::optional<double> largeurTex(const std::string& texte)
+{
+    std::string_view nombre = texte;
+    double unite = 1;
+    if (nombre.size() > 2 && (nombre.ends_with("cm") || nombre.ends_with("mm"))) {
+        unite = nombre.ends_with("mm") ? 0.1 : 1;
+        nombre.remove_suffix(2);
+    }
+    double v = 0;
+    const auto [p, ec] = std::from_chars(nombre.data(), nombre.data() + nombre.size(), v);
+    if (ec != std::errc() || p != nombre.data() + nombre.size() || v * unite < 0.5 || v * unite > 500)
+        return std::nullopt;
+    return v * unite;
+}
+
 SurfaceTikz::SurfaceTikz(std::ostream& sortie, int largeurPx, int hauteurPx, const OptionsTex& options)
     : SurfaceVectorielle(largeurPx, hauteurPx), sortie_(sortie), cm_(options.largeurCm / std::max(1, largeurPx)),
       hauteurPx_(hauteurPx), autonome_(options.autonome)

@@ -5,6 +5,7 @@
 // it is first used; the polylines are cut into \draw commands of a few
 // hundred points so that TeX's memory stays small whatever their length.
 #pragma once
+#include <optional>
 #include <ostream>
 #include <set>
 #include <string>
@@ -18,6 +19,10 @@ namespace velorin {
 // the T1 encoding has no glyph for become "?" (only ASCII, Latin-1 and the
 // French œ, Œ and Ÿ are kept).
 std::string texteLatex(const std::string& texte);
+
+// A width such as "12cm", "90mm" or "12" (centimetres), from 0.5 to 500 cm;
+// nothing for any other text.
+std::optional<double> largeurTex(const std::string& texte);
 
 struct OptionsTex {
     double largeurCm = 12;

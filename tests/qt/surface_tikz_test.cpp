@@ -29,6 +29,15 @@ TEST(SurfaceTikz, EchappementDesCaracteresSpeciauxDeLatex)
         EXPECT_EQ(texteLatex(texte), attendu) << texte;
 }
 
+TEST(SurfaceTikz, LargeurLueEnCentimetresOuMillimetres)
+{
+    const std::pair<const char*, std::optional<double>> cas[] = {
+        {"12cm", 12}, {"90mm", 9}, {"7.5", 7.5}, {"0.4cm", std::nullopt}, {"501", std::nullopt},
+        {"12 cm", std::nullopt}, {"cm", std::nullopt}, {"12pt", std::nullopt}};
+    for (const auto& [texte, attendu] : cas)
+        EXPECT_EQ(largeurTex(texte), attendu) << texte;
+}
+
 // The text pdftotext finds in `pdf`, spaces removed, and its number of pages.
 std::pair<std::string, int> texteDuPdf(const DossierTemporaire& d, const std::string& pdf)
 {
@@ -65,12 +74,15 @@ TEST(SurfaceTikz, GalerieEtEtiquetteAccentueeCompileesParPdflatex)
         Catalogue cat;
         ASSERT_FALSE(ouvrirCatalogue(cat, chemin.string())) << lsu;
         for (int n = 1; n <= int(cat.nbLignesCatalogue); ++n, ++entrees) {
-            DemandeRendu r{.espace = espace, .catalogue = chemin.string(),
-                           .parametres = memoireParDefaut(chemin.parent_path().string(), espace), .entrees = {n},
-                           .sortie = d / ("e" + std::to_string(entrees) + ".tex")};
+            std::string nom(1, 'e');
+            nom += std::to_string(entrees);
+            DemandeRendu r;
+            r.espace = espace, r.catalogue = chemin.string(), r.entrees = {n};
+            r.parametres = memoireParDefaut(chemin.parent_path().string(), espace);
+            r.sortie = d / (nom + ".tex");
             const ResultatRendu fait = rendu(r);
             ASSERT_FALSE(fait.erreur) << lsu << ' ' << n << ' ' << fait.erreur.message();
-            document += "\\input{e" + std::to_string(entrees) + "}\\newpage\n";
+            document += "\\input{" + nom + "}\\newpage\n";
         }
     }
     ecrisFichier(d / "galerie.tex", document + "\\end{document}\n");

@@ -63,7 +63,7 @@ void Mirado::mnuexpo_Click(int index)
     const QString dossier = QString::fromStdString(etat.fenetre.dossierCourbes);
     const double ratio = image_.devicePixelRatio();
     if (index == 0 || index == 2) {
-        // The TikZ figure: a tikzpicture 12 cm wide, to \input in a document.
+        // The TikZ figure: a tikzpicture of the width asked, to \input in a document.
         const bool tex = index == 2;
         const auto nom = tex ? boites.fichierAEcrire(this, QStringLiteral("Figure LaTeX (TikZ)"),
                                                      dossier + QStringLiteral("figure.tex"),
@@ -85,6 +85,21 @@ void Mirado::mnuexpo_Click(int index)
                                        texteCite(exemple) + ".")
                                : Erreur("L'image de l'écran s'écrit en PNG, SVG ou PDF : nommez-la par exemple " +
                                         texteCite(exemple) + ".");
+        // The TikZ figure's width, asked once its file is known.
+        OptionsTex options;
+        if (!erreur && tex) {
+            const auto reponse = boites.saisie ? boites.saisie(this, QStringLiteral("Largeur de la figure (vide : 12cm) :"),
+                                                               QStringLiteral("Figure LaTeX (TikZ)"))
+                                               : std::nullopt;
+            if (!reponse)
+                return;
+            const std::optional<double> cm =
+                reponse->trimmed().isEmpty() ? std::optional(12.0) : largeurTex(reponse->trimmed().toStdString());
+            if (cm)
+                options.largeurCm = *cm;
+            else
+                erreur = "La largeur « " + reponse->toStdString() + " » est incorrecte : par exemple 12cm ou 90mm.";
+        }
         if (!erreur && format == FormatSortie::Png) {
             erreur = ecrisPngRapide(imageAvecEtiquettes(*this), chemin);
         } else if (!erreur) {
@@ -99,7 +114,8 @@ void Mirado::mnuexpo_Click(int index)
                     dessineDansFichier(fichier, format, int(image_.width() / ratio), int(image_.height() / ratio),
                                        etat.fenetre.fichierCatalogue, [&copie](Surface& surface) {
                                            return redessine(copie, surface, commeALEcran(copie));
-                                       });
+                                       },
+                                       options);
             if (!erreur)
                 erreur = fichier.termine();
         }
