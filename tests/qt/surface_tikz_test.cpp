@@ -18,12 +18,10 @@ TEST(SurfaceTikz, EchappementDesCaracteresSpeciauxDeLatex)
     const std::pair<std::string, std::string> cas[] = {
         {"a\\b", "a\\textbackslash{}b"},  // a command would begin
         {"100 % & co", "100 \\% \\& co"},  // a comment, a table cell
-        {"$#_{}", "\\$\\#\\_\\{\\}"},
-        {"~^", "\\textasciitilde{}\\textasciicircum{}"},
+        {"$#_{}~^", "\\$\\#\\_\\{\\}\\textasciitilde{}\\textasciicircum{}"},
         {"Été œ ÿ", "Été œ ÿ"},    // kept: the T1 encoding prints them
         {"α→x", "??x"},            // no glyph: pdflatex would stop
-        {"a\tb\n", "a b "},        // control bytes
-        {"a\xff\xc3", "a??"},      // invalid or cut UTF-8
+        {"a\tb\n", "a b "}, {"a\xff\xc3", "a??"},  // control bytes; invalid or cut UTF-8
     };
     for (const auto& [texte, attendu] : cas)
         EXPECT_EQ(texteLatex(texte), attendu) << texte;
@@ -101,10 +99,8 @@ TEST(SurfaceTikz, GalerieEtEtiquetteAccentueeCompileesParPdflatex)
         s.Print(etiquette);
     }
     ASSERT_TRUE(pdflatex(d, "etiquette.tex")) << lisFichier(d / "etiquette.log");
-    std::string attendu;
-    for (char c : etiquette)
-        if (c != ' ')
-            attendu += c;
+    std::string attendu = etiquette;
+    std::erase(attendu, ' ');
     EXPECT_EQ(texteDuPdf(d, "etiquette.pdf"), std::pair(attendu, 1));
 }
 
