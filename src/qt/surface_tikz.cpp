@@ -9,7 +9,7 @@ namespace velorin {
 
 namespace {
 
-constexpr double ptParCm = 72.27 / 2.54;    // TeX points
+constexpr double ptParCm = 72.27 / 2.54;     // TeX points
 constexpr std::size_t pointsParTrait = 200;  // points of one \draw
 
 void decimal(std::string& s, double v, int chiffres)
@@ -60,7 +60,13 @@ std::string texteLatex(const std::string& texte)
         case '\\': s += "\\textbackslash{}"; break;
         case '~': s += "\\textasciitilde{}"; break;
         case '^': s += "\\textasciicircum{}"; break;
-        case '&': case '%': case '$': case '#': case '_': case '{': case '}':
+        case '&':
+        case '%':
+        case '$':
+        case '#':
+        case '_':
+        case '{':
+        case '}':
             s += '\\';
             s += char(cp);
             break;
@@ -103,11 +109,14 @@ SurfaceTikz::SurfaceTikz(std::ostream& sortie, int largeurPx, int hauteurPx, con
     decimal(h, hauteurPx * cm_, 4);
     if (autonome_)
         s = "\\documentclass{article}\n\\usepackage[T1]{fontenc}\n\\usepackage[utf8]{inputenc}\n"
-            "\\usepackage[paperwidth=" + l + "cm,paperheight=" + h + "cm,margin=0cm]{geometry}\n"
+            "\\usepackage[paperwidth=" +
+            l + "cm,paperheight=" + h +
+            "cm,margin=0cm]{geometry}\n"
             "\\usepackage{tikz}\n\\pagestyle{empty}\n\\setlength{\\parindent}{0pt}\n"
             "\\setlength{\\topskip}{0pt}\n\\begin{document}\n";
     s += "% Velorin\n\\begin{tikzpicture}[x=1cm,y=1cm,line join=round]\n"
-         "\\useasboundingbox (0,0) rectangle (" + l + ',' + h + ");\n";
+         "\\useasboundingbox (0,0) rectangle (" +
+         l + ',' + h + ");\n";
     sortie_ << s;
 }
 

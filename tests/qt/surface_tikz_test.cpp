@@ -16,12 +16,13 @@ namespace {
 TEST(SurfaceTikz, EchappementDesCaracteresSpeciauxDeLatex)
 {
     const std::pair<std::string, std::string> cas[] = {
-        {"a\\b", "a\\textbackslash{}b"},  // a command would begin
+        {"a\\b", "a\\textbackslash{}b"},   // a command would begin
         {"100 % & co", "100 \\% \\& co"},  // a comment, a table cell
         {"$#_{}~^", "\\$\\#\\_\\{\\}\\textasciitilde{}\\textasciicircum{}"},
-        {"Été œ ÿ", "Été œ ÿ"},    // kept: the T1 encoding prints them
-        {"α→x", "??x"},            // no glyph: pdflatex would stop
-        {"a\tb\n", "a b "}, {"a\xff\xc3", "a??"},  // control bytes; invalid or cut UTF-8
+        {"Été œ ÿ", "Été œ ÿ"},  // kept: the T1 encoding prints them
+        {"α→x", "??x"},          // no glyph: pdflatex would stop
+        {"a\tb\n", "a b "},
+        {"a\xff\xc3", "a??"},  // control bytes; invalid or cut UTF-8
     };
     for (const auto& [texte, attendu] : cas)
         EXPECT_EQ(texteLatex(texte), attendu) << texte;
@@ -29,9 +30,10 @@ TEST(SurfaceTikz, EchappementDesCaracteresSpeciauxDeLatex)
 
 TEST(SurfaceTikz, LargeurLueEnCentimetresOuMillimetres)
 {
-    const std::pair<const char*, std::optional<double>> cas[] = {
-        {"12cm", 12}, {"90mm", 9}, {"7.5", 7.5}, {"0.4cm", std::nullopt}, {"501", std::nullopt},
-        {"12 cm", std::nullopt}, {"cm", std::nullopt}, {"12pt", std::nullopt}};
+    const std::pair<const char*, std::optional<double>> cas[] = {{"12cm", 12},          {"90mm", 9},
+                                                                 {"7.5", 7.5},          {"0.4cm", std::nullopt},
+                                                                 {"501", std::nullopt}, {"12 cm", std::nullopt},
+                                                                 {"cm", std::nullopt},  {"12pt", std::nullopt}};
     for (const auto& [texte, attendu] : cas)
         EXPECT_EQ(largeurTex(texte), attendu) << texte;
 }
