@@ -15,6 +15,8 @@ PAQUETS := cmake g++ make pkg-config qt6-base-dev qt6-svg-dev qt6-translations-l
 # Only the benchmarks (bench/) and the screenshot script need these.
 PAQUETS_BANC    := libbenchmark-dev libmuparser-dev
 PAQUETS_CAPTURE := xvfb xauth xdotool imagemagick
+# The tests compile the TikZ pictures and read their text back.
+PAQUETS_ESSAI   := texlive-latex-base texlive-pictures poppler-utils
 # A package is missing when dpkg does not report it installed.
 MANQUANTS = $(shell for p in $(PAQUETS); do dpkg-query -W -f='$${Status}\n' $$p 2>/dev/null | grep -q 'install ok installed' || echo $$p; done)
 
@@ -38,6 +40,7 @@ run: build
 	  $(BUILD)/velorin sansfenetre; \
 	fi
 
+test: PAQUETS += $(PAQUETS_ESSAI)
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 	cmake -S . -B $(BUILD_SAN) -DCMAKE_BUILD_TYPE=Debug -DVELORIN_SANITIZE=ON -DVELORIN_PORTABLE=ON

@@ -1,5 +1,5 @@
 // `velorin exporte`: draws catalogue entries or a saved figure into a PNG,
-// SVG, PDF file, the text journal of the recording surface or a figure file,
+// SVG, PDF file, a TikZ picture, the text journal of the recording surface or a figure file,
 // without a display; with --tour,
 // every redraw of a full turn of the view into an animated GIF or numbered
 // files.
@@ -29,12 +29,14 @@ namespace {
 constexpr const char* kUsage =
     "Usage : velorin exporte [--dossier DOSSIER] [--plan] [--parametres FICHIER] [--taille LxH] [--ordre 0-3]\n"
     "                        (--catalogue FICHIER.lsu --entree N [--entree N ...] | --figure FICHIER.fig)\n"
-    "                        --sortie FICHIER.(png|svg|pdf|txt|fig) [--chrono]\n"
+    "                        --sortie FICHIER.(png|svg|pdf|tex|txt|fig) [--chrono]\n"
     "       velorin exporte ... --tour AXE --sortie (ANIM.gif | IMAGES_%03d.(png|svg|pdf|txt))\n"
     "                        AXE : oz+, oz-, oy+, oy-, ox+, ox-, vision+ ou vision-\n"
     "  --figure : la figure est dessinée à la taille de sa fenêtre (sauf --taille), labels compris ;\n"
     "             son catalogue est cherché dans --dossier, sinon dans le dossier des courbes de son mode.\n"
-    "  --sortie FICHIER.fig : la figure de ce qui est dessiné.\n";
+    "  --sortie FICHIER.fig : la figure de ce qui est dessiné.\n"
+    "  --sortie FICHIER.tex [--largeur 12cm] [--autonome] : une figure TikZ de cette largeur (cm ou mm),\n"
+    "             à \\input dans un document LaTeX, ou avec --autonome un document complet d'une page.\n";
 
 int erreur(const std::string& texte)
 {
@@ -120,18 +122,29 @@ int commandeExporte(int argc, char** argv)
 {
     DemandeRendu d;
     std::string dossier, catalogue, figure;
-    bool chrono = false, parametresDonnes = false;
+    bool chrono = false, parametresDonnes = false, optionTex = false;
     for (int i = 1; i < argc; ++i) {
         const std::string option = argv[i];
         const bool avecValeur = option == "--dossier" || option == "--parametres" || option == "--taille" ||
                                 option == "--catalogue" || option == "--entree" || option == "--figure" ||
-                                option == "--sortie" || option == "--ordre" || option == "--tour";
+                                option == "--sortie" || option == "--ordre" || option == "--tour" ||
+                                option == "--largeur";
         if (avecValeur && i + 1 >= argc)
             return erreur("l'option " + option + " attend une valeur\n" + kUsage);
         if (option == "--plan")
             d.espace = false;
         else if (option == "--chrono")
             chrono = true;
+        else if (option == "--autonome")
+            d.tex.autonome = optionTex = true;
+        else if (option == "--largeur") {
+            const std::optional<double> cm = largeurTex(argv[++i]);
+            if (!cm)
+                return erreur(std::string("largeur incorrecte « ") + argv[i] +
+                              " » : écrivez par exemple 12cm ou 90mm (de 0,5 à 500 cm)");
+            d.tex.largeurCm = *cm;
+            optionTex = true;
+        }
         else if (option == "--dossier")
             dossier = argv[++i];
         else if (option == "--parametres") {
@@ -164,6 +177,8 @@ int commandeExporte(int argc, char** argv)
             return erreur("option inconnue « " + option + " »\n" + kUsage);
         }
     }
+    if (optionTex && (formatSortie(d.sortie) != FormatSortie::Tex || d.tour >= 0))
+        return erreur("--largeur et --autonome ne s'emploient qu'avec une sortie .tex, sans --tour");
     const bool dossierDonne = !dossier.empty();
     const Emplacements lieux = emplacements();
     // The user's folders, made and filled from the factory files the first

@@ -194,7 +194,7 @@ Erreur renduFigure(Etat& etat, const DemandeRendu& d, std::vector<double>& duree
     return ecrisFigure(d.sortie, etat, taille);
 }
 
-// One picture in PNG, SVG, PDF or the journal, written whole.
+// One picture in PNG, SVG, PDF, TikZ or the journal, written whole.
 Erreur renduFichier(Etat& etat, const DemandeRendu& d, FormatSortie format, std::vector<double>& durees)
 {
     EcritureEntiere fichier(d.sortie);
@@ -202,7 +202,8 @@ Erreur renduFichier(Etat& etat, const DemandeRendu& d, FormatSortie format, std:
         return erreur;
     const std::string titre = fs::path(d.catalogue).filename().string();
     if (auto erreur = dessineDansFichier(fichier, format, d.largeurPx, d.hauteurPx, titre,
-                                         [&](Surface& surface) { return dessine(etat, surface, d, durees); }))
+                                         [&](Surface& surface) { return dessine(etat, surface, d, durees); },
+                                         d.tex))
         return erreur;
     return fichier.termine();
 }
@@ -280,7 +281,7 @@ ResultatRendu renduDemande(const DemandeRendu& demande)
         return r;
     }
     if (format == FormatSortie::Inconnu && !(d.tour >= 0 && estMotifNumerote(d.sortie))) {
-        r.erreur = "Le format de sortie de " + texteCite(d.sortie) + " est inconnu : .png, .svg, .pdf, .txt ou .fig" +
+        r.erreur = "Le format de sortie de " + texteCite(d.sortie) + " est inconnu : .png, .svg, .pdf, .tex, .txt ou .fig" +
                    (d.tour >= 0 ? ", .gif pour l'animation." : ".");
         return r;
     }

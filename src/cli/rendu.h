@@ -28,7 +28,8 @@ struct DemandeRendu {
     // Loop order of the surfaces (0..3), chosen in the window's menu and not
     // kept in the parameter file; -1 keeps the start-up value.
     int ordreBoucles = -1;
-    std::string sortie;  // .png, .svg, .pdf, .txt or .fig (case ignored)
+    std::string sortie;  // .png, .svg, .pdf, .tex, .txt or .fig (case ignored)
+    OptionsTex tex;      // a .tex: its width in centimetres, a whole document or not
     // A full turn (index in the "Tour complet" menu, see nomDuTour), -1 for
     // one picture. With a turn, `sortie` is a .gif or a numbered name
     // (images/tour_%03d.png).

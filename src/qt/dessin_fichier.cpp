@@ -1,5 +1,5 @@
 // A bitmap is drawn into memory first (the painter says whether it worked
-// only at its end), then written. The SVG, the PDF and the journal go to the
+// only at its end), then written. The SVG, the PDF, the TikZ picture and the journal go to the
 // file as they are drawn, so that a drawing of millions of points is never
 // held in memory; the file being written whole, a failure still leaves
 // nothing, and the user's previous file stays as it was.
@@ -16,6 +16,7 @@
 #include "qt/surface_qpainter.h"
 #include "qt/surface_pdf.h"
 #include "qt/surface_svg.h"
+#include "qt/surface_tikz.h"
 #include "view/surface_enregistreuse.h"
 
 namespace velorin {
@@ -67,6 +68,8 @@ FormatSortie formatSortie(const std::string& chemin)
         return FormatSortie::Svg;
     if (ext == ".pdf")
         return FormatSortie::Pdf;
+    if (ext == ".tex")
+        return FormatSortie::Tex;
     if (ext == ".txt")
         return FormatSortie::Texte;
     if (ext == ".gif")
@@ -85,7 +88,7 @@ Erreur dessineSurImage(QImage& image, const DessinSurface& dessin, const std::st
 }
 
 Erreur dessineDansFichier(EcritureEntiere& fichier, FormatSortie format, int largeurPx, int hauteurPx,
-                          const std::string& titre, const DessinSurface& dessin)
+                          const std::string& titre, const DessinSurface& dessin, const OptionsTex& tex)
 {
     const std::string& cible = fichier.cible();
     const double W = largeurPx * twipsParPixelEcran, H = hauteurPx * twipsParPixelEcran;
@@ -107,8 +110,15 @@ Erreur dessineDansFichier(EcritureEntiere& fichier, FormatSortie format, int lar
         surface.termine();
         return {};
     }
+    if (format == FormatSortie::Tex) {
+        SurfaceTikz surface(fichier.flux(), largeurPx, hauteurPx, tex);
+        if (auto erreur = dessin(surface))
+            return erreur;
+        surface.termine();
+        return {};
+    }
     if (format != FormatSortie::Pdf)
-        return "Le format de sortie de " + texteCite(cible) + " est inconnu : .png, .svg, .pdf ou .txt.";
+        return "Le format de sortie de " + texteCite(cible) + " est inconnu : .png, .svg, .pdf, .tex ou .txt.";
     SurfacePdf surface(fichier.flux(), largeurPx, hauteurPx);
     if (auto erreur = dessin(surface))
         return erreur;

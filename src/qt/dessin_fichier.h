@@ -10,6 +10,7 @@
 
 #include "base/ecriture.h"
 #include "base/erreur.h"
+#include "qt/surface_tikz.h"
 #include "view/surface.h"
 
 namespace velorin {
@@ -17,7 +18,7 @@ namespace velorin {
 // The output formats, from the extension of the output file (case ignored).
 // A ".fig" is not a picture: the command line writes the figure of what it
 // drew; a ".gif" is the animation of a full turn.
-enum class FormatSortie { Png, Svg, Pdf, Texte, Gif, Figure, Inconnu };
+enum class FormatSortie { Png, Svg, Pdf, Tex, Texte, Gif, Figure, Inconnu };
 FormatSortie formatSortie(const std::string& chemin);
 
 // What a picture holds, drawn on the surface it is given (W x H twips of
@@ -25,12 +26,13 @@ FormatSortie formatSortie(const std::string& chemin);
 using DessinSurface = std::function<Erreur(Surface&)>;
 
 // Draws `dessin` in a picture of largeurPx x hauteurPx in `format` (PNG,
-// SVG, PDF or the recording surface's journal) and writes it into `fichier`,
+// SVG, PDF, TikZ (as `tex` asks) or the recording surface's journal) and
+// writes it into `fichier`,
 // which the caller then finishes (termine) or drops. `titre` is the SVG
 // title. The drawing's own failure comes back as it is; a failure of the
 // painter names fichier.cible().
 Erreur dessineDansFichier(EcritureEntiere& fichier, FormatSortie format, int largeurPx, int hauteurPx,
-                          const std::string& titre, const DessinSurface& dessin);
+                          const std::string& titre, const DessinSurface& dessin, const OptionsTex& tex = {});
 
 // Draws `dessin` over the whole of `image` (made by imagePourSurface); a
 // failure of the painter names `cible`.

@@ -1,4 +1,4 @@
-// The "Exporter" menu: its place; the picture with its labels reaches a PNG, SVG or PDF file; the
+// The "Exporter" menu: its place; the picture with its labels reaches a PNG, SVG, PDF or TikZ file; the
 // turn and step chosen reach the full turn. The file formats and the turn are the qt module's. The
 // menu IMPRIMER: its entries reach the page (read back from the PDF written), with and without a
 // printer, in the menu's orientation; the screen copy reaches the clipboard. The page is the core's.
@@ -79,14 +79,16 @@ TEST(Exporter, MenuImageDeLEcranEtRefus)
         int article, tour;
         const char *reponse, *titre, *ecrit, *message;
     };
-    const char *const image = "Image de l'écran", *const tour = "Animation du tour complet";
+    const char *const image = "Image de l'écran", *const tour = "Animation du tour complet",
+                      *const tikz = "Figure LaTeX (TikZ)";
     BancExport b(1);
     QStringList titres;
     for (const QAction* a : b.m->menuBar()->actions())
         titres << a->text();
     EXPECT_EQ(titres.mid(titres.size() - 3).join('|'), QStringLiteral("Mémorisation|Exporter|?"));
-    EXPECT_EQ(article(*b.m, "mnuexpo", 0)->text() + '|' + article(*b.m, "mnuexpo", 1)->text(),
-              QStringLiteral("Image de l'écran…|Animation du tour complet…"));
+    EXPECT_EQ(article(*b.m, "mnuexpo", 0)->text() + '|' + article(*b.m, "mnuexpo", 1)->text() + '|' +
+                  article(*b.m, "mnuexpo", 2)->text(),
+              QStringLiteral("Image de l'écran…|Animation du tour complet…|Figure LaTeX (TikZ)…"));
     // A label over the drawing is part of the picture written.
     b.etat.etiquettes.lb.push_back(
         {.texte = "Sommet", .couleur = 0x00FFFF, .gauche = 1500, .haut = 1500, .visible = true});
@@ -96,11 +98,13 @@ TEST(Exporter, MenuImageDeLEcranEtRefus)
           Cas{0, 0, "copie.jpg", image, nullptr, "en PNG, SVG ou PDF : nommez-la par exemple « copie.png »"},
           Cas{0, 0, "absent/e.png", image, nullptr, "absent » n'existe pas"}, Cas{0, 0, nullptr, image, nullptr, ""},
           Cas{1, -1, "a.gif", "", nullptr, ""}, Cas{1, 0, nullptr, tour, nullptr, ""},
-          Cas{1, 0, "absent/a.gif", tour, nullptr, "absent » n'existe pas"}}) {
+          Cas{1, 0, "absent/a.gif", tour, nullptr, "absent » n'existe pas"},
+          Cas{2, 0, "fig", tikz, "fig.tex", ""}, Cas{2, 0, "fig.png", tikz, nullptr, "par exemple « fig.tex »"}}) {
         b.tour = c.tour, b.sortie = c.reponse;
         b.titre.clear();
         b.messages.clear();
         QStringList attendus = b.fichiers();
+        b.reponses = {QStringLiteral("9cm")};  // the TikZ figure's width
         article(*b.m, "mnuexpo", c.article)->trigger();
         EXPECT_EQ(b.titre, QString::fromUtf8(c.titre)) << c.titre;
         EXPECT_TRUE(*c.message ? b.messages.size() == 1 && b.messages[0].contains(QString::fromUtf8(c.message))
@@ -116,7 +120,8 @@ TEST(Exporter, MenuImageDeLEcranEtRefus)
         if (QByteArray(c.ecrit).endsWith(".png")) {
             EXPECT_EQ(rgb(QImage::fromData(octets)), rgb(imageAvecEtiquettes(*b.m)));
         } else {  // lines and texts drawn again, the label's among them
-            EXPECT_TRUE(octets.startsWith("%PDF") || (octets.contains("<polyline") && octets.contains("Sommet")));
+            EXPECT_TRUE(octets.startsWith("%PDF") ||
+                        ((octets.contains("<polyline") || octets.contains("rectangle (9,")) && octets.contains("Sommet")));
         }
     }
 }

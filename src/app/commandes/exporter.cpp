@@ -1,5 +1,5 @@
 // The "Exporter" menu: the picture on screen with its labels into a PNG,
-// SVG or PDF file, and the full turn of the view drawn at once, every redraw
+// SVG or PDF file or a LaTeX TikZ figure, and the full turn of the view drawn at once, every redraw
 // the timers would make (labels included), into an animated GIF or one
 // numbered file per redraw. The SVG, PDF and turn are drawn on a copy of the
 // session: the window's viewing values and picture stay as they are.
@@ -47,7 +47,7 @@ void Mirado::creeMenuExporter()
 {
     mnuexp = menuBar()->addMenu(QStringLiteral("Exporter"));
     mnuexp->setObjectName(QStringLiteral("mnuexp"));
-    for (const char* legende : {"Image de l'écran…", "Animation du tour complet…"}) {
+    for (const char* legende : {"Image de l'écran…", "Animation du tour complet…", "Figure LaTeX (TikZ)…"}) {
         const int index = int(mnuexpo.size());
         QAction* a = mnuexp->addAction(QString::fromUtf8(legende));
         nommeArticle(a, "mnuexpo", index);
@@ -62,24 +62,48 @@ void Mirado::mnuexpo_Click(int index)
         return;
     const QString dossier = QString::fromStdString(etat.fenetre.dossierCourbes);
     const double ratio = image_.devicePixelRatio();
-    if (index == 0) {
-        const auto nom =
-            boites.fichierAEcrire(this, QStringLiteral("Image de l'écran"), dossier + QStringLiteral("ecran.png"),
-                                  QStringLiteral("Image PNG (*.png);;Dessin SVG (*.svg);;Document PDF (*.pdf)"));
+    if (index == 0 || index == 2) {
+        // The TikZ figure: a tikzpicture of the width asked, to \input in a document.
+        const bool tex = index == 2;
+        const auto nom = tex ? boites.fichierAEcrire(this, QStringLiteral("Figure LaTeX (TikZ)"),
+                                                     dossier + QStringLiteral("figure.tex"),
+                                                     QStringLiteral("Figure LaTeX TikZ (*.tex)"))
+                             : boites.fichierAEcrire(
+                                   this, QStringLiteral("Image de l'écran"), dossier + QStringLiteral("ecran.png"),
+                                   QStringLiteral("Image PNG (*.png);;Dessin SVG (*.svg);;Document PDF (*.pdf)"));
         if (!nom)
             return;
-        const std::string chemin = avecExtension(*nom, ".png");
+        const std::string chemin = avecExtension(*nom, tex ? ".tex" : ".png");
         if (surface_)
             surface_->Acheve();
         const FormatSortie format = formatSortie(chemin);
-        const bool permis = format == FormatSortie::Png || format == FormatSortie::Svg || format == FormatSortie::Pdf;
+        const bool permis = tex ? format == FormatSortie::Tex
+                                : format == FormatSortie::Png || format == FormatSortie::Svg || format == FormatSortie::Pdf;
+        const std::string exemple = QFileInfo(*nom).completeBaseName().toStdString() + (tex ? ".tex" : ".png");
         Erreur erreur = permis ? verifieSortie(chemin, {})
+                        : tex  ? Erreur("La figure LaTeX s'écrit dans un fichier .tex : nommez-la par exemple " +
+                                       texteCite(exemple) + ".")
                                : Erreur("L'image de l'écran s'écrit en PNG, SVG ou PDF : nommez-la par exemple " +
-                                        texteCite(QFileInfo(*nom).completeBaseName().toStdString() + ".png") + ".");
+                                        texteCite(exemple) + ".");
+        // The TikZ figure's width, asked once its file is known.
+        OptionsTex options;
+        if (!erreur && tex) {
+            const auto reponse = boites.saisie ? boites.saisie(this, QStringLiteral("Largeur de la figure (vide : 12cm) :"),
+                                                               QStringLiteral("Figure LaTeX (TikZ)"))
+                                               : std::nullopt;
+            if (!reponse)
+                return;
+            const std::optional<double> cm =
+                reponse->trimmed().isEmpty() ? std::optional(12.0) : largeurTex(reponse->trimmed().toStdString());
+            if (cm)
+                options.largeurCm = *cm;
+            else
+                erreur = "La largeur « " + reponse->toStdString() + " » est incorrecte : par exemple 12cm ou 90mm.";
+        }
         if (!erreur && format == FormatSortie::Png) {
             erreur = ecrisPngRapide(imageAvecEtiquettes(*this), chemin);
         } else if (!erreur) {
-            // SVG and PDF keep lines and texts: the frame, every curve and
+            // SVG, PDF and TikZ keep lines and texts: the frame, every curve and
             // the labels are drawn again on a copy of the session, at the
             // size of the picture on screen.
             Etat copie = etat;
@@ -90,7 +114,8 @@ void Mirado::mnuexpo_Click(int index)
                     dessineDansFichier(fichier, format, int(image_.width() / ratio), int(image_.height() / ratio),
                                        etat.fenetre.fichierCatalogue, [&copie](Surface& surface) {
                                            return redessine(copie, surface, commeALEcran(copie));
-                                       });
+                                       },
+                                       options);
             if (!erreur)
                 erreur = fichier.termine();
         }

@@ -1,0 +1,60 @@
+// A drawing surface that writes a TikZ picture as it draws (see
+// SurfaceVectorielle): a tikzpicture in centimetres at the width asked, to
+// \input in a LaTeX document, or with `autonome` a whole document whose
+// single page is the size of the figure. Each colour is defined once, where
+// it is first used; the polylines are cut into \draw commands of a few
+// hundred points so that TeX's memory stays small whatever their length.
+#pragma once
+#include <optional>
+#include <ostream>
+#include <set>
+#include <string>
+
+#include "qt/surface_vectorielle.h"
+
+namespace velorin {
+
+// `texte` (UTF-8) written as LaTeX prints it: the characters LaTeX gives a
+// meaning to are escaped, control bytes become spaces, and the characters
+// the T1 encoding has no glyph for become "?" (only ASCII, Latin-1 and the
+// French œ, Œ and Ÿ are kept).
+std::string texteLatex(const std::string& texte);
+
+// A width such as "12cm", "90mm" or "12" (centimetres), from 0.5 to 500 cm;
+// nothing for any other text.
+std::optional<double> largeurTex(const std::string& texte);
+
+struct OptionsTex {
+    double largeurCm = 12;
+    bool autonome = false;
+};
+
+class SurfaceTikz : public SurfaceVectorielle {
+public:
+    // Writes the picture's head (and the document's preamble) at once.
+    SurfaceTikz(std::ostream& sortie, int largeurPx, int hauteurPx, const OptionsTex& options);
+    ~SurfaceTikz() override;  // ends the picture if termine() was not called
+    // Writes what is held back and the picture's (and document's) end.
+    void termine();
+
+protected:
+    void rectangle(double x, double y, double l, double h, Couleur couleur) override;
+    void polyligne(const std::vector<PointPlan>& points, Couleur couleur, int largeur, int style) override;
+    void cercle(double x, double y, double rayon, Couleur couleur, int largeur, int style) override;
+    void ecrit(double x, double y, const QFont& police, Couleur couleur, const std::string& texte) override;
+
+private:
+    void point(double x, double y);  // (x,y) in centimetres, y up
+    void nombre(double v);
+    const std::string& couleur(Couleur c);  // its name, defined the first time
+    void trait(Couleur c, int largeur, int style);
+
+    std::ostream& sortie_;
+    double cm_;  // centimetres per pixel
+    double hauteurPx_;
+    bool autonome_, fini_ = false;
+    std::set<Couleur> definies_;
+    std::string nom_, texte_;
+};
+
+}  // namespace velorin
