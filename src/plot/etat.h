@@ -20,6 +20,7 @@
 #include "plot/table_courbes.h"
 #include "settings/couleurs.h"
 #include "settings/parametres.h"
+#include "settings/rendu.h"
 #include "view/vue.h"
 
 namespace velorin {
@@ -64,6 +65,7 @@ struct Etat {
     EtatTrace trace;
     Catalogue catalogue;  // the catalogue file in force
     Etiquettes etiquettes;  // the labels over the drawing
+    Rendu rendu;            // drawing style, projection, grid and graduations ("rendu.txt")
 };
 
 }  // namespace velorin

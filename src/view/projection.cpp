@@ -126,6 +126,15 @@ bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, doub
     return true;
 }
 
+double profondeur(const Parametres& p, const Vue&, double x, double y, double z)
+{
+    const double dx = p.Xdirection, dy = p.Ydirection, dz = p.Zdirection;
+    const double n = std::sqrt(normeCarree(dx, dy, dz));
+    if (n == 0)
+        return 0;
+    return ((x - p.Xviseur) * dx + (y - p.Yviseur) * dy + (z - p.Zviseur) * dz) / n;
+}
+
 void remetBase(Parametres& p)
 {
     p.xmin = p.ymin = -10;

@@ -19,6 +19,13 @@ void prepareVue(const Parametres& p, bool modeEspace, Vue& v);
 // projected (a point at the viewer): the caller does not draw it.
 bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, double y, double z, double& sx, double& sy);
 
+// Depth of (x, y, z) along the line of sight (space mode), for deciding
+// what hides what: larger is farther from the viewer; a point at or behind
+// the viewer has a depth <= 0. Along any line of sight, depth orders points
+// as the projection stacks them, and its inverse varies linearly across the
+// picture over a flat face.
+double profondeur(const Parametres& p, const Vue& v, double x, double y, double z);
+
 // The base frame: every axis over [-10, 10].
 void remetBase(Parametres& p);
 

@@ -9,6 +9,11 @@
 
 namespace velorin {
 
+// A point of space.
+struct Point3 {
+    double x = 0, y = 0, z = 0;
+};
+
 // Twips per pixel of a 96 dpi screen or image.
 inline constexpr double twipsParPixelEcran = 15;
 
@@ -21,6 +26,26 @@ public:
     virtual void Line(double x1, double y1, double x2, double y2, Couleur couleur) = 0;
     // One point; the current position moves to (x, y).
     virtual void PSet(double x, double y, Couleur couleur) = 0;
+    // A segment of space: its ends on the surface, (x1, y1) and (x2, y2),
+    // and the points of space a and b they show. A surface that resolves
+    // hidden parts uses a and b; every other one draws the segment as Line.
+    virtual void LineEspace(double x1, double y1, double x2, double y2, const Point3& a, const Point3& b,
+                            Couleur couleur)
+    {
+        (void)a;
+        (void)b;
+        Line(x1, y1, x2, y2, couleur);
+    }
+    // A face: the polygon of n corners (xs[i], ys[i]) filled in `couleur`,
+    // without outline (its edges are drawn as lines). Drawn only by the
+    // style "Faces ombrées"; a surface that cannot fill ignores it.
+    virtual void Face(const double* xs, const double* ys, int n, Couleur couleur)
+    {
+        (void)xs;
+        (void)ys;
+        (void)n;
+        (void)couleur;
+    }
     // Circle outline.
     virtual void Circle(double x, double y, double rayon, Couleur couleur) = 0;
     // Text (UTF-8) with the top left corner of its first line at
@@ -45,7 +70,7 @@ public:
     double CurrentX = 0, CurrentY = 0;
     Couleur ForeColor = 0;
     int DrawWidth = 1;  // pixels
-    int DrawStyle = 0;  // 0 solid, 2 dotted
+    int DrawStyle = 0;  // 0 solid, 1 dashed (hidden parts), 2 dotted
     std::string FontName = "Arial";
     double FontSize = 8;  // points
     bool FontBold = false, FontItalic = false, FontUnderline = false;

@@ -24,6 +24,15 @@ inline constexpr double aireGauche = 1;
 inline constexpr double aireHaut = 16;
 inline constexpr double aireBas = 15;
 
+// The cavalière projection (space only): y to the right and z up in true
+// size, x receding down-left at `angle` degrees shortened by `coef`, the
+// solid first turned by `tour` degrees about Oz. Copied from the rendering
+// settings before the view is set up; inactive, the program's perspective.
+struct VueCavaliere {
+    bool active = false;
+    double angle = 45, coef = 0.5, tour = 0;
+};
+
 struct Vue {
     double W = 15360, H = 11520;  // surface size in twips (1024x768 px)
     double centreVueX = 0, centreVueY = 0, centreVueZ = 0;
@@ -36,6 +45,7 @@ struct Vue {
     double decalX = 0, decalY = 0;
     double origineEcranX = 0, origineEcranY = 0;
     double imageUxX = 0, imageUxY = 0, imageUyX = 0, imageUyY = 0, imageUzX = 0, imageUzY = 0;
+    VueCavaliere cavaliere{};
 };
 
 }  // namespace velorin
