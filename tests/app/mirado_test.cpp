@@ -645,5 +645,40 @@ TEST(MenuAide, AProposAideEtQuitterParLeMenu)
     EXPECT_EQ(std::pair(l.faits.size(), l.dernier()), std::pair(size_t(1), banc.chemin("wemrab")));
 }
 
+// The "Rendu" menu: each choice is kept in rendu.txt beside mem.log and drawn at once; a new window on the same
+// folder starts with it, and a damaged rendu.txt is said; a typed value out of bounds is refused and said.
+TEST(MenuRendu, ChoixGardesDansRenduTxtRelusEtRedessines)
+{
+    Banc banc;
+    Mirado& w = banc.demarre(1);
+    w.envoie(1);
+    const QImage avant = w.ecran();
+    const QString fichier = banc.chemin("Espace_courbes/rendu.txt");
+    article(w, "mnucav", 0)->trigger();
+    EXPECT_NE(w.ecran(), avant) << "la perspective cavalière n'est pas redessinée";
+    article(w, "mnurendus", 1)->trigger();
+    banc.reponses = {QStringLiteral("72,5"), QStringLiteral("95")};
+    article(w, "mnucavangle", 3)->trigger();
+    article(w, "mnucavangle", 3)->trigger();
+    ASSERT_FALSE(banc.messages.isEmpty());
+    EXPECT_TRUE(banc.messages.back().startsWith(QStringLiteral("« 95 » ne convient pas"))) << banc.messages.back().toStdString();
+    article(w, "mnugradue", 0)->trigger();
+    const std::string texte = lisFichier(fichier.toStdString());
+    for (const char* ligne : {"style=pointilles\n", "projection=cavaliere\n", "angle=72.5\n", "repereGradue=1\n",
+                              "quadrillage=0\n"})
+        EXPECT_NE(texte.find(ligne), std::string::npos) << ligne << " manque dans " << texte;
+    Banc autre;
+    autre.ecrisFichier(QStringLiteral("Espace_courbes/rendu.txt"), QByteArray::fromStdString(texte));
+    Mirado& w2 = autre.demarre(1);
+    EXPECT_TRUE(article(w2, "mnurendus", 1)->isChecked() && article(w2, "mnucav", 0)->isChecked() &&
+                article(w2, "mnucavangle", 3)->isChecked() && !article(w2, "mnucavangle", 1)->isChecked());
+    EXPECT_EQ(autre.etat.rendu.angleCavaliere, 72.5);
+    autre.fenetre.reset();
+    autre.ecrisFichier(QStringLiteral("Espace_courbes/rendu.txt"), "style=ombre\n");
+    autre.demarre(1);
+    ASSERT_FALSE(autre.messages.isEmpty());
+    EXPECT_NE(autre.messages.back().indexOf(QStringLiteral("ligne 1 : le style « ombre »")), -1);
+}
+
 }  // namespace
 }  // namespace velorin::essai

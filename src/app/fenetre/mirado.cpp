@@ -15,6 +15,7 @@
 #include "app/commandes/etiquettes.h"
 #include "app/commandes/impression.h"
 #include "app/fenetre/zone_dessin.h"
+#include "app/rendu/menu_rendu.h"
 #include "catalogue/catalogue.h"
 #include "plot/ecran.h"
 #include "qt/dossiers.h"
@@ -33,6 +34,8 @@ Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
     setWindowTitle(QString::fromUtf8(legendeMirado));
     creePanneaux();
     creeMenus();
+    rendu_ = new MenuRendu(*this, mnua, etat, boites, [this] { return refuseSiOccupe(); },
+                           [this] { redessineSansPause(); });
     installeImpression(*this);
     creeMinuteries();
     brancheSouris();
@@ -94,6 +97,7 @@ void Mirado::debutravail()
         boites.message(this, QString::fromStdString(erreur.message()));
     setWindowTitle(QString::fromUtf8(legendeMirado));
     lecdebut(0);
+    rendu_->charge();
     afmenu();
     titreTrace_ = QStringLiteral("Dans ") + cheminCatalogue();
     ajusteTitreTrace();
