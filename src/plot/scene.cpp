@@ -9,9 +9,47 @@
 
 namespace velorin {
 
+// A redraw while the view is dragged finds its memory ready: no growing and
+// no asking the system again for what the previous redraw used.
+struct Scene::Memoire {
+    std::vector<Operation> operations;
+    std::vector<Texte> textes;
+    std::vector<Face> faces;
+    std::vector<double> xs, ys, ps;
+};
+
+Scene::Memoire& Scene::memoire()
+{
+    thread_local Memoire m;
+    return m;
+}
+
+void Scene::echange(Memoire& m)
+{
+    operations_.swap(m.operations);
+    textes_.swap(m.textes);
+    faces_.swap(m.faces);
+    xs_.swap(m.xs);
+    ys_.swap(m.ys);
+    ps_.swap(m.ps);
+}
+
+Scene::~Scene()
+{
+    operations_.clear();
+    textes_.clear();
+    faces_.clear();
+    xs_.clear();
+    ys_.clear();
+    ps_.clear();
+    if (operations_.capacity() > memoire().operations.capacity())
+        echange(memoire());
+}
+
 Scene::Scene(Surface& cible, const Parametres& p, const Vue& v, StyleRendu style)
     : cible_(cible), p_(p), v_(v), style_(style)
 {
+    echange(memoire());
     CurrentX = cible.CurrentX;
     CurrentY = cible.CurrentY;
     ForeColor = cible.ForeColor;
@@ -196,7 +234,19 @@ void Scene::rejoue(const Operation& op, const ImageProfondeur& image)
 
 void Scene::resous()
 {
-    ImageProfondeur image(cible_.Width(), cible_.Height(), twipsParPixelEcran);
+    // The image covers the faces only (within the surface), a pixel around.
+    double x0 = INFINITY, y0 = INFINITY, x1 = -INFINITY, y1 = -INFINITY;
+    for (std::size_t i = 0; i < xs_.size(); ++i)
+        if (std::isfinite(xs_[i]) && std::isfinite(ys_[i])) {
+            x0 = std::min(x0, xs_[i]);
+            x1 = std::max(x1, xs_[i]);
+            y0 = std::min(y0, ys_[i]);
+            y1 = std::max(y1, ys_[i]);
+        }
+    constexpr double marge = 2 * twipsParPixelEcran;
+    ImageProfondeur image(std::max(x0 - marge, 0.0), std::max(y0 - marge, 0.0),
+                          std::min(x1 + marge, cible_.Width()), std::min(y1 + marge, cible_.Height()),
+                          twipsParPixelEcran);
     for (const Face& f : faces_)
         image.polygone(xs_.data() + f.debut, ys_.data() + f.debut, ps_.data() + f.debut, static_cast<int>(f.n));
     image.acheve();

@@ -35,6 +35,9 @@ public:
     // caller keeps both alive (they may change between operations, as the
     // rows of a redraw bring their own values).
     Scene(Surface& cible, const Parametres& p, const Vue& v, StyleRendu style);
+    ~Scene() override;
+    Scene(const Scene&) = delete;
+    Scene& operator=(const Scene&) = delete;
 
     void Line(double x1, double y1, double x2, double y2, Couleur couleur) override;
     void PSet(double x, double y, Couleur couleur) override;
@@ -81,6 +84,11 @@ private:
         double profondeur;  // mean depth of the corners, for the order
         Couleur couleur;    // shaded already
     };
+
+    // The memory of the last scene of the thread, taken up by the next one.
+    struct Memoire;
+    static Memoire& memoire();
+    void echange(Memoire& m);
 
     void garde(Operation::Genre genre, double x1, double y1, double x2, double y2, Couleur couleur, double p1 = 0,
                double p2 = 0);

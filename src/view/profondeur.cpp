@@ -21,16 +21,31 @@ bool devant(double p)
 
 }  // namespace
 
-ImageProfondeur::ImageProfondeur(double W, double H, double unite)
+// The pixels of the last image, kept for the next one: a redraw while the
+// view is dragged gets its memory without asking the system again.
+thread_local std::vector<float> reserve;
+
+ImageProfondeur::ImageProfondeur(double x0, double y0, double x1, double y1, double unite)
 {
     unite_ = unite > 0 ? unite : 15;
-    if (!(W > 0) || !(H > 0) || !std::isfinite(W) || !std::isfinite(H))
-        W = H = unite_;
-    if (W / unite_ * (H / unite_) > maxPixels)
-        unite_ = std::sqrt(W * H / maxPixels);
-    l_ = std::max(1, static_cast<int>(std::ceil(W / unite_)));
-    h_ = std::max(1, static_cast<int>(std::ceil(H / unite_)));
+    if (!(x1 > x0) || !(y1 > y0) || !std::isfinite(x1 - x0) || !std::isfinite(y1 - y0)) {
+        x0 = y0 = 0;
+        x1 = y1 = unite_;
+    }
+    if ((x1 - x0) / unite_ * ((y1 - y0) / unite_) > maxPixels)
+        unite_ = std::sqrt((x1 - x0) * (y1 - y0) / maxPixels);
+    i0_ = static_cast<int>(std::floor(x0 / unite_));
+    j0_ = static_cast<int>(std::floor(y0 / unite_));
+    l_ = std::max(1, static_cast<int>(std::ceil(x1 / unite_)) - i0_);
+    h_ = std::max(1, static_cast<int>(std::ceil(y1 / unite_)) - j0_);
+    inverse_.swap(reserve);
     inverse_.assign(static_cast<std::size_t>(l_) * static_cast<std::size_t>(h_), 0.0F);
+}
+
+ImageProfondeur::~ImageProfondeur()
+{
+    if (inverse_.capacity() > reserve.capacity())
+        inverse_.swap(reserve);
 }
 
 void ImageProfondeur::triangle(const double* xs, const double* ys, const double* ps)
@@ -40,8 +55,8 @@ void ImageProfondeur::triangle(const double* xs, const double* ys, const double*
         if (!devant(ps[k]) || !std::isfinite(xs[k]) || !std::isfinite(ys[k]))
             return;
         // Pixel (i, j) has its centre at X = i, Y = j.
-        X[k] = xs[k] / unite_ - 0.5;
-        Y[k] = ys[k] / unite_ - 0.5;
+        X[k] = xs[k] / unite_ - 0.5 - i0_;
+        Y[k] = ys[k] / unite_ - 0.5 - j0_;
         w[k] = 1 / ps[k];
     }
     const double aire = (X[1] - X[0]) * (Y[2] - Y[0]) - (X[2] - X[0]) * (Y[1] - Y[0]);
@@ -91,37 +106,42 @@ void ImageProfondeur::polygone(const double* xs, const double* ys, const double*
 
 void ImageProfondeur::acheve()
 {
-    // The farthest of the 3 x 3 neighbourhood, rows then columns.
-    std::vector<float> rangs(inverse_.size());
-    for (int j = 0; j < h_; ++j) {
-        const float* s = inverse_.data() + static_cast<std::size_t>(j) * static_cast<std::size_t>(l_);
-        float* r = rangs.data() + static_cast<std::size_t>(j) * static_cast<std::size_t>(l_);
-        for (int i = 0; i < l_; ++i)
-            r[i] = std::min({s[std::max(i - 1, 0)], s[i], s[std::min(i + 1, l_ - 1)]});
-    }
-    loin_.resize(inverse_.size());
+    // The farthest of the 3 x 3 neighbourhood, in place: rows, then columns
+    // with the row above kept as it was.
     const std::size_t L = static_cast<std::size_t>(l_);
+    std::vector<float> ligne(L), dessus(L), courante(L);
     for (int j = 0; j < h_; ++j) {
-        const float* haut = rangs.data() + static_cast<std::size_t>(std::max(j - 1, 0)) * L;
-        const float* milieu = rangs.data() + static_cast<std::size_t>(j) * L;
-        const float* bas = rangs.data() + static_cast<std::size_t>(std::min(j + 1, h_ - 1)) * L;
-        float* r = loin_.data() + static_cast<std::size_t>(j) * L;
+        float* r = inverse_.data() + static_cast<std::size_t>(j) * L;
+        std::copy(r, r + L, ligne.begin());
         for (int i = 0; i < l_; ++i)
-            r[i] = std::min({haut[i], milieu[i], bas[i]});
+            r[i] = std::min({ligne[std::size_t(std::max(i - 1, 0))], ligne[std::size_t(i)],
+                             ligne[std::size_t(std::min(i + 1, l_ - 1))]});
     }
+    for (int j = 0; j < h_; ++j) {
+        float* r = inverse_.data() + static_cast<std::size_t>(j) * L;
+        const float* dessous = inverse_.data() + static_cast<std::size_t>(std::min(j + 1, h_ - 1)) * L;
+        std::copy(r, r + L, courante.begin());
+        const float* haut = j == 0 ? courante.data() : dessus.data();
+        for (std::size_t i = 0; i < L; ++i)
+            r[i] = std::min({haut[i], courante[i], dessous[i]});
+        dessus.swap(courante);
+    }
+    acheve_ = true;
 }
 
 bool ImageProfondeur::cachePixel(int i, int j, double w) const
 {
+    i -= i0_;
+    j -= j0_;
     if (i < 0 || j < 0 || i >= l_ || j >= h_)
         return false;
-    return loin_[static_cast<std::size_t>(j) * static_cast<std::size_t>(l_) + static_cast<std::size_t>(i)] >
+    return inverse_[static_cast<std::size_t>(j) * static_cast<std::size_t>(l_) + static_cast<std::size_t>(i)] >
            w * (1 + toleranceRelative);
 }
 
 bool ImageProfondeur::cache(double x, double y, double p) const
 {
-    if (vide_ || !devant(p) || loin_.empty() || !std::isfinite(x) || !std::isfinite(y))
+    if (vide_ || !acheve_ || !devant(p) || !std::isfinite(x) || !std::isfinite(y))
         return false;
     return cachePixel(static_cast<int>(std::floor(x / unite_)), static_cast<int>(std::floor(y / unite_)), 1 / p);
 }
@@ -131,7 +151,7 @@ void ImageProfondeur::decoupe(double x1, double y1, double p1, double x2, double
 {
     morceaux.clear();
     const double longueur = std::hypot(x2 - x1, y2 - y1) / unite_;
-    if (vide_ || loin_.empty() || !devant(p1) || !devant(p2) || !std::isfinite(longueur)) {
+    if (vide_ || !acheve_ || !devant(p1) || !devant(p2) || !std::isfinite(longueur)) {
         morceaux.push_back({0, 1, false});
         return;
     }

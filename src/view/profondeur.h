@@ -19,9 +19,14 @@ namespace velorin {
 
 class ImageProfondeur {
 public:
-    // An image for a surface of W x H units at `unite` units a pixel (the
-    // pixel grows so that the image never holds more than maxPixels).
-    ImageProfondeur(double W, double H, double unite);
+    // An image of the part [x0, x1] x [y0, y1] of a surface at `unite`
+    // units a pixel (the pixel grows so that the image never holds more than
+    // maxPixels); nothing is hidden outside it. Pixels lie on the surface's
+    // own grid of `unite`, whatever the part.
+    ImageProfondeur(double x0, double y0, double x1, double y1, double unite);
+    ~ImageProfondeur();
+    ImageProfondeur(const ImageProfondeur&) = delete;
+    ImageProfondeur& operator=(const ImageProfondeur&) = delete;
 
     static constexpr double maxPixels = 4e6;
 
@@ -50,19 +55,17 @@ public:
     // Whether (x, y) at depth p is hidden by a face.
     bool cache(double x, double y, double p) const;
 
-    int largeur() const { return l_; }
-    int hauteur() const { return h_; }
-    double unite() const { return unite_; }
-
 private:
     // Whether a sample at pixel (i, j) with inverse depth w is hidden.
     bool cachePixel(int i, int j, double w) const;
 
     int l_ = 0, h_ = 0;
+    int i0_ = 0, j0_ = 0;  // the surface's pixel at the image's (0, 0)
     double unite_ = 15;
-    std::vector<float> inverse_;  // 1 / nearest depth, 0 where no face is
-    std::vector<float> loin_;     // the farthest of each pixel's 3 x 3 neighbourhood
-    bool vide_ = true;
+    // 1 / nearest depth, 0 where no face is; once complete, the farthest of
+    // each pixel's 3 x 3 neighbourhood.
+    std::vector<float> inverse_;
+    bool vide_ = true, acheve_ = false;
 };
 
 }  // namespace velorin

@@ -30,7 +30,7 @@ TEST(ImageProfondeur, CacheEnUnPoint)
         {"l'inverse de la profondeur non interpolé (devant)", penche, 1492.5, 300, 15.7, false},
     };
     for (const Cas& c : cas) {
-        ImageProfondeur image(3000, 3000, 15);
+        ImageProfondeur image(0, 0, 3000, 3000, 15);
         image.triangle(xs, ys, c.profondeurs);
         image.acheve();
         EXPECT_EQ(image.cache(c.x, c.y, c.p), c.cache) << c.faute;
@@ -54,7 +54,7 @@ TEST(ImageProfondeur, DecoupeUnSegment)
         {"la profondeur le long du segment non interpolée par son inverse", 5, 40, {4.0 / 7, 0.7}},
     };
     for (const Cas& c : cas) {
-        ImageProfondeur image(3000, 3000, 15);
+        ImageProfondeur image(0, 0, 3000, 3000, 15);
         image.polygone(xs, ys, ps, 4);
         image.acheve();
         std::vector<ImageProfondeur::Morceau> morceaux;
