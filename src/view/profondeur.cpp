@@ -81,16 +81,29 @@ void ImageProfondeur::triangle(const double* xs, const double* ys, const double*
     const double wi = a[0] * w[0] + a[1] * w[1] + a[2] * w[2];
     const double wj = c[0] * w[0] + c[1] * w[1] + c[2] * w[2];
     const double wd = d[0] * w[0] + d[1] * w[1] + d[2] * w[2];
+    double inverseA[3];
+    for (int k = 0; k < 3; ++k)
+        inverseA[k] = a[k] != 0 ? 1 / a[k] : 0;
     for (int j = j0; j <= j1; ++j) {
-        float* ligne = inverse_.data() + static_cast<std::size_t>(j) * static_cast<std::size_t>(l_);
-        for (int i = i0; i <= i1; ++i) {
-            if (a[0] * i + c[0] * j + d[0] < bord || a[1] * i + c[1] * j + d[1] < bord ||
-                a[2] * i + c[2] * j + d[2] < bord)
-                continue;
-            const float v = static_cast<float>(wi * i + wj * j + wd);
-            if (v > ligne[i])
-                ligne[i] = v;
+        // The span of the row where every weight is >= bord: a_k i >= bord - (c_k j + d_k).
+        double bas = i0, haut = i1;
+        for (int k = 0; k < 3; ++k) {
+            const double reste = bord - (c[k] * j + d[k]);
+            if (a[k] > 0)
+                bas = std::max(bas, std::ceil(reste * inverseA[k] - 1e-9));
+            else if (a[k] < 0)
+                haut = std::min(haut, std::floor(reste * inverseA[k] + 1e-9));
+            else if (reste > 0)
+                haut = bas - 1;
         }
+        if (bas > haut)
+            continue;
+        float* ligne = inverse_.data() + static_cast<std::size_t>(j) * static_cast<std::size_t>(l_);
+        const int ia = static_cast<int>(bas), ib = static_cast<int>(haut);
+        double v = wi * ia + wj * j + wd;
+        for (int i = ia; i <= ib; ++i, v += wi)
+            if (static_cast<float>(v) > ligne[i])
+                ligne[i] = static_cast<float>(v);
     }
     vide_ = false;
 }
@@ -161,11 +174,16 @@ void ImageProfondeur::decoupe(double x1, double y1, double p1, double x2, double
     // state takes theirs: no dash of one pixel along a line that grazes a face.
     thread_local std::vector<char> etats;
     etats.assign(static_cast<std::size_t>(n), 0);
+    // In pixels of the image, stepping from the middle of the first sample.
+    const double px = x1 / unite_ - i0_, py = y1 / unite_ - j0_;
+    const double dx = (x2 - x1) / unite_ / n, dy = (y2 - y1) / unite_ / n, dw = (w2 - w1) / n;
+    const std::size_t L = static_cast<std::size_t>(l_);
     for (int k = 0; k < n; ++k) {
-        const double u = (k + 0.5) / n;
-        etats[static_cast<std::size_t>(k)] =
-            cachePixel(static_cast<int>(std::floor((x1 + u * (x2 - x1)) / unite_)),
-                       static_cast<int>(std::floor((y1 + u * (y2 - y1)) / unite_)), w1 + u * (w2 - w1));
+        const double x = px + (k + 0.5) * dx, y = py + (k + 0.5) * dy;
+        if (!(x >= 0 && y >= 0 && x < l_ && y < h_))
+            continue;  // outside the image: seen
+        const float loin = inverse_[static_cast<std::size_t>(y) * L + static_cast<std::size_t>(x)];
+        etats[static_cast<std::size_t>(k)] = loin > (w1 + (k + 0.5) * dw) * (1 + toleranceRelative);
     }
     for (std::size_t k = 1; k + 1 < etats.size(); ++k)
         if (etats[k] != etats[k - 1] && etats[k - 1] == etats[k + 1])
