@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <functional>
 #include <map>
@@ -18,15 +19,6 @@ namespace {
 
 using namespace essai;
 using Genre = OperationDessin::Genre;
-
-double scalaire(const Point3& a, const Point3& b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-Point3 moins(const Point3& a, const Point3& b)
-{
-    return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
 
 // How the drawn lines of `couleur` show the point of space p: 0 seen, 1
 // hidden and dashed, -1 no line passes within a pixel of its image.
@@ -56,16 +48,16 @@ TEST(Scene, SphereVueDuDehors)
         placeViseur(e, 12, 9, 6);  // the sphere some 100 pixels high
         SurfaceEnregistreuse sortie(e.vue.W, e.vue.H);
         Scene scene(sortie, e.param, e.vue, style);
-        const Point3 o{1, -1, 0.5}, v{e.param.Xviseur, e.param.Yviseur, e.param.Zviseur};
-        constexpr double rayon = 4, pi = 3.14159265358979;
+        constexpr double rayon = 4, pi = 3.14159265358979, o[3] = {1, -1, 0.5}, v[3] = {12, 9, 6};
         constexpr int nLat = 24, nLon = 48;
-        auto sommet = [&](int i, int j) {
+        auto sommet = [&](double i, double j) {
             const double th = pi * i / nLat, ph = 2 * pi * j / nLon;
-            return Point3{o.x + rayon * std::sin(th) * std::cos(ph), o.y + rayon * std::sin(th) * std::sin(ph),
-                          o.z + rayon * std::cos(th)};
+            return Point3{o[0] + rayon * std::sin(th) * std::cos(ph), o[1] + rayon * std::sin(th) * std::sin(ph),
+                          o[2] + rayon * std::cos(th)};
         };
         auto image = [&](const Point3& p, double& x, double& y) { projette(e.param, e.vue, true, p.x, p.y, p.z, x, y); };
-        std::vector<std::pair<Point3, Point3>> aretes;
+        // Each line from (i, j) along latitude (di = 1) or longitude (dj = 1), with its middle.
+        std::vector<std::array<double, 4>> aretes;
         for (int i = 0; i < nLat; ++i)
             for (int j = 0; j < nLon; ++j) {
                 const Point3 q[4] = {sommet(i, j), sommet(i + 1, j), sommet(i + 1, j + 1), sommet(i, j + 1)};
@@ -73,25 +65,25 @@ TEST(Scene, SphereVueDuDehors)
                 for (int k = 0; k < 4; ++k)
                     image(q[k], xs[k], ys[k]);
                 scene.FaceEspace(q, xs, ys, 4, 0);
-                aretes.push_back({q[0], q[1]});
+                aretes.push_back({double(i), double(j), 1, 0});
                 if (i > 0)
-                    aretes.push_back({q[0], q[3]});
+                    aretes.push_back({double(i), double(j), 0, 1});
             }
         for (std::size_t k = 0; k < aretes.size(); ++k) {
+            const auto [i, j, di, dj] = aretes[k];
+            const Point3 a = sommet(i, j), b = sommet(i + di, j + dj);
             double x1, y1, x2, y2;
-            image(aretes[k].first, x1, y1);
-            image(aretes[k].second, x2, y2);
-            scene.LineEspace(x1, y1, x2, y2, aretes[k].first, aretes[k].second, Couleur(k + 1));
+            image(a, x1, y1);
+            image(b, x2, y2);
+            scene.LineEspace(x1, y1, x2, y2, a, b, Couleur(k + 1));
         }
         scene.resous();
         int vus = 0, caches = 0;
         for (std::size_t k = 0; k < aretes.size(); ++k) {
-            const auto& [a, b] = aretes[k];
-            Point3 m{(a.x + b.x) / 2 - o.x, (a.y + b.y) / 2 - o.y, (a.z + b.z) / 2 - o.z};
-            const double n = std::sqrt(scalaire(m, m));
-            const Point3 p{o.x + rayon * m.x / n, o.y + rayon * m.y / n, o.z + rayon * m.z / n};
-            const Point3 versV = moins(v, p);
-            const double c = scalaire(moins(p, o), versV) / (rayon * std::sqrt(scalaire(versV, versV)));
+            const auto [i, j, di, dj] = aretes[k];
+            const Point3 p = sommet(i + di / 2, j + dj / 2);
+            const double n[3] = {p.x - o[0], p.y - o[1], p.z - o[2]}, w[3] = {v[0] - p.x, v[1] - p.y, v[2] - p.z};
+            const double c = (n[0] * w[0] + n[1] * w[1] + n[2] * w[2]) / (rayon * std::hypot(w[0], w[1], w[2]));
             if (std::abs(c) < 0.3)
                 continue;
             const int attendu = c > 0 ? 0 : style == StyleRendu::Pointilles ? 1 : -1;
@@ -174,6 +166,31 @@ TEST(RedessinSolide, LignesCacheesParLesFaces)
             EXPECT_EQ(styleEn(etat, sortie, couleur, a.p), a.style)
                 << c.faute << " (" << a.p.x << ", " << a.p.y << ", " << a.p.z << ")";
         }
+    }
+}
+
+// A curve added to the picture in a style that resolves hidden parts: the
+// curves already drawn cannot be cut by the new surface, so everything is
+// drawn again with it; "Fil de fer" adds the curve alone.
+TEST(RedessinSolide, AjoutRedessineTout)
+{
+    for (StyleRendu style : {StyleRendu::Pointilles, StyleRendu::FilDeFer}) {
+        DossierTemporaire dossier;
+        Etat etat = etatCalibre(true);
+        etat.rendu.style = style;
+        ASSERT_FALSE(ouvrirCatalogue(etat.catalogue, dossier / "essai.lsu"));
+        ASSERT_FALSE(ecrisLigne(etat.catalogue, 1, LigneCatalogue{8, "Segment:[(0,-2,1)][(0,2,-1)]"}));
+        ASSERT_FALSE(ecrisLigne(etat.catalogue, 2, LigneCatalogue{7, "Plan:[x = 5]"}));
+        SurfaceEnregistreuse avant(etat.vue.W, etat.vue.H), ajout(etat.vue.W, etat.vue.H);
+        etat.couleurs.couleurTrace = 0x0000FF;
+        ASSERT_FALSE(redessine(etat, avant, {.entrees = {1}}));
+        etat.couleurs.couleurTrace = 0x00FF00;
+        ASSERT_FALSE(redessine(etat, ajout, {.efface = false, .repere = false, .entrees = {2}}));
+        const bool solide = style != StyleRendu::FilDeFer;
+        EXPECT_EQ(duGenre(ajout, Genre::Effacement).size(), solide ? 1u : 0u) << "effacement";
+        // The segment again, now hidden by the plane in front of it.
+        EXPECT_EQ(styleEn(etat, ajout, 0x0000FF, {0, 1, -0.5}), solide ? 1 : -1) << "segment";
+        EXPECT_EQ(etat.courbes.nbCourbes, 2);
     }
 }
 
