@@ -112,7 +112,7 @@ void traceNuage(Etat& etat, Surface& surface, const CrochetsTrace& crochets)
             m.pointX = x;
             m.pointY = y;
             m.pointZ = z;
-            surface.PSet(sx, sy, couleur);
+            surface.PSetEspace(sx, sy, Point3{x, y, z}, couleur);
         }
     }
 }

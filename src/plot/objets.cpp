@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <vector>
 
 #include "base/texte_sur.h"
 #include "catalogue/genre.h"
@@ -199,6 +200,7 @@ public:
         }
         etat_.trace.ecranX = sx;
         etat_.trace.ecranY = sy;
+        etat_.trace.espace = {p[0], p[1], p[2]};
         tracePoint(etat_, surface_, marque, etat_.couleurs.couleurTrace, crochets_);
         return true;
     }
@@ -222,8 +224,10 @@ public:
             return;
         const double x = etat_.trace.ecranX, y = etat_.trace.ecranY;
         const Couleur c = etat_.couleurs.couleurTrace;
-        surface_.Line(x - kBrasCroix, y - kBrasCroix, x + kBrasCroix, y + kBrasCroix, c);
-        surface_.Line(x - kBrasCroix, y + kBrasCroix, x + kBrasCroix, y - kBrasCroix, c);
+        // The cross is hidden or seen with its point.
+        const Point3 a{p[0], p[1], p[2]};
+        surface_.LineEspace(x - kBrasCroix, y - kBrasCroix, x + kBrasCroix, y + kBrasCroix, a, a, c);
+        surface_.LineEspace(x - kBrasCroix, y + kBrasCroix, x + kBrasCroix, y - kBrasCroix, a, a, c);
     }
 
     // The part of the line M + s u inside the frame's box.
@@ -253,11 +257,51 @@ public:
             smin = std::min(smin, s);
             smax = std::max(smax, s);
         }
+        if (etat_.fenetre.modeEspace && renduCache(etat_.rendu))
+            face(b, {plus(plus(m, u, rmin), v, smin), plus(plus(m, u, rmax), v, smin),
+                     plus(plus(m, u, rmax), v, smax), plus(plus(m, u, rmin), v, smax)});
         famille(m, u, v, smin, smax);
         famille(m, v, u, rmin, rmax);
     }
 
 private:
+    // The part inside the box of the flat polygon `coins`, as a face that
+    // hides what lies behind it.
+    void face(const Boite& b, std::vector<Vecteur3> coins)
+    {
+        for (int axe = 0; axe < 3; ++axe)
+            for (int cote = 0; cote < 2; ++cote) {
+                // Keeps the side of the box's face: sens * (x[axe] - borne) >= 0.
+                const double borne = cote == 0 ? b.bas[std::size_t(axe)] : b.haut[std::size_t(axe)];
+                const double sens = cote == 0 ? 1 : -1;
+                std::vector<Vecteur3> reste;
+                for (std::size_t i = 0; i < coins.size(); ++i) {
+                    const Vecteur3& a = coins[i];
+                    const Vecteur3& c = coins[(i + 1) % coins.size()];
+                    const double da = sens * (a[std::size_t(axe)] - borne), dc = sens * (c[std::size_t(axe)] - borne);
+                    if (da >= 0)
+                        reste.push_back(a);
+                    if ((da >= 0) != (dc >= 0))
+                        reste.push_back(plus(a, plus(c, a, -1), da / (da - dc)));
+                }
+                coins = std::move(reste);
+            }
+        if (coins.size() < 3)
+            return;
+        std::vector<Point3> sommets;
+        std::vector<double> xs, ys;
+        for (const Vecteur3& c : coins) {
+            double sx, sy;
+            if (!projette(etat_.param, etat_.vue, true, c[0], c[1], c[2], sx, sy))
+                return;
+            sommets.push_back({c[0], c[1], c[2]});
+            xs.push_back(sx);
+            ys.push_back(sy);
+        }
+        surface_.FaceEspace(sommets.data(), xs.data(), ys.data(), static_cast<int>(sommets.size()),
+                            etat_.couleurs.couleurTrace);
+    }
+
     // Lines M + k h w + s dir for the k with k h in [lo, hi].
     void famille(const Vecteur3& m, const Vecteur3& dir, const Vecteur3& w, double lo, double hi)
     {

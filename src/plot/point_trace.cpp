@@ -32,7 +32,7 @@ void traceProjection(Etat& etat, Surface& surface, double sx, double sy, double 
     if (!projette(etat.param, etat.vue, etat.fenetre.modeEspace, X, Y, Z, px, py))
         return;
     surface.DrawStyle = 2;
-    surface.Line(sx, sy, px, py, couleur);
+    surface.LineEspace(sx, sy, px, py, etat.trace.espace, Point3{X, Y, Z}, couleur);
     surface.DrawStyle = 0;
     surface.Circle(px, py, rayonPiedProjection, couleur);
 }
@@ -48,9 +48,11 @@ void traceMarques(Etat& etat, Surface& surface)
     // The tangent is issued with whatever ends are stored: a tracer that
     // computes none leaves both on the image of (0, 0), and that segment of
     // no length is drawn like any other.
-    surface.Line(t.tangenteX1, t.tangenteY1, t.tangenteX2, t.tangenteY2, c.couleurTangente);
+    // The tangent is hidden or seen with its point.
+    surface.LineEspace(t.tangenteX1, t.tangenteY1, t.tangenteX2, t.tangenteY2, t.espace, t.espace, c.couleurTangente);
     if (etat.moteur.genreCourbe == genreCourbeSpherique && p.avecRayon)
-        surface.Line(etat.vue.origineEcranX, etat.vue.origineEcranY, t.ecranX, t.ecranY, c.couleurRayon);
+        surface.LineEspace(etat.vue.origineEcranX, etat.vue.origineEcranY, t.ecranX, t.ecranY, Point3{}, t.espace,
+                           c.couleurRayon);
     const double x = etat.moteur.pointX, y = etat.moteur.pointY, z = etat.moteur.pointZ;
     if (p.projOx)
         traceProjection(etat, surface, t.ecranX, t.ecranY, x, 0, 0, c.couleurProjOx);
@@ -92,14 +94,15 @@ void tracePoint(Etat& etat, Surface& surface, int marque, Couleur couleur, const
 
     if (dedans) {
         if (etat.param.traceContinu != 1) {
-            surface.PSet(t.ecranX, t.ecranY, couleur);
+            surface.PSetEspace(t.ecranX, t.ecranY, t.espace, couleur);
         } else {
             if (t.nbVisiblesSuite > 0 && sautAdmissible(v, t.precX, t.precY, t.ecranX, t.ecranY))
-                surface.Line(t.precX, t.precY, t.ecranX, t.ecranY, couleur);
+                surface.LineEspace(t.precX, t.precY, t.ecranX, t.ecranY, t.precEspace, t.espace, couleur);
             else
-                surface.PSet(t.ecranX, t.ecranY, couleur);
+                surface.PSetEspace(t.ecranX, t.ecranY, t.espace, couleur);
             t.precX = t.ecranX;
             t.precY = t.ecranY;
+            t.precEspace = t.espace;
         }
         ++t.nbVisiblesSuite;
     } else {

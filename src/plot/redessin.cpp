@@ -2,6 +2,7 @@
 
 #include "plot/dessin_etiquettes.h"
 #include "plot/ecran.h"
+#include "plot/scene.h"
 
 namespace velorin {
 
@@ -13,7 +14,11 @@ std::vector<int> toutesLesLignes(const TableCourbes& table)
     return lignes;
 }
 
-Erreur redessine(Etat& etat, Surface& surface, const Redessin& quoi)
+namespace {
+
+// Clearing, frame and curves of `quoi`; true when a curve stopped the
+// redraw, its message then in `erreur`.
+bool dessine(Etat& etat, Surface& surface, const Redessin& quoi, Erreur& erreur)
 {
     if (quoi.efface)
         effaceEcran(etat, surface);
@@ -32,8 +37,39 @@ Erreur redessine(Etat& etat, Surface& surface, const Redessin& quoi)
             quoi.avant();
         const int numero = options.ligne == 0 ? quoi.entrees[static_cast<std::size_t>(options.rang)] : 0;
         const ResultatTrace r = demandeTrace(etat, surface, numero, options, quoi.crochets);
-        if (quoi.apres ? !quoi.apres(options, r) : static_cast<bool>(r.erreur))
-            return r.erreur;
+        if (quoi.apres ? !quoi.apres(options, r) : static_cast<bool>(r.erreur)) {
+            erreur = r.erreur;
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+Erreur redessine(Etat& etat, Surface& surface, const Redessin& quoi)
+{
+    Erreur erreur;
+    if (etat.fenetre.modeEspace && renduCache(etat.rendu)) {
+        // The solid is resolved as a whole: everything goes to the scene,
+        // which then draws on the surface. Curves added to the picture
+        // cannot be resolved against lines already drawn, so the picture
+        // is drawn again whole with them. No pause: a surface is computed
+        // whole before it is drawn.
+        Redessin solide = quoi;
+        if (!solide.efface && solide.lignes.empty() && !solide.entrees.empty()) {
+            solide.efface = solide.repere = true;
+            solide.lignes = toutesLesLignes(etat.courbes);
+        }
+        solide.crochets.pause = nullptr;
+        solide.progres = nullptr;
+        Scene scene(surface, etat.param, etat.vue, etat.rendu.style);
+        const bool arrete = dessine(etat, scene, solide, erreur);
+        scene.resous();
+        if (arrete)
+            return erreur;
+    } else if (dessine(etat, surface, quoi, erreur)) {
+        return erreur;
     }
     if (quoi.etiquettes)
         dessineEtiquettes(etat.etiquettes, surface);

@@ -1,6 +1,8 @@
 #include "plot/traceurs.h"
 
+#include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "engine/points.h"
 #include "plot/point_trace.h"
@@ -151,14 +153,17 @@ public:
     // is, so the next admitted point is joined to the last one drawn (only
     // the point step lifts the pen, at points outside the drawing area and
     // at long jumps).
-    void poseEvalue(Couleur couleur)
+    // Answers whether the point was admitted, its image then in (sx, sy).
+    bool poseEvalue(Couleur couleur, double& sx, double& sy)
     {
         ++compteur;
         const GlobalesMoteur& m = etat.moteur;
-        double sx, sy;
-        if (projette(etat.param, etat.vue, etat.fenetre.modeEspace, m.pointX, m.pointY, m.pointZ, sx, sy) &&
-            pointAdmis(etat, sx, sy, m.pointX, m.pointY, m.pointZ))
-            pose(sx, sy, couleur);
+        if (!projette(etat.param, etat.vue, etat.fenetre.modeEspace, m.pointX, m.pointY, m.pointZ, sx, sy) ||
+            !pointAdmis(etat, sx, sy, m.pointX, m.pointY, m.pointZ))
+            return false;
+        etat.trace.espace = {m.pointX, m.pointY, m.pointZ};
+        pose(sx, sy, couleur);
+        return true;
     }
 
     Etat& etat;
@@ -215,7 +220,8 @@ FinTrace traceCourbeT(Etat& etat, Surface& surface, const CrochetsTrace& crochet
         evalue(etat.moteur, t, etat.fenetre.modeEspace);
         if (!tr.continuer())
             return false;
-        tr.poseEvalue(etat.couleurs.couleurTrace);
+        double sx, sy;
+        tr.poseEvalue(etat.couleurs.couleurTrace, sx, sy);
         return true;
     });
     return tr.fin;
@@ -229,6 +235,60 @@ void evaluePolaire(GlobalesMoteur& m, double t, bool espace)
 {
     pointpolaire(m, t, espace);
 }
+
+// A point of a family's (a, t) grid: the point of space, and its image when
+// it was admitted.
+struct Sommet {
+    Point3 p;
+    double sx, sy;
+    bool admis;
+};
+
+// The faces of a family: each quad of four admitted neighbours of the
+// (a, t) grid, gathered from two successive curves of a pass, its corners
+// always in the order (a, t), (a+, t), (a+, t+), (a, t+) whatever the pass,
+// so that its front side is the same. A quad across a jump (an edge too
+// long to be joined) is no face.
+struct FacesFamille {
+    bool actives = false, aExterieur = false;
+    std::vector<Sommet> precedent, rang;
+
+    void commence(bool oui, bool parA)
+    {
+        actives = oui;
+        aExterieur = parA;
+        precedent.clear();
+        rang.clear();
+    }
+
+    void finCourbe(const Etat& etat, Surface& surface, Couleur couleur)
+    {
+        if (!actives)
+            return;
+        const std::size_t n = std::min(precedent.size(), rang.size());
+        for (std::size_t k = 0; k + 1 < n; ++k) {
+            // Outer curve before and after, inner point k and k + 1.
+            const Sommet* q[4] = {&precedent[k], &rang[k], &rang[k + 1], &precedent[k + 1]};
+            if (!aExterieur)
+                std::swap(q[1], q[3]);
+            Point3 sommets[4];
+            double xs[4], ys[4];
+            bool face = true;
+            for (int c = 0; c < 4 && face; ++c) {
+                const Sommet& s = *q[c];
+                const Sommet& suivant = *q[(c + 1) % 4];
+                face = s.admis && sautAdmissible(etat.vue, s.sx, s.sy, suivant.sx, suivant.sy);
+                sommets[c] = s.p;
+                xs[c] = s.sx;
+                ys[c] = s.sy;
+            }
+            if (face)
+                surface.FaceEspace(sommets, xs, ys, 4, couleur);
+        }
+        std::swap(precedent, rang);
+        rang.clear();
+    }
+};
 
 // A family of curves of (a, t) (kinds 2 and 4), in the loop order
 // ordreBoucles: 0 a outer, 1 t outer, 2 both (trellis) in the family colour,
@@ -246,6 +306,7 @@ FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochet
         return refus;
 
     Tracage tr(etat, surface, crochets);
+    FacesFamille faces;
     int moirure = 0;
     auto debutCourbe = [&] {
         tr.nouvelleCourbe();
@@ -271,7 +332,10 @@ FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochet
             m.pointZ = zs[i];
             if (!tr.continuer())
                 return false;
-            tr.poseEvalue(etat.couleurs.couleurFamille);
+            Sommet s{{xs[i], ys[i], zs[i]}, 0, 0, false};
+            s.admis = tr.poseEvalue(etat.couleurs.couleurFamille, s.sx, s.sy);
+            if (faces.actives)
+                faces.rang.push_back(s);
         }
         return true;
     };
@@ -282,13 +346,19 @@ FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochet
     };
     auto courbe = [&](auto&& parcours) {
         debutCourbe();
-        return parcours() && (n == 0 || vide());
+        const bool suite = parcours() && (n == 0 || vide());
+        faces.finCourbe(etat, surface, etat.couleurs.couleurFamille);
+        return suite;
     };
+    // The faces come with the first pass only: one face per quad of the grid.
+    const bool avecFaces = etat.fenetre.modeEspace && renduCache(etat.rendu);
     auto passeAExterieur = [&] {
+        faces.commence(avecFaces && (ordre == 0), true);
         return ba.parcourt(
             [&](float a) { return courbe([&] { return bt.parcourt([&](double t) { return point(a, t); }); }); });
     };
     auto passeTExterieur = [&] {
+        faces.commence(avecFaces && ordre >= 1, false);
         return bt.parcourt(
             [&](double t) { return courbe([&] { return ba.parcourt([&](float a) { return point(a, t); }); }); });
     };
@@ -344,6 +414,7 @@ FinTrace traceExplicite(Etat& etat, Surface& surface, const CrochetsTrace& croch
             return true;
         t.ecranX = sx;
         t.ecranY = sy;
+        t.espace = {x, m.pointY, 0};
         if (tr.compteur == 10 && p.avecSegmentTangent)
             calculeTangente(etat, x, m.pointY);
         tr.pose(sx, sy, etat.couleurs.couleurTrace);

@@ -84,7 +84,9 @@ public:
             double ax, ay, bx, by;
             if (b.valeur == 0 || !segment(b.x, b.y, b.z, ax, ay, bx, by))
                 continue;
-            t_.ligne(ax, ay, bx, by);
+            const Point3 pa{t0_ * b.x, t0_ * b.y, t0_ * b.z}, pb{t1_ * b.x, t1_ * b.y, t1_ * b.z};
+            bouts_[i] = pb;
+            t_.ligneEspace(ax, ay, bx, by, pa, pb, [&](double x, double y) { return pointVu(pa, pb, x, y); });
             const double l = std::hypot(bx - ax, by - ay);
             double ex, ey;
             if (l >= 1)
@@ -93,11 +95,13 @@ public:
         }
         for (int i = 0; i < 6; ++i) {
             const DemiAxe& d = vus_[i];
+            t_.attache(&bouts_[i]);
             if (d.bout && bouts[i].valeur > 0)
                 t_.fleche(d.x, d.y, d.ux, d.uy);
             else if (d.bout)
                 t_.trait(d.x, d.y, d.ux, d.uy, tailleTrait);
         }
+        t_.attache(nullptr);
         lettres();
         for (int i = 0; i < 6; ++i)
             if (vus_[i].bout) {
@@ -127,8 +131,8 @@ private:
     }
 
     // Image of the part of the segment from the origin to (x, y, z) that
-    // lies in front of the viewer.
-    bool segment(double x, double y, double z, double& ax, double& ay, double& bx, double& by) const
+    // lies in front of the viewer (kept in t0_, t1_).
+    bool segment(double x, double y, double z, double& ax, double& ay, double& bx, double& by)
     {
         const double f0 = profondeur(0, 0, 0), f1 = profondeur(x, y, z);
         if (f0 <= procheViseur && f1 <= procheViseur)
@@ -138,7 +142,36 @@ private:
             t0 = (procheViseur - f0) / (f1 - f0);
         if (f1 < procheViseur)
             t1 = (procheViseur - f0) / (f1 - f0);
+        t0_ = t0;
+        t1_ = t1;
         return image(t0 * x, t0 * y, t0 * z, ax, ay) && image(t1 * x, t1 * y, t1 * z, bx, by);
+    }
+
+    // The point of the segment of space from a to b (in front of the viewer)
+    // whose image is the point (x, y) of the image of the segment, found by
+    // halving: the image moves along its segment as the point moves along a..b.
+    Point3 pointVu(const Point3& a, const Point3& b, double x, double y) const
+    {
+        double ax, ay, bx, by;
+        if (!image(a.x, a.y, a.z, ax, ay) || !image(b.x, b.y, b.z, bx, by))
+            return a;
+        const double dx = bx - ax, dy = by - ay, l2 = dx * dx + dy * dy;
+        if (!(l2 > 0))
+            return a;
+        const double cible = ((x - ax) * dx + (y - ay) * dy) / l2;
+        double bas = 0, haut = 1;
+        for (int k = 0; k < 50; ++k) {
+            const double u = (bas + haut) / 2;
+            double sx, sy;
+            if (!image(a.x + u * (b.x - a.x), a.y + u * (b.y - a.y), a.z + u * (b.z - a.z), sx, sy))
+                break;
+            if (((sx - ax) * dx + (sy - ay) * dy) / l2 < cible)
+                bas = u;
+            else
+                haut = u;
+        }
+        const double u = (bas + haut) / 2;
+        return {a.x + u * (b.x - a.x), a.y + u * (b.y - a.y), a.z + u * (b.z - a.z)};
     }
 
     // "I", "J", "K" beside their unit points, across their axis, with a
@@ -156,8 +189,11 @@ private:
             double sx, sy;
             if (!entier(u.x, u.y, u.z, sx, sy) || !t_.dedans(sx, sy))
                 continue;
+            const Point3 unite{u.x, u.y, u.z};
+            t_.attache(&unite);
             if (u.max >= 1 && u.axe.axe)
                 t_.trait(sx, sy, u.axe.ux, u.axe.uy, tailleTrait / 2);
+            t_.attache(nullptr);
             // Across the axis, on the lower right side.
             double nx = -u.axe.uy, ny = u.axe.ux;
             if (nx + ny < 0) {
@@ -208,6 +244,8 @@ private:
         double x = 0, y = 0, ux = 0, uy = 0;
     };
     DemiAxe vus_[6];
+    Point3 bouts_[6]{};            // the drawn end of each half-axis
+    double t0_ = 0, t1_ = 1;       // the part of the last half-axis in front of the viewer
 };
 
 }  // namespace

@@ -22,7 +22,10 @@ void TraceRepere::ligne(double x1, double y1, double x2, double y2)
 {
     if (!coupeSegment(x1, y1, x2, y2, 0, 0, surface.Width(), surface.Height()))
         return;
-    surface.Line(x1, y1, x2, y2, couleur_);
+    if (attache_)
+        surface.LineEspace(x1, y1, x2, y2, *attache_, *attache_, couleur_);
+    else
+        surface.Line(x1, y1, x2, y2, couleur_);
     traits_.push_back({x1, y1, x2, y2});
 }
 

@@ -36,11 +36,30 @@ public:
         (void)b;
         Line(x1, y1, x2, y2, couleur);
     }
+    // A point of space a shown at (x, y); drawn as PSet except where a
+    // surface that resolves hidden parts finds it hidden.
+    virtual void PSetEspace(double x, double y, const Point3& a, Couleur couleur)
+    {
+        (void)a;
+        PSet(x, y, couleur);
+    }
     // A face: the polygon of n corners (xs[i], ys[i]) filled in `couleur`,
     // without outline (its edges are drawn as lines). Drawn only by the
     // style "Faces ombrées"; a surface that cannot fill ignores it.
     virtual void Face(const double* xs, const double* ys, int n, Couleur couleur)
     {
+        (void)xs;
+        (void)ys;
+        (void)n;
+        (void)couleur;
+    }
+    // A face of space: the polygon of n corners (xs[i], ys[i]) on the
+    // surface, images of the points of space sommets[i], in `couleur`. It
+    // hides what lies behind it on a surface that resolves hidden parts;
+    // every other one draws nothing for it.
+    virtual void FaceEspace(const Point3* sommets, const double* xs, const double* ys, int n, Couleur couleur)
+    {
+        (void)sommets;
         (void)xs;
         (void)ys;
         (void)n;
