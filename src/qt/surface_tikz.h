@@ -4,6 +4,9 @@
 // single page is the size of the figure. Each colour is defined once, where
 // it is first used; the polylines are cut into \draw commands of a few
 // hundred points so that TeX's memory stays small whatever their length.
+// A hidden part (DrawStyle 1) is TikZ's `dashed`, whose dashes keep their
+// length on paper whatever the figure's width; a face is a \fill with a
+// hairline of its colour.
 #pragma once
 #include <optional>
 #include <ostream>
@@ -40,6 +43,7 @@ public:
 protected:
     void rectangle(double x, double y, double l, double h, Couleur couleur) override;
     void polyligne(const std::vector<PointPlan>& points, Couleur couleur, int largeur, int style) override;
+    void face(const std::vector<PointPlan>& coins, Couleur couleur) override;
     void cercle(double x, double y, double rayon, Couleur couleur, int largeur, int style) override;
     void ecrit(double x, double y, const QFont& police, Couleur couleur, const std::string& texte) override;
 
