@@ -250,6 +250,7 @@ protected:
 // Each output kind reaches its writer. The figure of what was drawn redraws
 // its entries, then its labels, at its window's size unless --taille says;
 // without --dossier its catalogue is looked for in the curves folder of its mode.
+// The rendering file beside the catalogue is read.
 TEST_F(Exporte, ChaqueFormatLaFigureEtLeTour)
 {
     const std::pair<const char*, const char*> cas[] = {
@@ -297,6 +298,12 @@ TEST_F(Exporte, ChaqueFormatLaFigureEtLeTour)
     EXPECT_EQ(std::tie(k.code, k.erreurs), std::make_tuple(0, std::string("velorin exporte : entrée 1 : genre 255, "
                                                                           "qu'aucun éditeur n'écrit (l'entrée se trace "
                                                                           "comme un nuage g<f<h).\n")));
+    // A drawing style is accepted; a rendering file that cannot be read is told in one line, and drawn past.
+    ecris("rendu.txt", "style=gris\n");
+    const Sortie r = exporte({"--rendu", "pointilles", "--sortie", chemin("r.txt")});
+    EXPECT_EQ(r.code, 0) << r.erreurs;
+    EXPECT_EQ(std::count(r.erreurs.begin(), r.erreurs.end(), '\n'), 1) << r.erreurs;
+    EXPECT_TRUE(contient(r.erreurs, "rendu.txt », ligne 1 : le style « gris » n'existe pas")) << r.erreurs;
 }
 
 TEST_F(Exporte, UnRefusParFamilleDArguments)
@@ -317,6 +324,7 @@ TEST_F(Exporte, UnRefusParFamilleDArguments)
         {"E --taille 10001x10 --sortie y.png", "hors des limites (1 à 10000 pixels de côté)"},
         {"E --tour oz+ --taille 10000x10000 --sortie y.gif", "plus que 4 milliards de pixels en tout"},
         {"E --ordre 4 --sortie y.png", "ordre des boucles incorrect « 4 »"},
+        {"E --rendu gris --sortie y.png", "style de rendu inconnu « gris » : filaire, pointilles, effaces ou faces"},
         {"E --largeur 0.2cm --sortie y.tex", "largeur incorrecte « 0.2cm »"},
         {"E --autonome --sortie y.png", "--autonome ne s'emploient qu'avec une sortie .tex"},
         {"E --entree 0 --sortie y.png", "numéro d'entrée incorrect « 0 »"},
