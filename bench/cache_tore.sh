@@ -1,7 +1,8 @@
 #!/bin/bash
 # Hidden parts of a 200 x 200 torus (x = (3+cos a)cos t, y = (3+cos a)sin t,
 # z = sin a, a and t over [0, 6.28] in 200 lines each, the view -4..4 on
-# every axis) drawn dashed, at 1600 x 1000 in PNG and in SVG, by one or more
+# every axis, seen from 31 degrees above its plane as gnuplot's default view
+# sees it from 30) drawn dashed, at 1600 x 1000 in PNG and in SVG, by one or more
 # builds of velorin (`exporte --rendu pointilles`) and by gnuplot (`set
 # hidden3d`, isosamples and samples 200,200, pngcairo 1600,1000 and svg
 # 1600,1000), the programs alternated run by run, N runs (5 unless given).
@@ -32,8 +33,8 @@ pas=0.0315578  # 6.28 / 199
 cat >"$dossier/mem.log" <<FIN
 -4,4,-4,4,-4,4
 0,6.28,$pas,0,6.28,$pas
-200,40,20,15,10,7.5
-5,-15,-10,-7.5,0,0,1,0
+200,40,20,7.5,5,5.5
+5,-7.5,-5,-5.5,0,0,1,0
 0,0,0,0,0,0,1,0,0
 0,0,#FALSE#
 FIN
