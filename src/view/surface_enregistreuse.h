@@ -15,9 +15,9 @@
 // width is DrawWidth in pixels, style DrawStyle (0 solid, 1 dashed: a part
 // hidden by a surface, 2 dotted), size the font size in points. FACE is a
 // filled polygon of n corners (at least 3) without outline, in the styles
-// that shade the surfaces' faces; a face of fewer corners is not kept. Texts are between double quotes, a quote inside is
-// doubled, and line breaks become blanks so that one operation stays on one
-// line.
+// that shade the surfaces' faces; a face of fewer corners is not kept.
+// Texts are between double quotes, a quote inside is doubled, and line
+// breaks become blanks so that one operation stays on one line.
 //
 // Text metrics are a fixed estimate, the same on every machine, so that
 // layouts computed against this surface are testable: a character (UTF-8

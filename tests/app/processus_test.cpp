@@ -250,7 +250,6 @@ protected:
 // Each output kind reaches its writer. The figure of what was drawn redraws
 // its entries, then its labels, at its window's size unless --taille says;
 // without --dossier its catalogue is looked for in the curves folder of its mode.
-// The rendering file beside the catalogue is read.
 TEST_F(Exporte, ChaqueFormatLaFigureEtLeTour)
 {
     const std::pair<const char*, const char*> cas[] = {
@@ -301,8 +300,7 @@ TEST_F(Exporte, ChaqueFormatLaFigureEtLeTour)
     // A drawing style is accepted; a rendering file that cannot be read is told in one line, and drawn past.
     ecris("rendu.txt", "style=gris\n");
     const Sortie r = exporte({"--rendu", "pointilles", "--sortie", chemin("r.txt")});
-    EXPECT_EQ(r.code, 0) << r.erreurs;
-    EXPECT_EQ(std::count(r.erreurs.begin(), r.erreurs.end(), '\n'), 1) << r.erreurs;
+    EXPECT_EQ(std::tuple(r.code, std::ranges::count(r.erreurs, '\n')), std::tuple(0, 1)) << r.erreurs;
     EXPECT_TRUE(contient(r.erreurs, "rendu.txt », ligne 1 : le style « gris » n'existe pas")) << r.erreurs;
 }
 
