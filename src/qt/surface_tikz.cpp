@@ -210,15 +210,26 @@ void SurfaceTikz::polyligne(const std::vector<PointPlan>& points, Couleur c, int
 
 void SurfaceTikz::face(const std::vector<PointPlan>& coins, Couleur c)
 {
-    // Half a pixel of hairline, as the other vector outputs.
-    texte_ = "\\fill[" + couleur(c) + ",draw,line width=";
-    nombre(0.5 * cm_ * ptParCm);
-    texte_ += "pt]";
-    for (std::size_t i = 0; i < coins.size(); ++i) {
-        texte_ += i == 0 ? " " : i % 6 == 0 ? "\n  -- " : " -- ";
-        point(coins[i].x, coins[i].y);
+    texte_.clear();
+    if (!largeurFaces_) {
+        // Half a pixel, as the other vector outputs.
+        texte_ = "\\pgfsetlinewidth{";
+        nombre(0.5 * cm_ * ptParCm);
+        texte_ += "pt}\n";
+        largeurFaces_ = true;
     }
-    texte_ += " -- cycle;\n";
+    if (couleurFaces_ != long(c & 0xFFFFFF)) {
+        texte_ += "\\pgfsetcolor{" + couleur(c) + '}';
+        couleurFaces_ = long(c & 0xFFFFFF);
+    }
+    for (std::size_t i = 0; i < coins.size(); ++i) {
+        texte_ += i == 0 ? "\\pgfpathqmoveto{" : "\\pgfpathqlineto{";
+        nombre(coins[i].x * cm_ * ptParCm);
+        texte_ += "pt}{";
+        nombre((hauteurPx_ - coins[i].y) * cm_ * ptParCm);
+        texte_ += "pt}";
+    }
+    texte_ += "\\pgfpathclose\\pgfusepathqfillstroke\n";
     sortie_ << texte_;
 }
 
