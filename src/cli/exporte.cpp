@@ -3,6 +3,7 @@
 // without a display; with --tour,
 // every redraw of a full turn of the view into an animated GIF or numbered
 // files.
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <cstdio>
@@ -29,12 +30,17 @@ namespace {
 constexpr const char* kUsage =
     "Usage : velorin exporte [--dossier DOSSIER] [--plan] [--parametres FICHIER] [--taille LxH] [--ordre 0-3]\n"
     "                        (--catalogue FICHIER.lsu --entree N [--entree N ...] | --figure FICHIER.fig)\n"
-    "                        --sortie FICHIER.(png|svg|pdf|tex|txt|fig) [--chrono]\n"
+    "                        --sortie FICHIER.(png|svg|pdf|tex|txt|fig) [--rendu STYLE] [--chrono]\n"
     "       velorin exporte ... --tour AXE --sortie (ANIM.gif | IMAGES_%03d.(png|svg|pdf|txt))\n"
     "                        AXE : oz+, oz-, oy+, oy-, ox+, ox-, vision+ ou vision-\n"
     "  --figure : la figure est dessinée à la taille de sa fenêtre (sauf --taille), labels compris ;\n"
     "             son catalogue est cherché dans --dossier, sinon dans le dossier des courbes de son mode.\n"
-    "  --sortie FICHIER.fig : la figure de ce qui est dessiné.\n"
+    "  --sortie FICHIER.fig : la figure de ce qui est dessiné ; FICHIER.txt : le journal des opérations\n"
+    "             (LINE, PSET, CIRCLE, PRINT, CLEAR et FACE, une face pleine).\n"
+    "  --rendu STYLE : filaire (fil de fer), pointilles (parties cachées en pointillés), effaces\n"
+    "             (parties cachées effacées) ou faces (faces ombrées) ; sans --rendu, le style du\n"
+    "             « rendu.txt » à côté des paramètres, sinon filaire. Hors filaire, chaque surface\n"
+    "             est calculée en entier avant d'être dessinée.\n"
     "  --sortie FICHIER.tex [--largeur 12cm] [--autonome] : une figure TikZ de cette largeur (cm ou mm),\n"
     "             à \\input dans un document LaTeX, ou avec --autonome un document complet d'une page.\n";
 
@@ -50,6 +56,9 @@ bool litEntier(const char* texte, int& valeur)
     auto [p, ec] = std::from_chars(texte, fin, valeur);
     return ec == std::errc() && p == fin;
 }
+
+// The names of the drawing styles, in the order of StyleRendu.
+constexpr const char* nomsRendus[] = {"filaire", "pointilles", "effaces", "faces"};
 
 bool litTaille(const std::string& texte, int& largeur, int& hauteur)
 {
@@ -128,7 +137,7 @@ int commandeExporte(int argc, char** argv)
         const bool avecValeur = option == "--dossier" || option == "--parametres" || option == "--taille" ||
                                 option == "--catalogue" || option == "--entree" || option == "--figure" ||
                                 option == "--sortie" || option == "--ordre" || option == "--tour" ||
-                                option == "--largeur";
+                                option == "--largeur" || option == "--rendu";
         if (avecValeur && i + 1 >= argc)
             return erreur("l'option " + option + " attend une valeur\n" + kUsage);
         if (option == "--plan")
@@ -163,6 +172,12 @@ int commandeExporte(int argc, char** argv)
         } else if (option == "--ordre") {
             if (!litEntier(argv[++i], d.ordreBoucles) || d.ordreBoucles < 0 || d.ordreBoucles > 3)
                 return erreur(std::string("ordre des boucles incorrect « ") + argv[i] + " » : 0, 1, 2 ou 3");
+        } else if (option == "--rendu") {
+            const std::string nom = argv[++i];
+            const auto trouve = std::find(std::begin(nomsRendus), std::end(nomsRendus), nom);
+            if (trouve == std::end(nomsRendus))
+                return erreur("style de rendu inconnu « " + nom + " » : filaire, pointilles, effaces ou faces");
+            d.style = static_cast<StyleRendu>(trouve - std::begin(nomsRendus));
         } else if (option == "--tour") {
             d.tour = tourDeNom(argv[++i]);
             if (d.tour < 0)

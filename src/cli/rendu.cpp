@@ -50,9 +50,30 @@ void ajusteTaille(const DemandeRendu& d, Etat& etat, std::string& avertissement)
         avertissement = messageBaseRetablie;
 }
 
+// The rendering settings of the drawing (see DemandeRendu::style); the
+// message of a file that cannot be read, or nothing.
+std::string prepareRendu(const DemandeRendu& d, Rendu& rendu)
+{
+    std::string note;
+    for (const std::string& pres : {d.parametres, d.catalogue}) {
+        if (pres.empty())
+            continue;
+        const fs::path fichier = fs::path(pres).parent_path() / nomFichierRendu();
+        std::error_code ec;
+        if (!fs::exists(fichier, ec))
+            continue;
+        if (auto erreur = lisRendu(fichier.string(), rendu))
+            note = erreur.message();
+        break;
+    }
+    if (d.style)
+        rendu.style = *d.style;
+    return note;
+}
+
 // Prepares the state as the main window has it after reading the parameters
 // for a drawing area of that size.
-Erreur prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertissement)
+Erreur prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertissement, std::string& noteRendu)
 {
     etat.fenetre.metsModeEspace(d.espace);
     const fs::path cat(d.catalogue);
@@ -78,6 +99,7 @@ Erreur prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertissement
             return "Le catalogue " + texteCite(d.catalogue) + " n'a pas d'entrée " + std::to_string(n) + " (il en a " +
                    std::to_string(etat.catalogue.nbLignesCatalogue) + ").";
     }
+    noteRendu = prepareRendu(d, etat.rendu);
     ajusteTaille(d, etat, avertissement);
     return {};
 }
@@ -86,7 +108,7 @@ Erreur prepareEtat(const DemandeRendu& d, Etat& etat, std::string& avertissement
 // first to learn its mode and catalogue, whose folder gives the parameter
 // file, then over those parameters. The size drawn is the figure's window
 // unless the request chose one.
-Erreur prepareFigure(DemandeRendu& d, Etat& etat, std::string& avertissement)
+Erreur prepareFigure(DemandeRendu& d, Etat& etat, std::string& avertissement, std::string& noteRendu)
 {
     if (auto erreur = verifieFichierLisible(d.figure, "La figure"))
         return erreur;
@@ -123,6 +145,7 @@ Erreur prepareFigure(DemandeRendu& d, Etat& etat, std::string& avertissement)
         d.largeurPx = static_cast<int>(l);
         d.hauteurPx = static_cast<int>(h);
     }
+    noteRendu = prepareRendu(d, etat.rendu);
     ajusteTaille(d, etat, avertissement);
     return {};
 }
@@ -295,10 +318,15 @@ ResultatRendu renduDemande(const DemandeRendu& demande)
         return r;
     }
     Etat etat;
-    r.erreur = d.figure.empty() ? prepareEtat(d, etat, r.avertissement) : prepareFigure(d, etat, r.avertissement);
+    std::string noteRendu;
+    r.erreur = d.figure.empty() ? prepareEtat(d, etat, r.avertissement, noteRendu)
+                                : prepareFigure(d, etat, r.avertissement, noteRendu);
     if (r.erreur)
         return r;
-    r.remarques = genresNonEcrits(etat, d);
+    if (!noteRendu.empty())
+        r.remarques.push_back(noteRendu);
+    for (std::string& remarque : genresNonEcrits(etat, d))
+        r.remarques.push_back(std::move(remarque));
     if (d.tour >= 0)
         renduTour(etat, d, r);
     else if (format == FormatSortie::Figure)

@@ -6,11 +6,13 @@
 // and `velorin sansfenetre`.
 #pragma once
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "base/erreur.h"
 #include "qt/dessin_fichier.h"
+#include "settings/rendu.h"
 
 namespace velorin {
 
@@ -46,6 +48,12 @@ struct DemandeRendu {
     std::string dossierCatalogue;
     // The size was chosen: otherwise a figure is drawn at its window's size.
     bool tailleDonnee = false;
+    // The drawing style asked. The other rendering settings, and the style
+    // when none is asked, come from the "rendu.txt" beside the parameter
+    // file in use, else from the one in the catalogue's folder, else are
+    // the built-in ones ("Fil de fer", the program's perspective). A file
+    // that cannot be read is told (a remark) and its settings are not used.
+    std::optional<StyleRendu> style;
     // Told often while drawing (before each curve or picture, and every
     // few thousand points) the step in progress: "entrée k sur n",
     // "courbe k sur n" for a figure's rows, "image k sur n" in a turn.
@@ -55,8 +63,9 @@ struct DemandeRendu {
 struct ResultatRendu {
     Erreur erreur;                 // French, one line
     std::string avertissement;     // e.g. refused ranges reset; the file is written all the same
-    // Entries of a kind no editor writes, drawn all the same (as clouds):
-    // "entrée 3 : genre 255, qu'aucun éditeur n'écrit ...", one a line.
+    // A rendering file that cannot be read, then the entries of a kind no
+    // editor writes, drawn all the same (as clouds): "entrée 3 : genre 255,
+    // qu'aucun éditeur n'écrit ...", one a line.
     std::vector<std::string> remarques;
     std::vector<double> dureesMs;  // tracing time of each entry (of every redraw of a turn)
     int images = 0;                // files or GIF pictures written for a turn

@@ -146,15 +146,17 @@ void SurfacePdf::rectangle(double x, double y, double l, double h, Couleur c)
     contenu(s);
 }
 
-// The QPainter surface's pen: round caps, or flat caps and dots one width
-// long, two apart.
+// The QPainter surface's pen: round caps, or flat caps and dashes six widths
+// long, four apart, or dots one width long, two apart.
 void SurfacePdf::trait(Couleur c, int l, int style)
 {
     std::string& s = texte_;
     s.clear();
     couleur(s, c, "RG");
     s += std::to_string(l) + " w ";
-    if (style == 2)
+    if (style == 1)
+        s += "0 J [" + std::to_string(6 * l) + ' ' + std::to_string(4 * l) + "] 0 d\n";
+    else if (style == 2)
         s += "0 J [" + std::to_string(l) + ' ' + std::to_string(2 * l) + "] 0 d\n";
     else
         s += "1 J [] 0 d\n";
@@ -170,6 +172,23 @@ void SurfacePdf::polyligne(const std::vector<PointPlan>& points, Couleur c, int 
         s += i == 0 ? "m\n" : "l\n";
     }
     s += "S\n";
+    contenu(s);
+}
+
+// Filled and stroked with a half-pixel hairline of its colour, solid.
+void SurfacePdf::face(const std::vector<PointPlan>& coins, Couleur c)
+{
+    std::string& s = texte_;
+    s.clear();
+    couleur(s, c, "rg");
+    couleur(s, c, "RG");
+    s += "0.5 w [] 0 d\n";
+    for (std::size_t i = 0; i < coins.size(); ++i) {
+        nombre(s, coins[i].x);
+        nombre(s, coins[i].y);
+        s += i == 0 ? "m\n" : "l\n";
+    }
+    s += "h B\n";
     contenu(s);
 }
 

@@ -26,6 +26,7 @@ public:
 protected:
     void rectangle(double x, double y, double l, double h, Couleur couleur) override;
     void polyligne(const std::vector<PointPlan>& points, Couleur couleur, int largeur, int style) override;
+    void face(const std::vector<PointPlan>& coins, Couleur couleur) override;
     void cercle(double x, double y, double rayon, Couleur couleur, int largeur, int style) override;
     void ecrit(double x, double y, const QFont& police, Couleur couleur, const std::string& texte) override;
 

@@ -49,6 +49,8 @@ void SurfaceQPainter::prepare(QPaintDevice& device)
 {
     kx_ = device.logicalDpiX() / twipsParPouce;
     ky_ = device.logicalDpiY() / twipsParPouce;
+    const int genre = device.devType();
+    matriciel_ = genre == QInternal::Image || genre == QInternal::Pixmap || genre == QInternal::Widget;
     painter_->setRenderHint(QPainter::Antialiasing, true);
     painter_->setRenderHint(QPainter::TextAntialiasing, true);
 }
@@ -69,7 +71,10 @@ QPen SurfaceQPainter::stylo(Couleur couleur, int largeur, int style) const
     pen.setWidthF(epaisseur(largeur));
     pen.setCapStyle(Qt::FlatCap);
     pen.setJoinStyle(Qt::RoundJoin);
-    if (style == 2) {
+    if (style == 1) {
+        // In pen widths, as the vector surfaces write it.
+        pen.setDashPattern({6, 4});
+    } else if (style == 2) {
         // Dot, two blanks: in pen widths, so still visible at one pixel.
         pen.setDashPattern({1, 2});
     } else {
@@ -166,6 +171,28 @@ void SurfaceQPainter::Clear(Couleur fond)
     painter_->fillRect(QRectF(0, 0, largeur_ * kx_, hauteur_ * ky_), couleurQt(fond));
     CurrentX = 0;
     CurrentY = 0;
+}
+
+void SurfaceQPainter::Face(const double* xs, const double* ys, int n, Couleur couleur)
+{
+    if (n < 3)
+        return;
+    Acheve();
+    face_.resize(n);
+    for (int i = 0; i < n; ++i)
+        face_[i] = point(xs[i], ys[i]);
+    const QColor c = couleurQt(couleur);
+    if (matriciel_) {
+        painter_->setPen(Qt::NoPen);
+    } else {
+        QPen bord(c, 0.5 * twipsParPixelEcran * kx_);
+        bord.setJoinStyle(Qt::RoundJoin);
+        painter_->setPen(bord);
+    }
+    painter_->setBrush(c);
+    painter_->setRenderHint(QPainter::Antialiasing, !matriciel_);
+    painter_->drawPolygon(face_);
+    painter_->setRenderHint(QPainter::Antialiasing, true);
 }
 
 double SurfaceQPainter::TextWidth(const std::string& texte) const

@@ -12,8 +12,18 @@
 // Wide pens are drawn in short pieces because a long wide anti-aliased
 // polyline is very slow to stroke.
 // DrawWidth counts pixels of a 96 dpi screen (15 twips each), so a printed
-// or exported drawing keeps the look of the window. DrawStyle 2 is a dotted
-// line (dots one pen width long, two apart).
+// or exported drawing keeps the look of the window. DrawStyle 1 is a dashed
+// line, for the parts hidden by a surface (dashes six pen widths long, four
+// apart: about 1.5 mm and 1 mm on a screen), DrawStyle 2 a dotted line (dots
+// one pen width long, two apart); both have flat caps, so that the gaps stay
+// open. A change of colour or pen ends the polyline being gathered, so a
+// dashed piece is never stroked with the solid line it follows.
+//
+// Faces are filled without anti-aliasing on a bitmap, so that two faces
+// sharing an edge leave no seam of the background between them; on a vector
+// device (PDF, printer, SVG generator), where the viewer smooths each
+// polygon on its own, a hairline of the face's colour round it closes the
+// seam.
 #pragma once
 #include <QFont>
 #include <QImage>
@@ -46,6 +56,7 @@ public:
     void Circle(double x, double y, double rayon, Couleur couleur) override;
     void Print(const std::string& texte) override;
     void Clear(Couleur fond) override;
+    void Face(const double* xs, const double* ys, int n, Couleur couleur) override;
     double Width() const override { return largeur_; }
     double Height() const override { return hauteur_; }
     double TextWidth(const std::string& texte) const override;
@@ -67,6 +78,8 @@ private:
     QPainter* painter_ = nullptr;
     double largeur_ = 0, hauteur_ = 0;
     double kx_ = 1, ky_ = 1;  // logical pixels per twip
+    bool matriciel_ = true;   // the device is a bitmap
+    QPolygonF face_;          // reused by Face
 
     // The polyline being gathered and the pen it was started with.
     QPolygonF trait_;

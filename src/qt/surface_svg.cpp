@@ -54,13 +54,22 @@ void SurfaceSvg::termine()
     if (fini_)
         return;
     Acheve();
+    fermeGroupe();
     sortie_ << "</svg>\n";
     sortie_.flush();
     fini_ = true;
 }
 
+void SurfaceSvg::fermeGroupe()
+{
+    if (groupe_)
+        sortie_ << "</g>\n";
+    groupe_ = false;
+}
+
 void SurfaceSvg::rectangle(double x, double y, double l, double h, Couleur c)
 {
+    fermeGroupe();
     std::string& s = texte_;
     s = "<rect x=\"";
     nombre(s, x);
@@ -82,7 +91,9 @@ void SurfaceSvg::trait(Couleur c, int l, int style)
     s += " fill=\"none\" stroke=\"";
     couleur(s, c);
     s += "\" stroke-width=\"" + std::to_string(l) + "\" stroke-linejoin=\"round\" stroke-linecap=\"";
-    if (style == 2)
+    if (style == 1)
+        s += "butt\" stroke-dasharray=\"" + std::to_string(6 * l) + ',' + std::to_string(4 * l) + "\"";
+    else if (style == 2)
         s += "butt\" stroke-dasharray=\"" + std::to_string(l) + ',' + std::to_string(2 * l) + "\"";
     else
         s += "round\"";
@@ -90,6 +101,7 @@ void SurfaceSvg::trait(Couleur c, int l, int style)
 
 void SurfaceSvg::polyligne(const std::vector<PointPlan>& points, Couleur c, int largeur, int style)
 {
+    fermeGroupe();
     std::string& s = texte_;
     s = "<polyline";
     trait(c, largeur, style);
@@ -104,8 +116,32 @@ void SurfaceSvg::polyligne(const std::vector<PointPlan>& points, Couleur c, int 
     sortie_ << s;
 }
 
+void SurfaceSvg::face(const std::vector<PointPlan>& coins, Couleur c)
+{
+    std::string& s = texte_;
+    s.clear();
+    if (!groupe_)
+        s = "<g stroke-width=\"0.5\" stroke-linejoin=\"round\">\n";
+    groupe_ = true;
+    s += "<polygon fill=\"";
+    couleur(s, c);
+    s += "\" stroke=\"";
+    couleur(s, c);
+    s += "\" points=\"";
+    for (const PointPlan& p : coins) {
+        nombre(s, p.x);
+        s += ',';
+        nombre(s, p.y);
+        s += ' ';
+    }
+    s.back() = '"';
+    s += "/>\n";
+    sortie_ << s;
+}
+
 void SurfaceSvg::cercle(double x, double y, double rayon, Couleur c, int largeur, int style)
 {
+    fermeGroupe();
     std::string& s = texte_;
     s = "<ellipse cx=\"";
     nombre(s, x);
@@ -123,6 +159,7 @@ void SurfaceSvg::cercle(double x, double y, double rayon, Couleur c, int largeur
 
 void SurfaceSvg::ecrit(double x, double y, const QFont& f, Couleur c, const std::string& texte)
 {
+    fermeGroupe();
     std::string& s = texte_;
     s = "<text fill=\"";
     couleur(s, c);

@@ -22,14 +22,18 @@ public:
 protected:
     void rectangle(double x, double y, double l, double h, Couleur couleur) override;
     void polyligne(const std::vector<PointPlan>& points, Couleur couleur, int largeur, int style) override;
+    void face(const std::vector<PointPlan>& coins, Couleur couleur) override;
     void cercle(double x, double y, double rayon, Couleur couleur, int largeur, int style) override;
     void ecrit(double x, double y, const QFont& police, Couleur couleur, const std::string& texte) override;
 
 private:
     void trait(Couleur couleur, int largeur, int style);
+    // Consecutive faces share a group that carries their hairline's width;
+    // any other shape closes it first.
+    void fermeGroupe();
 
     std::ostream& sortie_;
-    bool fini_ = false;
+    bool fini_ = false, groupe_ = false;
     std::string texte_;  // the element being written
 };
 

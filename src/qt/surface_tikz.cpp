@@ -170,7 +170,9 @@ void SurfaceTikz::trait(Couleur c, int largeur, int style)
     texte_ = "\\draw[" + couleur(c) + ",line width=";
     nombre(pt);
     texte_ += "pt";
-    if (style == 2) {
+    if (style == 1) {
+        texte_ += ",line cap=butt,dashed]";
+    } else if (style == 2) {
         texte_ += ",line cap=butt,dash pattern=on ";
         nombre(pt);
         texte_ += "pt off ";
@@ -204,6 +206,31 @@ void SurfaceTikz::polyligne(const std::vector<PointPlan>& points, Couleur c, int
         texte_ += ";\n";
         sortie_ << texte_;
     }
+}
+
+void SurfaceTikz::face(const std::vector<PointPlan>& coins, Couleur c)
+{
+    texte_.clear();
+    if (!largeurFaces_) {
+        // Half a pixel, as the other vector outputs.
+        texte_ = "\\pgfsetlinewidth{";
+        nombre(0.5 * cm_ * ptParCm);
+        texte_ += "pt}\n";
+        largeurFaces_ = true;
+    }
+    if (couleurFaces_ != long(c & 0xFFFFFF)) {
+        texte_ += "\\pgfsetcolor{" + couleur(c) + '}';
+        couleurFaces_ = long(c & 0xFFFFFF);
+    }
+    for (std::size_t i = 0; i < coins.size(); ++i) {
+        texte_ += i == 0 ? "\\pgfpathqmoveto{" : "\\pgfpathqlineto{";
+        nombre(coins[i].x * cm_ * ptParCm);
+        texte_ += "pt}{";
+        nombre((hauteurPx_ - coins[i].y) * cm_ * ptParCm);
+        texte_ += "pt}";
+    }
+    texte_ += "\\pgfpathclose\\pgfusepathqfillstroke\n";
+    sortie_ << texte_;
 }
 
 void SurfaceTikz::cercle(double x, double y, double rayon, Couleur c, int largeur, int style)

@@ -74,6 +74,17 @@ void SurfaceVectorielle::PSet(double x, double y, Couleur c)
     CurrentY = y;
 }
 
+void SurfaceVectorielle::Face(const double* xs, const double* ys, int n, Couleur c)
+{
+    if (n < 3)
+        return;
+    Acheve();
+    coins_.resize(std::size_t(n));
+    for (int i = 0; i < n; ++i)
+        coins_[std::size_t(i)] = {xs[i] * pixelsParTwip, ys[i] * pixelsParTwip};
+    face(coins_, c);
+}
+
 void SurfaceVectorielle::Circle(double x, double y, double rayon, Couleur c)
 {
     Acheve();

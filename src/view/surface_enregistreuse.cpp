@@ -76,6 +76,19 @@ void SurfaceEnregistreuse::Clear(Couleur fond)
     CurrentY = 0;
 }
 
+void SurfaceEnregistreuse::Face(const double* xs, const double* ys, int n, Couleur couleur)
+{
+    if (n < 3)
+        return;
+    OperationDessin op = nouvelle(OperationDessin::Genre::Face, couleur);
+    op.sommets.reserve(std::size_t(2 * n));
+    for (int i = 0; i < n; ++i) {
+        op.sommets.push_back(xs[i]);
+        op.sommets.push_back(ys[i]);
+    }
+    garde(op);
+}
+
 double SurfaceEnregistreuse::TextWidth(const std::string& texte) const
 {
     return 0.6 * FontSize * 20 * static_cast<double>(nombreCaracteres(texte));
@@ -182,6 +195,13 @@ void ajouteAuJournal(const OperationDessin& op, std::string& s)
         break;
     case G::Effacement:
         s += "CLEAR";
+        champ(texteEntier(op.couleur));
+        break;
+    case G::Face:
+        s += "FACE";
+        champ(texteEntier(static_cast<long long>(op.sommets.size() / 2)));
+        for (double v : op.sommets)
+            champ(texteCourt(v));
         champ(texteEntier(op.couleur));
         break;
     }

@@ -11,10 +11,13 @@
 //   CIRCLE x y radius colour width style
 //   PRINT x y colour "font" size "text"
 //   CLEAR colour
-// width is DrawWidth in pixels, style DrawStyle (0 solid, 2 dotted), size the
-// font size in points. Texts are between double quotes, a quote inside is
-// doubled, and line breaks become blanks so that one operation stays on one
-// line.
+//   FACE n x1 y1 ... xn yn colour
+// width is DrawWidth in pixels, style DrawStyle (0 solid, 1 dashed: a part
+// hidden by a surface, 2 dotted), size the font size in points. FACE is a
+// filled polygon of n corners (at least 3) without outline, in the styles
+// that shade the surfaces' faces; a face of fewer corners is not kept.
+// Texts are between double quotes, a quote inside is doubled, and line
+// breaks become blanks so that one operation stays on one line.
 //
 // Text metrics are a fixed estimate, the same on every machine, so that
 // layouts computed against this surface are testable: a character (UTF-8
@@ -30,7 +33,7 @@
 namespace velorin {
 
 struct OperationDessin {
-    enum class Genre { Ligne, Point, Cercle, Texte, Effacement };
+    enum class Genre { Ligne, Point, Cercle, Texte, Effacement, Face };
     Genre genre = Genre::Ligne;
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0;  // Point, Cercle, Texte: (x1, y1)
     double rayon = 0;
@@ -40,6 +43,7 @@ struct OperationDessin {
     std::string police;
     double taille = 0;  // FontSize
     std::string texte;
+    std::vector<double> sommets;  // Face: x1, y1, x2, y2, ...
 };
 
 class SurfaceEnregistreuse : public Surface {
@@ -52,6 +56,7 @@ public:
     void Circle(double x, double y, double rayon, Couleur couleur) override;
     void Print(const std::string& texte) override;
     void Clear(Couleur fond) override;
+    void Face(const double* xs, const double* ys, int n, Couleur couleur) override;
     double Width() const override { return largeur_; }
     double Height() const override { return hauteur_; }
     double TextWidth(const std::string& texte) const override;

@@ -297,6 +297,11 @@ TEST_F(Exporte, ChaqueFormatLaFigureEtLeTour)
     EXPECT_EQ(std::tie(k.code, k.erreurs), std::make_tuple(0, std::string("velorin exporte : entrée 1 : genre 255, "
                                                                           "qu'aucun éditeur n'écrit (l'entrée se trace "
                                                                           "comme un nuage g<f<h).\n")));
+    // A drawing style is accepted; a rendering file that cannot be read is told in one line, and drawn past.
+    ecris("rendu.txt", "style=gris\n");
+    const Sortie r = exporte({"--rendu", "pointilles", "--sortie", chemin("r.txt")});
+    EXPECT_EQ(std::tuple(r.code, std::ranges::count(r.erreurs, '\n')), std::tuple(0, 1)) << r.erreurs;
+    EXPECT_TRUE(contient(r.erreurs, "rendu.txt », ligne 1 : le style « gris » n'existe pas")) << r.erreurs;
 }
 
 TEST_F(Exporte, UnRefusParFamilleDArguments)
@@ -317,6 +322,7 @@ TEST_F(Exporte, UnRefusParFamilleDArguments)
         {"E --taille 10001x10 --sortie y.png", "hors des limites (1 à 10000 pixels de côté)"},
         {"E --tour oz+ --taille 10000x10000 --sortie y.gif", "plus que 4 milliards de pixels en tout"},
         {"E --ordre 4 --sortie y.png", "ordre des boucles incorrect « 4 »"},
+        {"E --rendu gris --sortie y.png", "style de rendu inconnu « gris » : filaire, pointilles, effaces ou faces"},
         {"E --largeur 0.2cm --sortie y.tex", "largeur incorrecte « 0.2cm »"},
         {"E --autonome --sortie y.png", "--autonome ne s'emploient qu'avec une sortie .tex"},
         {"E --entree 0 --sortie y.png", "numéro d'entrée incorrect « 0 »"},

@@ -1,6 +1,8 @@
 // The SVG written as it is drawn, against the picture a painter on Qt's SVG
 // generator gave for the same drawing: both rendered, pixel against pixel.
 // The PDF written as it is drawn: its table of objects and its content.
+// Faces and hidden parts in every output, read back as pixels (Qt's SVG
+// renderer, pdftoppm, pdflatex).
 #include <QBuffer>
 #include <QPainter>
 #include <QSvgGenerator>
@@ -11,6 +13,7 @@
 #include <zlib.h>
 
 #include "commun/commun.h"
+#include "qt/dessin_fichier.h"
 #include "qt/surface_pdf.h"
 #include "qt/surface_qpainter.h"
 #include "qt/surface_svg.h"
@@ -18,7 +21,7 @@
 namespace velorin::essai {
 namespace {
 
-QImage rendue(const QByteArray& svg)
+template <typename Source> QImage rendue(const Source& svg)
 {
     QImage image(240, 160, QImage::Format_RGB32);
     image.fill(Qt::magenta);
@@ -112,6 +115,60 @@ TEST(SurfacePdf, ObjetsALeurPlaceEtTexteEchappe)
               Z_OK);
     contenu.resize(taille);
     EXPECT_NE(contenu.find("(\\(\xE9\\)\\\\) Tj"), std::string::npos) << contenu;
+}
+
+// A face is filled in its colour without a seam of the background along the
+// slanted edge it shares with its neighbour; a dashed piece has gaps and is
+// not gathered with the solid line it goes on from (in two-pixel steps, as
+// a mesh's segments come), which would make one of them the other's style.
+TEST(Sorties, FacesSansCoutureEtPartiesCacheesEnTirets)
+{
+    const auto dessine = [](Surface& s) -> Erreur {
+        const double t = twipsParPixelEcran, ys[] = {20 * t, 20 * t, 80 * t, 80 * t};
+        const double gauche[] = {20 * t, 50.3 * t, 49.6 * t, 20 * t}, droite[] = {50.3 * t, 80 * t, 80 * t, 49.6 * t};
+        s.Clear(0xFFFFFF);
+        s.Face(gauche, ys, 4, 0xFF0000);
+        s.Face(droite, ys, 4, 0xFF0000);
+        for (int x = 100; x < 190; x += 2, s.DrawStyle = x < 140 ? 0 : 1)
+            s.Line(x * t, 50.5 * t, (x + 2) * t, 50.5 * t, 0);
+        return {};
+    };
+    const bool outils = std::system("{ command -v pdflatex && command -v pdftoppm; } >/dev/null 2>&1") == 0;
+    const std::string page = " && pdftoppm -r 96 -png -singlefile a.pdf page";
+    // Output, the commands that make page.png of it (none: Qt reads it), a TeX page a pixel larger at most.
+    const std::pair<const char*, std::string> sorties[] = {
+        {"a.png", ""}, {"a.svg", ""}, {"a.pdf", "true" + page}, {"a.tex", "pdflatex -halt-on-error a.tex" + page}};
+    for (const auto& [nom, relecture] : sorties) {
+        DossierTemporaire d;
+        EcritureEntiere fichier(d / nom);
+        ASSERT_FALSE(dessineDansFichier(fichier, formatSortie(nom), 240, 160, "t", dessine,
+                                        OptionsTex{.largeurCm = 240 * 2.54 / 96, .autonome = true}));
+        ASSERT_FALSE(fichier.termine());
+        if (!relecture.empty() && !outils)
+            continue;  // pdflatex or pdftoppm missing
+        const std::string commande =
+            "cd '" + d.chemin().string() + "' && (" + relecture + ") </dev/null >/dev/null 2>&1";
+        const QImage image = nom == std::string("a.svg")          ? rendue(QString::fromStdString(d / nom))
+                             : relecture.empty()                  ? QImage(QString::fromStdString(d / nom))
+                             : std::system(commande.c_str()) == 0 ? QImage(QString::fromStdString(d / "page.png"))
+                                                                  : QImage();
+        ASSERT_TRUE(std::abs(image.width() - 240) <= 1 && std::abs(image.height() - 160) <= 1) << nom;
+        const auto ecart = [&](int x, int y, QRgb c) {
+            const QRgb p = image.pixel(x, y);
+            return std::max({qAbs(qRed(p) - qRed(c)), qAbs(qGreen(p) - qGreen(c)), qAbs(qBlue(p) - qBlue(c))});
+        };
+        int couture = 0, pleinTroue = 0, tirets = 0, trous = 0;
+        for (int y = 25; y < 75; ++y)
+            for (int x = 25; x < 75; ++x)
+                couture += ecart(x, y, qRgb(0, 0, 255)) > 24;
+        for (int x = 103; x < 187; ++x) {
+            pleinTroue += x < 137 && ecart(x, 50, 0) > 100;
+            tirets += x > 143 && ecart(x, 50, 0) <= 100;
+            trous += x > 143 && ecart(x, 50, qRgb(255, 255, 255)) <= 100;
+        }
+        EXPECT_EQ(std::tie(couture, pleinTroue), std::tuple(0, 0)) << nom;
+        EXPECT_TRUE(tirets >= 10 && trous >= 10) << nom << " : " << tirets << " sombres, " << trous << " clairs";
+    }
 }
 
 }  // namespace

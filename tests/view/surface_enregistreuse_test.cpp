@@ -23,10 +23,16 @@ void dessineUnPeuDeTout(SurfaceEnregistreuse& s)
         std::tuple(0x808000, "Arial", 9.5, 300, 400);
     s.Print("x \"y\"\nz");
     s.Line(1234567.5, 0.25, 2, 3, 16711680);
+    s.DrawStyle = 1;  // a hidden part
+    s.Line(7, 8, 9, 10, 0);
+    const double xs[] = {1, 2.5, 3, 4}, ys[] = {5, 6, 7.25, 8};
+    s.Face(xs, ys, 2, 65280);  // fewer than three corners: not kept
+    s.Face(xs, ys, 4, 65280);
 }
 
 // The journal in memory and streamed give the same text, "." decimals under
-// a comma locale with thousands grouping; the streamed one keeps nothing.
+// a comma locale with thousands grouping, the dashed style of a hidden part
+// and a face's corners in order; the streamed one keeps nothing.
 TEST(SurfaceEnregistreuse, JournalEnMemoireEtEnFluxAvecLaPlume)
 {
     LocaleVirgule virgule;
@@ -37,9 +43,11 @@ TEST(SurfaceEnregistreuse, JournalEnMemoireEtEnFluxAvecLaPlume)
                                 "PSET 10 20 16711680 1\n"
                                 "CIRCLE 100 200 20 65280 1 0\n"
                                 "PRINT 300 400 8421376 \"Arial\" 9.5 \"x \"\"y\"\" z\"\n"
-                                "LINE 1234567.5 0.25 2 3 16711680 1 0\n";
+                                "LINE 1234567.5 0.25 2 3 16711680 1 0\n"
+                                "LINE 7 8 9 10 0 1 1\n"
+                                "FACE 4 1 5 2.5 6 3 7.25 4 8 65280\n";
     EXPECT_EQ(enMemoire.journal(), attendu);
-    EXPECT_EQ(enMemoire.operations().size(), 6u);
+    EXPECT_EQ(enMemoire.operations().size(), 8u);
     std::ostringstream flux;
     SurfaceEnregistreuse s(6000, 4500);
     s.ecrisDans(&flux);
