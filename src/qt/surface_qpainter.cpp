@@ -55,7 +55,9 @@ QImage imageEnGrandesPages(int w, int h)
     // The pixels start on a huge page boundary.
     auto* pixels = reinterpret_cast<uchar*>((reinterpret_cast<std::uintptr_t>(debut) + grandePage - 1) &
                                             ~(std::uintptr_t(grandePage) - 1));
+#ifdef MADV_HUGEPAGE
     madvise(pixels, octets, MADV_HUGEPAGE);
+#endif
     auto* zone = new ZoneImage{debut, taille};
     QImage image(pixels, w, h, qsizetype(w) * 4, QImage::Format_RGB32, libereZone, zone);
     if (image.isNull())
