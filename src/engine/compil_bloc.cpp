@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <memory>
 
 #include "engine/compil_arbre.h"
 
@@ -170,6 +171,63 @@ VELORIN_EN_LIGNE void boucle(double* __restrict d, const double* __restrict a, c
     }
 }
 
+// Results of a costly library function kept by the bits of the argument:
+// a family walks the same values of a and t curve after curve, so most of a
+// block's calls were already made for an earlier block. A hit gives back the
+// very bits the function returned (-0 and +0, or two NaN, are different
+// keys). One table per function and per thread, made at its first use.
+struct Memoire {
+    static constexpr int bits = 12;
+    std::uint64_t cles[1 << bits];
+    double valeurs[1 << bits];
+    static std::size_t place(std::uint64_t cle)
+    {
+        return static_cast<std::size_t>(((cle ^ cle >> 32) * 0x9E3779B97F4A7C15ull) >> (64 - bits));
+    }
+};
+
+template <Code C> Memoire& memoire()
+{
+    static thread_local std::unique_ptr<Memoire> m;
+    if (!m) {
+        m = std::make_unique<Memoire>();
+        const double zero = calcule<C>(0.0, 0.0);
+        for (std::size_t k = 0; k < (std::size_t(1) << Memoire::bits); ++k) {
+            m->cles[k] = 0;  // the bits of +0
+            m->valeurs[k] = zero;
+        }
+    }
+    return *m;
+}
+
+template <Code C> constexpr bool memorisee()
+{
+    return C == Code::Sinus || C == Code::Cosinus || C == Code::Tangente || C == Code::Exponentielle ||
+           C == Code::Logarithme || C == Code::ArcTangente;
+}
+
+// boucle for a function with one operand whose results are kept.
+template <Code C>
+VELORIN_EN_LIGNE void boucleMemorisee(double* __restrict d, const double* __restrict a, double* __restrict controle,
+                                      std::size_t n)
+{
+    Memoire& m = memoire<C>();
+    for (std::size_t i = 0; i < n; ++i) {
+        const std::uint64_t cle = bitsDe(a[i]);
+        const std::size_t k = Memoire::place(cle);
+        double r;
+        if (m.cles[k] == cle) {
+            r = m.valeurs[k];
+        } else {
+            r = calcule<C>(a[i], 0.0);
+            m.cles[k] = cle;
+            m.valeurs[k] = r;
+        }
+        d[i] = r;
+        controle[i] += r * 0.0;
+    }
+}
+
 // The fast power on every lane, then pow on the lanes it is not sure of.
 template <Code C>
 VELORIN_EN_LIGNE void bouclePuissance(double* __restrict d, const double* __restrict a, const double* __restrict b,
@@ -234,6 +292,8 @@ VELORIN_EN_LIGNE bool executeBlocSur(const Bloc& b)
                 }
             } else if constexpr (C == Code::Carre || C == Code::Cube) {
                 bouclePuissance<C>(d, a, c, controle, n);
+            } else if constexpr (memorisee<C>()) {
+                boucleMemorisee<C>(d, a, controle, n);
             } else {
                 boucle<C>(d, a, c, controle, n);
             }

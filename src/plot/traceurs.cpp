@@ -92,8 +92,7 @@ bool traceable(FinTrace& fin, const char* nom, const Boucle<T>& b, double points
         const std::string maximum = std::to_string(static_cast<long long>(maxPointsTrace));
         fin.erreur = points < 1e15 ? "Trop de points à calculer (" + std::to_string(static_cast<long long>(points)) +
                                          ") : au plus " + maximum + " par tracé. Augmentez le pas."
-                                   : "Trop de points à calculer (plus de " + maximum +
-                                         " par tracé). Augmentez le pas.";
+                                   : "Trop de points à calculer (plus de " + maximum + " par tracé). Augmentez le pas.";
         return false;
     }
     return true;
@@ -156,10 +155,17 @@ public:
     // Answers whether the point was admitted, its image then in (sx, sy).
     bool poseEvalue(Couleur couleur, double& sx, double& sy)
     {
+        const GlobalesMoteur& m = etat.moteur;
+        const bool projete =
+            projette(etat.param, etat.vue, etat.fenetre.modeEspace, m.pointX, m.pointY, m.pointZ, sx, sy);
+        return poseProjete(projete, sx, sy, couleur);
+    }
+    // The same for a point already projected (projete: its image is (sx, sy)).
+    bool poseProjete(bool projete, double sx, double sy, Couleur couleur)
+    {
         ++compteur;
         const GlobalesMoteur& m = etat.moteur;
-        if (!projette(etat.param, etat.vue, etat.fenetre.modeEspace, m.pointX, m.pointY, m.pointZ, sx, sy) ||
-            !pointAdmis(etat, sx, sy, m.pointX, m.pointY, m.pointZ))
+        if (!projete || !pointAdmis(etat, sx, sy, m.pointX, m.pointY, m.pointZ))
             return false;
         etat.trace.espace = {m.pointX, m.pointY, m.pointZ};
         pose(sx, sy, couleur);
@@ -315,25 +321,28 @@ FinTrace traceFamille(Etat& etat, Surface& surface, const CrochetsTrace& crochet
             etat.couleurs.couleurFamille = QBColor(moirure);
         }
     };
-    // The points of a curve are gathered a block at a time and evaluated
-    // together (the values are those of the point-by-point entries), then
-    // drawn in order.
+    // The points of a curve are gathered a block at a time, evaluated and
+    // projected together (the values are those of the point-by-point
+    // entries), then drawn in order.
     constexpr std::size_t taille = 256;
-    double us[taille], vs[taille], xs[taille], ys[taille], zs[taille];
+    double us[taille], vs[taille], xs[taille], ys[taille], zs[taille], sxs[taille], sys[taille];
+    bool projetes[taille];
     std::size_t n = 0;
     auto vide = [&] {
         GlobalesMoteur& m = etat.moteur;
-        pointsFamille(m, spherique, us, vs, xs, ys, zs, n);
         const std::size_t nb = n;
         n = 0;
+        // After a formula error nothing is drawn (continuer stops at once).
+        if (pointsFamille(m, spherique, us, vs, xs, ys, zs, nb))
+            projettePoints(etat.param, etat.vue, etat.fenetre.modeEspace, xs, ys, zs, nb, sxs, sys, projetes);
         for (std::size_t i = 0; i < nb; ++i) {
             m.pointX = xs[i];
             m.pointY = ys[i];
             m.pointZ = zs[i];
             if (!tr.continuer())
                 return false;
-            Sommet s{{xs[i], ys[i], zs[i]}, 0, 0, false};
-            s.admis = tr.poseEvalue(etat.couleurs.couleurFamille, s.sx, s.sy);
+            Sommet s{{xs[i], ys[i], zs[i]}, sxs[i], sys[i], false};
+            s.admis = tr.poseProjete(projetes[i], sxs[i], sys[i], etat.couleurs.couleurFamille);
             if (faces.actives)
                 faces.rang.push_back(s);
         }

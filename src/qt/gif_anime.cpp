@@ -16,14 +16,60 @@ struct Rectangle {
     int x = 0, y = 0, l = 0, h = 0;
 };
 
+}  // namespace
+
+// The picture before, kept by runs of one colour row by row: a drawing is
+// mostly long runs of its background, so it costs a few hundred kilobytes
+// where the full picture would take four bytes a pixel. A word holds a
+// colour (0xRRGGBB) and the run's length less one in its top byte (a longer
+// run takes several words), so that a row never takes more words than
+// pixels. The pictures are opaque (0xFF alpha).
+struct ImageParPlages {
+    int largeur = 0;
+    std::vector<std::vector<std::uint32_t>> lignes;
+
+    ImageParPlages(int l, int h) : largeur(l), lignes(std::size_t(h)) { }
+
+    void ecris(int y, const QRgb* pixels)
+    {
+        std::vector<std::uint32_t>& mots = lignes[std::size_t(y)];
+        mots.clear();
+        for (int x = 0; x < largeur;) {
+            const std::uint32_t c = pixels[x] & 0xFFFFFF;
+            int n = 1;
+            while (n < 256 && x + n < largeur && (pixels[x + n] & 0xFFFFFF) == c)
+                ++n;
+            mots.push_back(std::uint32_t(n - 1) << 24 | c);
+            x += n;
+        }
+        mots.shrink_to_fit();
+    }
+
+    // Row y into `pixels` (largeur of them).
+    void lis(int y, QRgb* pixels) const
+    {
+        for (std::uint32_t mot : lignes[std::size_t(y)]) {
+            const int n = int(mot >> 24) + 1;
+            std::fill_n(pixels, n, QRgb(0xFF000000u | (mot & 0xFFFFFF)));
+            pixels += n;
+        }
+    }
+};
+
+namespace {
+
 // Where `image` differs from `avant` (same size, 32-bit pixels); empty when
-// they are the same.
-Rectangle difference(const QImage& avant, const QImage& image)
+// they are the same. `tampon` holds a row of `avant`.
+Rectangle difference(const ImageParPlages& avant, const QImage& image, std::vector<QRgb>& tampon)
 {
     const int L = image.width(), H = image.height();
     int y0 = 0, y1 = H - 1;
     const std::size_t octets = std::size_t(L) * 4;
-    auto ligneEgale = [&](int y) { return std::memcmp(avant.constScanLine(y), image.constScanLine(y), octets) == 0; };
+    QRgb* a = tampon.data();
+    auto ligneEgale = [&](int y) {
+        avant.lis(y, a);
+        return std::memcmp(a, image.constScanLine(y), octets) == 0;
+    };
     while (y0 < H && ligneEgale(y0))
         ++y0;
     if (y0 == H)
@@ -32,7 +78,7 @@ Rectangle difference(const QImage& avant, const QImage& image)
         --y1;
     int x0 = L, x1 = -1;
     for (int y = y0; y <= y1; ++y) {
-        const auto* a = reinterpret_cast<const QRgb*>(avant.constScanLine(y));
+        avant.lis(y, a);
         const auto* b = reinterpret_cast<const QRgb*>(image.constScanLine(y));
         int g = 0;
         while (g < x0 && a[g] == b[g])
@@ -59,16 +105,19 @@ struct PaletteGif {
 namespace {
 
 // The colours of the pixels of `image` that differ from `avant` in a
-// rectangle (all of them when `avant` is null), with their counts. Counted by
-// runs: a drawing is mostly long runs of one colour.
-std::unordered_map<std::uint32_t, std::size_t> comptes(const QImage& avant, const QImage& image, const Rectangle& r)
+// rectangle (all of them when there is no `avant`), with their counts.
+// Counted by runs: a drawing is mostly long runs of one colour.
+std::unordered_map<std::uint32_t, std::size_t> comptes(const ImageParPlages* avant, const QImage& image,
+                                                       const Rectangle& r, std::vector<QRgb>& tampon)
 {
     std::unordered_map<std::uint32_t, std::size_t> n;
     n.reserve(1024);
-    const bool tout = avant.isNull();
+    const bool tout = !avant;
     for (int y = r.y; y < r.y + r.h; ++y) {
         const auto* p = reinterpret_cast<const QRgb*>(image.constScanLine(y)) + r.x;
-        const auto* a = tout ? p : reinterpret_cast<const QRgb*>(avant.constScanLine(y)) + r.x;
+        if (!tout)
+            avant->lis(y, tampon.data());
+        const auto* a = tout ? p : tampon.data() + r.x;
         std::uint32_t c = ~0u;
         std::size_t suite = 0;
         for (int x = 0; x < r.l; ++x) {
@@ -200,8 +249,12 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
     if (image.width() != largeur_ || image.height() != hauteur_)
         return erreur_ = echec("une image d'une autre taille");
     Rectangle r{0, 0, largeur_, hauteur_};
-    if (!precedente_.isNull()) {
-        r = difference(precedente_, image);
+    const bool premiere = !precedente_;
+    if (premiere)
+        precedente_ = std::make_unique<ImageParPlages>(largeur_, hauteur_);
+    tampon_.resize(std::size_t(largeur_));
+    if (!premiere) {
+        r = difference(*precedente_, image, tampon_);
         // A picture like the one before still needs its place in the
         // animation, for its delay: one unchanged pixel.
         if (r.l == 0)
@@ -209,7 +262,7 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
     }
     // The palette of the frame before is kept while it shows every changed
     // colour exactly: most frames of a turn add no colour.
-    const auto changees = comptes(precedente_, image, r);
+    const auto changees = comptes(premiere ? nullptr : precedente_.get(), image, r, tampon_);
     bool garde = palette_ && (palette_->exacte || changees.empty());
     for (auto k = changees.begin(); garde && k != changees.end(); ++k)
         garde = palette_->indices.count(k->first) != 0;
@@ -229,7 +282,6 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
     ColorMapObject* carte = GifMakeMapObject(taillePalette, couleurs.data());
     if (!carte)
         return erreur_ = echec("la palette");
-    const bool premiere = precedente_.isNull();
     GraphicsControlBlock gcb{};
     gcb.DisposalMode = DISPOSE_DO_NOT;
     gcb.UserInputFlag = false;
@@ -243,7 +295,9 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
     std::vector<GifPixelType> ligne(std::size_t(r.l));
     for (int y = r.y; bon && y < r.y + r.h; ++y) {
         const auto* p = reinterpret_cast<const QRgb*>(image.constScanLine(y)) + r.x;
-        const auto* a = premiere ? p : reinterpret_cast<const QRgb*>(precedente_.constScanLine(y)) + r.x;
+        if (!premiere)
+            precedente_->lis(y, tampon_.data());
+        const auto* a = premiere ? p : tampon_.data() + r.x;
         std::uint32_t derniere = ~0u;
         GifPixelType index = 0;
         for (int x = 0; x < r.l; ++x) {
@@ -262,15 +316,10 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
     }
     if (!bon)
         return erreur_ = echec("une image");
-    // The picture before is brought up to date where it changed, in place:
-    // no new copy of the whole picture per frame.
-    if (premiere) {
-        precedente_ = image.copy();
-        return {};
-    }
+    // The picture before is brought up to date where it changed: the rows
+    // of the rectangle (outside it, the two pictures are the same).
     for (int y = r.y; y < r.y + r.h; ++y)
-        std::memcpy(reinterpret_cast<QRgb*>(precedente_.scanLine(y)) + r.x,
-                    reinterpret_cast<const QRgb*>(image.constScanLine(y)) + r.x, std::size_t(r.l) * 4);
+        precedente_->ecris(y, reinterpret_cast<const QRgb*>(image.constScanLine(y)));
     return {};
 }
 

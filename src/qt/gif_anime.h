@@ -1,7 +1,7 @@
 // Writing an animated GIF picture by picture (giflib), into a file being
 // written whole: the pictures are drawn one after the other into the same
 // image and each is added as it comes, so that a long animation never holds
-// more than two pictures in memory.
+// more than that picture and the one before it, kept by runs of one colour.
 //
 // Each picture after the first is stored as the rectangle where it differs
 // from the one before, left in place underneath (GIF's "do not dispose"),
@@ -14,8 +14,9 @@
 // ever.
 #pragma once
 #include <QImage>
-#include <memory>
 #include <gif_lib.h>
+#include <memory>
+#include <vector>
 
 #include "base/ecriture.h"
 #include "base/erreur.h"
@@ -23,6 +24,7 @@
 namespace velorin {
 
 struct PaletteGif;
+struct ImageParPlages;
 
 class GifAnime {
 public:
@@ -46,8 +48,9 @@ private:
     EcritureEntiere& fichier_;
     GifFileType* gif_ = nullptr;
     int largeur_, hauteur_;
-    QImage precedente_;  // the last picture added
-    std::unique_ptr<PaletteGif> palette_;  // the last frame's
+    std::unique_ptr<ImageParPlages> precedente_;  // the last picture added
+    std::vector<QRgb> tampon_;                    // a row of it
+    std::unique_ptr<PaletteGif> palette_;         // the last frame's
     Erreur erreur_;
     bool ecritureEchouee_ = false;
 };

@@ -2,7 +2,10 @@
 
 #include <QFontMetricsF>
 #include <QPaintDevice>
+#include <sys/mman.h>
+
 #include <cmath>
+#include <cstdint>
 
 namespace velorin {
 
@@ -19,9 +22,57 @@ QColor couleurQt(Couleur c)
     return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
 }
 
+namespace {
+
+// A large picture's memory, asked of the system in huge pages where it
+// gives them: touched for the first time (the picture is filled at once),
+// a few huge pages cost far less than thousands of ordinary ones.
+constexpr std::size_t grandePage = std::size_t(2) << 20;
+
+struct ZoneImage {
+    void* debut;
+    std::size_t taille;
+};
+
+void libereZone(void* zone)
+{
+    auto* z = static_cast<ZoneImage*>(zone);
+    munmap(z->debut, z->taille);
+    delete z;
+}
+
+// An image of w x h pixels in format RGB32 over such memory, or a null
+// image when there is none (too small to gain anything, or refused).
+QImage imageEnGrandesPages(int w, int h)
+{
+    const std::size_t octets = std::size_t(w) * std::size_t(h) * 4;
+    if (w <= 0 || h <= 0 || octets < 2 * grandePage || octets > std::size_t(1) << 40)
+        return {};
+    const std::size_t taille = octets + grandePage;
+    void* debut = mmap(nullptr, taille, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (debut == MAP_FAILED)
+        return {};
+    // The pixels start on a huge page boundary.
+    auto* pixels = reinterpret_cast<uchar*>((reinterpret_cast<std::uintptr_t>(debut) + grandePage - 1) &
+                                            ~(std::uintptr_t(grandePage) - 1));
+#ifdef MADV_HUGEPAGE
+    madvise(pixels, octets, MADV_HUGEPAGE);
+#endif
+    auto* zone = new ZoneImage{debut, taille};
+    QImage image(pixels, w, h, qsizetype(w) * 4, QImage::Format_RGB32, libereZone, zone);
+    if (image.isNull())
+        libereZone(zone);
+    return image;
+}
+
+}  // namespace
+
 QImage imagePourSurface(int largeurPx, int hauteurPx, qreal ratio)
 {
-    QImage image(qRound(largeurPx * ratio), qRound(hauteurPx * ratio), QImage::Format_RGB32);
+    const int w = qRound(largeurPx * ratio), h = qRound(hauteurPx * ratio);
+    QImage image = imageEnGrandesPages(w, h);
+    if (image.isNull())
+        image = QImage(w, h, QImage::Format_RGB32);
     image.setDevicePixelRatio(ratio);
     image.fill(Qt::black);
     return image;

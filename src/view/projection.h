@@ -2,6 +2,8 @@
 // the plane onto the surface, and the calibration after a change of the
 // window size or of the ranges.
 #pragma once
+#include <cstddef>
+
 #include "settings/parametres.h"
 #include "view/vue.h"
 
@@ -18,6 +20,11 @@ void prepareVue(const Parametres& p, bool modeEspace, Vue& v);
 // Projects (x, y, z) onto the surface. Returns false when the point cannot be
 // projected (a point at the viewer): the caller does not draw it.
 bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, double y, double z, double& sx, double& sy);
+
+// projette for n points: projete[i] is its answer for (x[i], y[i], z[i]),
+// and (sx[i], sy[i]) the image when it is true; the same bits, faster.
+void projettePoints(const Parametres& p, const Vue& v, bool modeEspace, const double* x, const double* y,
+                    const double* z, std::size_t n, double* sx, double* sy, bool* projete);
 
 // Depth of (x, y, z) along the line of sight (space mode), for deciding
 // what hides what: larger is farther from the viewer; a point at or behind

@@ -199,7 +199,8 @@ TEST(TourAnime, ToutOuRien)
 
 TEST(SurfaceQPainter, TraitsPointsStylesEtEffacementSurLeursPixels)
 {
-    for (const int k : {1, 2}) {
+    // Ratio 8: a picture large enough to be laid over huge pages.
+    for (const int k : {1, 2, 8}) {
         QImage image = imagePourSurface(300, 100, k);
         image.fill(Qt::white);
         SurfaceQPainter s(image);

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
+#include <iterator>
+#include <random>
 #include <tuple>
 #include <utility>
 
@@ -139,6 +142,43 @@ TEST(Projection, DirectionNulleGardeLaVueMembresSimplePrecision)
     const double cz = double(0.1f) + (-0.1) / std::sqrt(25.01);
     EXPECT_EQ(f.v.repereVZ, static_cast<float>(cz + 25 / (5 * std::sqrt(625.25))));
     EXPECT_EQ(f.v.centreVueZ, cz);
+}
+
+// The projection of many points at once gives the bits of the point by
+// point projection, lane by lane: ordinary points (a reordered sum or a
+// product folded ahead would move some by one unit), and, among them, the
+// points each view treats apart (abreast of the viewer, the viewer itself,
+// behind it, overflowing, not a number), in every position of a group of
+// four and in the tail.
+TEST(Projection, PointsEnBlocCommeUnParUn)
+{
+    std::mt19937 alea(7);
+    std::uniform_real_distribution<double> dans(-20, 20);
+    const double speciaux[][3] = {{10, 0.75, 0},    {10, 0, 0},  {20, 1, 0}, {1e300, 1, 0},
+                                  {HUGE_VAL, 0, 0}, {NAN, 0, 0}, {9, 0, 0},  {1e-300, 0, 5e-324}};
+    for (const Espace& e : {Espace(), Espace(10, 0, 0, -1, 0, 0, 1.5707963267948966),
+                            Espace(30, 20, 15.3f, -30, -20, -15), Espace(3, 4, 0.1f, -3, -4, -0.1)}) {
+        for (bool espace : {true, false}) {
+            // Each special point at its place: every lane of a group of four, and the tail.
+            constexpr std::size_t n = 35, places[] = {0, 5, 10, 15, 16, 21, 26, 33};
+            double x[n], y[n], z[n], sx[n], sy[n];
+            bool projete[n];
+            for (std::size_t i = 0; i < n; ++i)
+                x[i] = dans(alea), y[i] = dans(alea), z[i] = dans(alea);
+            for (std::size_t k = 0; k < std::size(places); ++k)
+                std::tie(x[places[k]], y[places[k]], z[places[k]]) =
+                    std::tuple(speciaux[k][0], speciaux[k][1], speciaux[k][2]);
+            projettePoints(e.p, e.v, espace, x, y, z, n, sx, sy, projete);
+            for (std::size_t i = 0; i < n; ++i) {
+                double ax = 0, ay = 0;
+                const bool attendu = projette(e.p, e.v, espace, x[i], y[i], z[i], ax, ay);
+                ASSERT_EQ(projete[i], attendu) << i << " (" << x[i] << ", " << y[i] << ", " << z[i] << ")";
+                if (attendu)
+                    EXPECT_TRUE(std::memcmp(&sx[i], &ax, sizeof ax) == 0 && std::memcmp(&sy[i], &ay, sizeof ay) == 0)
+                        << i << " : " << sx[i] << ", " << sy[i] << " / " << ax << ", " << ay;
+            }
+        }
+    }
 }
 
 }  // namespace
