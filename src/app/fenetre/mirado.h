@@ -51,6 +51,7 @@ class QWidget;
 namespace velorin {
 
 class CommandesEtiquettes;
+class Edition;
 struct GeometrieFenetre;
 class Surface;
 class ZoneDessin;
@@ -235,6 +236,9 @@ private:
 
     ZoneDessin* zone_ = nullptr;
     CommandesEtiquettes* etiquettes_ = nullptr;  // the label controls (app/commandes/etiquettes.*)
+    Edition* edition_ = nullptr;  // the "Édition" menu, undo and redo (app/edition/)
+    // Undo puts the state back and rebuilds what shows it, through the window's own routines.
+    friend class Edition;
     QScrollArea* defile_ = nullptr;              // scrolls the side column when it is taller than the window
     QWidget* colonne_ = nullptr;                 // the side column that holds the panels
     QImage image_;
