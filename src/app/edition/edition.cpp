@@ -53,6 +53,13 @@ const Article articles[] = {
     {"mnuzo", 5, "les points en mémoire", catalogue},
     {"mnutra", -1, "le retrait du dessin", etat},
     {"mnumemfig", 1, "la lecture d'une figure", Edition::Sorte::fenetre},
+    // The "Rendu" menu: the drawing style, the cavalière view, grid and graduations.
+    {"mnurendus", -1, "le style de rendu", etat},
+    {"mnucav", -1, "la perspective cavalière", etat},
+    {"mnucavangle", -1, "l'angle de fuite", etat},
+    {"mnucavcoef", -1, "le coefficient de réduction", etat},
+    {"mnuquadrillage", -1, "le quadrillage", etat},
+    {"mnugradue", -1, "le repère gradué", etat},
 };
 
 // The side buttons, pressed before their command runs.
@@ -101,8 +108,9 @@ void Edition::observeMenus()
     // A menu says which of its entries was triggered before the entry's own
     // command runs (it was connected to the entry first, when the entry was
     // added). Only the menu holding the entry counts: the menus above it
-    // may say it again once the command is over.
-    for (QMenu* menu : m_.menuBar()->findChildren<QMenu*>()) {
+    // may say it again once the command is over. Every menu of the window
+    // is watched, those of the bar and those it holds itself.
+    for (QMenu* menu : m_.findChildren<QMenu*>()) {
         if (menu == menu_)
             continue;
         connect(menu, &QMenu::triggered, this, [this, menu](QAction* a) {
