@@ -86,7 +86,10 @@ Edition::Edition(Mirado& fenetre) : QObject(&fenetre), m_(fenetre)
     setObjectName(QStringLiteral("Edition"));
     menu_ = new QMenu(QStringLiteral("Édition"), m_.menuBar());
     menu_->setObjectName(QStringLiteral("mnuedition"));
-    m_.menuBar()->insertMenu(m_.mnua->menuAction(), menu_);
+    // Right after "Exporter", whatever menus follow it.
+    const QList<QAction*> barre = m_.menuBar()->actions();
+    const qsizetype exporter = barre.indexOf(m_.mnuexp->menuAction());
+    m_.menuBar()->insertMenu(exporter >= 0 && exporter + 1 < barre.size() ? barre[exporter + 1] : nullptr, menu_);
     annuler_ = menu_->addAction(QStringLiteral("Annuler"));
     annuler_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
     retablir_ = menu_->addAction(QStringLiteral("Rétablir"));

@@ -40,7 +40,7 @@ class Mirado;
 class Edition : public QObject {
     Q_OBJECT
 public:
-    // Builds the menu "Édition" just before "?" and starts watching.
+    // Builds the menu "Édition" right after "Exporter" and starts watching.
     explicit Edition(Mirado& fenetre);
 
     QMenu* menu() const { return menu_; }
