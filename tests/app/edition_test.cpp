@@ -189,7 +189,7 @@ TEST(Edition, ChaqueFamilleRevientExactementPuisSeRetablit)
     }
 }
 
-// The menu sits between "Exporter" and "?"; empty, its entries are disabled;
+// The menu sits right after "Exporter", before "?"; empty, its entries are disabled;
 // during a tracing undo is refused and the tracing goes on.
 TEST(Edition, PlaceRaccourcisEtRefusPendantUnTrace)
 {
@@ -198,7 +198,8 @@ TEST(Edition, PlaceRaccourcisEtRefusPendantUnTrace)
     const QList<QAction*> barre = m.menuBar()->actions();
     const QMenu* edition = controle<QMenu>(m, "mnuedition");
     const auto place = [&](const char* nom) { return barre.indexOf(controle<QMenu>(m, nom)->menuAction()); };
-    EXPECT_EQ(std::pair(place("mnuedition") - 1, place("mnuedition") + 1), std::pair(place("mnuexp"), place("mnua")));
+    EXPECT_EQ(place("mnuedition") - 1, place("mnuexp"));
+    EXPECT_LT(place("mnuedition"), place("mnua"));
     EXPECT_EQ(edition->title(), QStringLiteral("Édition"));
     QAction *annuler = article(m, "mnuedit", 0), *retablir = article(m, "mnuedit", 1);
     EXPECT_EQ(std::pair(annuler->shortcut(), retablir->shortcut()),

@@ -18,7 +18,9 @@ Pas pasNumero(int n)
     return photographie(etat, "pas " + std::to_string(n), false);
 }
 
-TEST(Historique, LimiteGardeLesDerniersEtOublieLesPlusAnciens)
+// Beyond the limit the oldest steps go; undone steps come back in reverse
+// order, the state of the moment goes to redo; a new action cuts the redo.
+TEST(Historique, LimiteOrdreEtNouvelleActionCoupeLesRetablissements)
 {
     struct Cas {
         std::size_t limite;
@@ -29,37 +31,22 @@ TEST(Historique, LimiteGardeLesDerniersEtOublieLesPlusAnciens)
         Historique h(c.limite);
         for (int n = 1; n <= c.actions; ++n)
             h.ajoute(pasNumero(n));
-        const int gardes = std::min<int>(c.actions, int(c.limite));
-        EXPECT_EQ(int(h.nbAnnulables()), gardes) << c.limite << "/" << c.actions;
-        // Undone in reverse order, down to the oldest kept; then nothing.
+        EXPECT_EQ(int(h.nbAnnulables()), std::min<int>(c.actions, int(c.limite))) << c.limite << "/" << c.actions;
         for (int n = c.actions; n >= c.premierGarde; --n) {
             const std::optional<Pas> p = h.annule(pasNumero(100 + n));
             ASSERT_TRUE(p) << n;
             EXPECT_EQ(p->etat.param.Xviseur, n);
         }
         EXPECT_FALSE(h.annule(pasNumero(0)));
-        EXPECT_EQ(int(h.nbRetablissables()), gardes);
+        // Redo gives back the state of the moment of the last undo, then a new action forgets the rest.
+        EXPECT_EQ(h.retablis(pasNumero(0))->etat.param.Xviseur, 100 + c.premierGarde);
+        EXPECT_EQ(h.aAnnuler()->nom, "pas 0");
+        EXPECT_EQ(int(h.nbRetablissables()), std::min<int>(c.actions, int(c.limite)) - 1);
+        h.ajoute(pasNumero(9));
+        EXPECT_EQ(h.nbRetablissables(), 0U);
+        EXPECT_FALSE(h.retablis(pasNumero(0)));
     }
     EXPECT_GE(Historique::limiteParDefaut, 50U);
-}
-
-TEST(Historique, AnnulerRetablirEtNouvelleActionCoupeLesRetablissements)
-{
-    Historique h;
-    for (int n = 1; n <= 3; ++n)
-        h.ajoute(pasNumero(n));
-    // Undo twice (the state of the moment goes to redo), redo once.
-    EXPECT_EQ(h.annule(pasNumero(4))->etat.param.Xviseur, 3);
-    EXPECT_EQ(h.annule(pasNumero(3))->etat.param.Xviseur, 2);
-    EXPECT_EQ(h.aRetablir()->nom, "pas 3");
-    EXPECT_EQ(h.retablis(pasNumero(2))->etat.param.Xviseur, 3);
-    EXPECT_EQ(h.aAnnuler()->nom, "pas 2");
-    ASSERT_EQ(h.nbRetablissables(), 1U);
-    // A new action: nothing left to redo.
-    h.ajoute(pasNumero(9));
-    EXPECT_EQ(h.nbRetablissables(), 0U);
-    EXPECT_FALSE(h.retablis(pasNumero(0)));
-    EXPECT_EQ(h.aAnnuler()->nom, "pas 9");
 }
 
 // Each part of the session counts, the engine's working values do not; put
