@@ -22,6 +22,8 @@ struct Etiquette {
     std::int32_t couleur = 0;    // red + 256 green + 65536 blue
     float gauche = 0, haut = 0;  // position in the window, twips
     bool visible = false;
+
+    bool operator==(const Etiquette&) const = default;
 };
 
 struct Etiquettes {
@@ -36,6 +38,8 @@ struct Etiquettes {
     std::vector<double> doubles{0};
 
     int nombre() const { return static_cast<int>(lb.size()) - 1; }
+
+    bool operator==(const Etiquettes&) const = default;
 };
 
 // Loads the next label from the template at (gauche, haut), in twips, made

@@ -114,6 +114,22 @@ void videCourbes(TableCourbes& table)
     table.nbCourbes = 0;
 }
 
+int retireCourbes(TableCourbes& table, const std::vector<int>& numeros)
+{
+    std::vector<bool> retiree(table.lignes.size(), false);
+    for (int n : numeros)
+        if (n >= 1 && n <= int(table.lignes.size()))
+            retiree[n - 1] = true;
+    std::vector<LigneCourbe> gardees;
+    for (std::size_t i = 0; i < table.lignes.size(); ++i)
+        if (!retiree[i])
+            gardees.push_back(table.lignes[i]);
+    const int retirees = int(table.lignes.size() - gardees.size());
+    table.lignes = std::move(gardees);
+    table.nbCourbes = static_cast<std::int16_t>(table.lignes.size());
+    return retirees;
+}
+
 std::string nomCouleur(Couleur couleur)
 {
     switch (couleur) {

@@ -64,6 +64,8 @@ using LigneCourbe = std::array<double, nbColonnesCourbe>;
 struct TableCourbes {
     std::vector<LigneCourbe> lignes;  // row i of the user is lignes[i - 1]
     std::int16_t nbCourbes = 0;       // rows in use (== lignes.size())
+
+    bool operator==(const TableCourbes&) const = default;
 };
 
 // The row of the drawing values in force for record `numero` of kind `type`.
@@ -79,6 +81,11 @@ inline constexpr int maxCourbes = 32767;
 int ajouteCourbe(TableCourbes& table, const LigneCourbe& ligne);
 // Forgets every drawn curve.
 void videCourbes(TableCourbes& table);
+
+// Takes rows out of the table (1-based numbers, in any order; a number
+// outside the table or given twice counts once or not at all): the rows
+// after them move up and keep their order. Returns how many went.
+int retireCourbes(TableCourbes& table, const std::vector<int>& numeros);
 
 // Name of a curve colour in the list of drawn curves: "En noir:", "En rouge:",
 // "En vert:", "En bleu:", "En jaune:", "En blanc:", or "En panaché" for any

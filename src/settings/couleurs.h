@@ -20,6 +20,8 @@ struct CouleursDefaut {
     Couleur coulOrange = 0x4080FF;
     Couleur coulMagenta = 0xFF00FF;
     Couleur coulJaunePale = 0x80FFFF;
+
+    bool operator==(const CouleursDefaut&) const = default;
 };
 
 // The colour scheme: colours of the curves, tangents, radii, projection marks
@@ -41,6 +43,8 @@ struct SchemaCouleurs {
     // inverts it as it inverts black.
     Couleur couleurFondSombre = 0;
     Couleur couleurFond = 0;  // reference colour for erasing
+
+    bool operator==(const SchemaCouleurs&) const = default;
 };
 
 }  // namespace velorin

@@ -34,6 +34,8 @@ struct Parametres {
     int avecSegmentTangent = 0;
     std::uint8_t ordreBoucles = 0;  // 0..3, written to the file, never read back
     bool avecMoirure = false;       // written to the file, never read back
+
+    bool operator==(const Parametres&) const = default;
 };
 
 }  // namespace velorin

@@ -38,6 +38,8 @@ struct Rendu {
     double tourCavaliere = 0;  // degrees, the solid turned about Oz
     bool quadrillage = false;   // "Quadrillage" under the plane curves
     bool repereGradue = false;  // "Repère gradué" on the space axes
+
+    bool operator==(const Rendu&) const = default;
 };
 
 // Whether the drawing must be resolved as a whole (hidden parts or faces)

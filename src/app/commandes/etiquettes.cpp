@@ -113,6 +113,12 @@ void CommandesEtiquettes::montre(int index)
     c->setVisible(index > 0 && l.visible);
 }
 
+void CommandesEtiquettes::signale(const char* nom)
+{
+    if (avantChangement)
+        avantChangement(nom);
+}
+
 void CommandesEtiquettes::reconstruit()
 {
     const int n = int(etat_.etiquettes.lb.size());
@@ -128,6 +134,7 @@ void CommandesEtiquettes::place(int index, QPoint pixels)
 {
     if (index < 1 || index > etat_.etiquettes.nombre())
         return;
+    signale("le déplacement d'un label");
     Etiquette& l = etat_.etiquettes.lb[index];
     l.gauche = enTwips(pixels.x());
     l.haut = enTwips(pixels.y());
@@ -135,6 +142,7 @@ void CommandesEtiquettes::place(int index, QPoint pixels)
 
 void CommandesEtiquettes::creation(QPoint pixels)
 {
+    signale("la création d'un label");
     Etiquettes& e = etat_.etiquettes;
     const int k = ajouteEtiquette(e, enTwips(pixels.x()), enTwips(pixels.y()));
     // A new label is written in the window's drawing colour, which stands
@@ -159,6 +167,7 @@ void CommandesEtiquettes::Lb3_MouseUp(int index, Qt::MouseButton bouton, Qt::Key
 {
     if (bouton != Qt::RightButton || index < 1 || index > etat_.etiquettes.nombre())
         return;
+    signale("la modification d'un label");
     Etiquette& l = etat_.etiquettes.lb[index];
     const Qt::KeyboardModifiers t = touches & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
     std::optional<QString> reponse;
@@ -193,6 +202,7 @@ void CommandesEtiquettes::Lb3_DblClick(int index)
 {
     if (index < 1 || index > etat_.etiquettes.nombre())
         return;
+    signale("la suppression d'un label");
     etat_.etiquettes.lb[index].texte.clear();
     arralb3(etat_.etiquettes);
     // The control being double-clicked may be the one unloaded: it goes

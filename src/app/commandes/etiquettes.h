@@ -59,6 +59,10 @@ public:
     // The text label editor, replaceable by a test: edits the label, true
     // when the user accepted.
     std::function<bool(QWidget* parent, Etiquette& etiquette)> editeur;
+    // Told before a label is created, moved, edited or emptied, with the
+    // name of the change ("le déplacement d'un label"): undo keeps the
+    // labels as they were.
+    std::function<void(const char* nom)> avantChangement;
 
     // Right button + Alt at `pixels` of the drawing area.
     void creation(QPoint pixels);
@@ -75,6 +79,7 @@ public:
 private:
     void montre(int index);  // the control from the state
     void place(int index, QPoint pixels);
+    void signale(const char* nom);  // avantChangement, when set
 
     Etat& etat_;
     const Boites& boites_;

@@ -3,6 +3,7 @@
 // Alt in the plane, and the wheel.
 #include <QTimer>
 
+#include "app/edition/edition.h"
 #include "app/fenetre/mirado.h"
 #include "app/fenetre/zone_dessin.h"
 #include "view/souris.h"
@@ -38,6 +39,7 @@ void Mirado::demandeloupe(QPoint pixels)
     zone_->montreLoupe(QRect());
     if (!oui || refuseSiOccupe())
         return;
+    edition_->avant("le zoom");
     if (!grossirLoupe(etat.param, etat.vue, a.x(), a.y(), b.x(), b.y()))
         return;
     Command3_Click();

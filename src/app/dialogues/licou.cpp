@@ -51,9 +51,14 @@ Licou::Licou(const TableCourbes& courbes, const Catalogue& catalogue, int ligneC
     Command2->setObjectName(QStringLiteral("Command2"));
     connect(Command1, &QPushButton::clicked, this, &Licou::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
+    Command3 = new QPushButton(QStringLiteral("Re&tirer du dessin"), this);
+    Command3->setObjectName(QStringLiteral("Command3"));
+    Command3->setToolTip(QStringLiteral("Enlève les courbes cochées du dessin (Édition → Annuler les remet)"));
+    connect(Command3, &QPushButton::clicked, this, &Licou::Command3_Click);
 
     auto* boutons = new QHBoxLayout;
     boutons->addStretch();
+    boutons->addWidget(Command3);
     boutons->addWidget(Command1);
     boutons->addWidget(Command2);
     auto* tout = new QVBoxLayout(this);
@@ -87,6 +92,12 @@ void Licou::Command1_Click()
         if (List1->item(i)->checkState() == Qt::Checked)
             cochees_.push_back(i + 1);
     accept();
+}
+
+void Licou::Command3_Click()
+{
+    retrait_ = true;
+    Command1_Click();
 }
 
 }  // namespace velorin

@@ -384,6 +384,15 @@ void Mirado::mnutra_Click(int index)
     Licou liste(etat.courbes, etat.catalogue, index, this);
     if (liste.exec() != QDialog::Accepted)
         return;
+    if (liste.retrait()) {
+        // The ticked curves leave the table; the others are drawn again.
+        retireCourbes(etat.courbes, liste.cochees());
+        vide_mnutra();
+        for (int i = 1; i <= etat.courbes.nbCourbes; ++i)
+            ajoute_mnutra();
+        Command3_Click();
+        return;
+    }
     // The frame again, then the ticked curves only.
     seance({.lignes = liste.cochees()});
 }

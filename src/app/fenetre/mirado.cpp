@@ -14,6 +14,7 @@
 
 #include "app/commandes/etiquettes.h"
 #include "app/commandes/impression.h"
+#include "app/edition/edition.h"
 #include "app/fenetre/zone_dessin.h"
 #include "app/rendu/menu_rendu.h"
 #include "catalogue/catalogue.h"
@@ -41,6 +42,7 @@ Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
     brancheSouris();
     etiquettes_ = new CommandesEtiquettes(etat, boites, zone_, this);
     relieFigures();
+    edition_ = new Edition(*this);
     menuBar()->installEventFilter(this);
 
     // Form_Load

@@ -51,6 +51,7 @@ class QWidget;
 namespace velorin {
 
 class CommandesEtiquettes;
+class Edition;
 class MenuRendu;
 struct GeometrieFenetre;
 class Surface;
@@ -237,6 +238,9 @@ private:
     ZoneDessin* zone_ = nullptr;
     CommandesEtiquettes* etiquettes_ = nullptr;  // the label controls (app/commandes/etiquettes.*)
     MenuRendu* rendu_ = nullptr;                 // the "Rendu" menu (app/rendu/)
+    Edition* edition_ = nullptr;                 // the "Édition" menu, undo and redo (app/edition/)
+    // Undo puts the state back and rebuilds what shows it, through the window's own routines.
+    friend class Edition;
     QScrollArea* defile_ = nullptr;              // scrolls the side column when it is taller than the window
     QWidget* colonne_ = nullptr;                 // the side column that holds the panels
     QImage image_;

@@ -39,6 +39,7 @@ public:
     void charge();
 
     QMenu* menu() const { return menu_; }
+    void marque();  // the check marks from the settings in force
 
 private:
     // Applies `change` to the settings, keeps them in "rendu.txt" and draws
@@ -46,7 +47,6 @@ private:
     void modifie(const std::function<void(Rendu&)>& change);
     // A number typed for the angle or the coefficient, within its bounds.
     void saisis(const char* invite, double bas, double haut, double Rendu::*membre);
-    void marque();  // the check marks from the settings in force
     std::string chemin() const;
 
     QMainWindow& fenetre_;
