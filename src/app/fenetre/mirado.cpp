@@ -15,6 +15,7 @@
 #include "app/commandes/etiquettes.h"
 #include "app/commandes/impression.h"
 #include "app/fenetre/zone_dessin.h"
+#include "app/gestes/gestes.h"
 #include "catalogue/catalogue.h"
 #include "plot/ecran.h"
 #include "qt/dossiers.h"
@@ -37,6 +38,7 @@ Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
     creeMinuteries();
     brancheSouris();
     etiquettes_ = new CommandesEtiquettes(etat, boites, zone_, this);
+    gestes_ = new Gestes(*this, zone_, etiquettes_, menuEdition(*this));
     relieFigures();
     menuBar()->installEventFilter(this);
 

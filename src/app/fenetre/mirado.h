@@ -51,6 +51,7 @@ class QWidget;
 namespace velorin {
 
 class CommandesEtiquettes;
+class Gestes;
 struct GeometrieFenetre;
 class Surface;
 class ZoneDessin;
@@ -235,6 +236,7 @@ private:
 
     ZoneDessin* zone_ = nullptr;
     CommandesEtiquettes* etiquettes_ = nullptr;  // the label controls (app/commandes/etiquettes.*)
+    Gestes* gestes_ = nullptr;                   // the Alt gestures from the "Édition" menu (app/gestes/)
     QScrollArea* defile_ = nullptr;              // scrolls the side column when it is taller than the window
     QWidget* colonne_ = nullptr;                 // the side column that holds the panels
     QImage image_;
