@@ -13,7 +13,7 @@ struct Bulle {
 };
 
 const char* const reduire = "Réduire la colonne à cette case : le dessin prend toute la largeur";
-const char* const reprendre = "Reprend les paramètres provisoires (memprovi.log) et arrête les rotations en cours";
+const char* const reprendre = "Arrête un tour en cours, relit les paramètres provisoires (memprovi.log) et redessine";
 
 const Bulle bulles[] = {
     {"Check1", reduire},
@@ -41,7 +41,7 @@ const Bulle bulles[] = {
     {"Option1_1", "La lecture du pointeur montre le point sous la souris dont Y vaut la valeur de la liste"},
     {"Option1_2", "La lecture du pointeur montre le point sous la souris dont Z vaut la valeur de la liste"},
     {"List1", "La valeur de la coordonnée fixée (X, Y ou Z fixe) pour lire le point sous la souris"},
-    {"Command7", "Efface le dessin, retrace le repère seul, puis reprend les paramètres provisoires"},
+    {"Command7", "Efface le dessin, relit les paramètres provisoires (memprovi.log) et redessine"},
     {"Label3", "Point de vue (Xv, Yv, Zv), direction du regard (Xd, Yd, Zd) et rotation de la tête"},
     {"Label4", "Intervalles, pas et pause en vigueur"},
     {"Label5", "Taille de la fenêtre de dessin, en twips"},
