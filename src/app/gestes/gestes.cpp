@@ -114,9 +114,10 @@ bool Gestes::eventFilter(QObject* objet, QEvent* evenement)
 {
     const QEvent::Type type = evenement->type();
     if (type == QEvent::KeyPress && static_cast<QKeyEvent*>(evenement)->key() == Qt::Key_Escape) {
+        // The key goes on: during a tracing it stops it too, in a dialog
+        // it closes it.
         annule();
-        // During a tracing, Escape also stops it.
-        return !fenetre_.enTrace();
+        return false;
     }
     if (type != QEvent::MouseButtonPress && type != QEvent::MouseButtonRelease && type != QEvent::MouseMove &&
         type != QEvent::MouseButtonDblClick)
