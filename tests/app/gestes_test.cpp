@@ -1,6 +1,5 @@
-// The Alt gestures from the "Édition" menu, the lines the "?" menu adds, and
-// the tips of the side column: the wiring only (the routines are tested with
-// their modules and the Alt gestures in commandes_test).
+// The Alt gestures from the "Édition" menu, the lines of "?", the column's
+// tips: the wiring only (the Alt gestures are tested in commandes_test).
 #include <QAbstractButton>
 #include <QKeyEvent>
 #include <QListWidget>
@@ -22,7 +21,6 @@ TEST(GestesMenu, ChaqueEntreeFaitCeQueFaitSonGesteAvecAlt)
     Banc banc;
     Mirado& m = banc.demarre(1);
     auto* zone = m.findChild<ZoneDessin*>();
-    // The gestures of the rows, at fixed points of the drawing.
     using Geste = std::function<void()>;
     const Geste rien = [] {}, droitAlt = [zone] {
         souris(zone, QEvent::MouseButtonRelease, {40, 30}, Qt::RightButton, Qt::NoButton, Qt::AltModifier);
@@ -73,7 +71,6 @@ TEST(GestesMenu, ChaqueEntreeFaitCeQueFaitSonGesteAvecAlt)
                   }),
                   attendu);
     }
-    EXPECT_TRUE(banc.messages.isEmpty()) << banc.messages.join('|').toStdString();
 }
 
 // Lines added to "?" among or before the fixed ones would shift their
@@ -87,13 +84,8 @@ TEST(MenuAide, LignesAjouteesApresLesLignesFixesEtBulleDeChaqueControle)
     ASSERT_GT(lignes.size(), 15u);
     EXPECT_EQ(lignes[14]->text(), QStringLiteral("      B droit +Ctrl=>Taille"));
     const QList<QAction*> ordre = controle<QMenu>(m, "mnua")->actions();
-    QString ajoutees;
-    for (std::size_t i = 0; i < lignes.size(); ++i) {
+    for (std::size_t i = 0; i < lignes.size(); ++i)
         EXPECT_EQ(ordre.indexOf(lignes[i]), ordre.indexOf(lignes[0]) + qsizetype(i)) << i;
-        ajoutees += i >= 15 ? lignes[i]->text() : QString();
-    }
-    for (const char* mot : {"glissé", "Molette", "Nouveau label", "Grossir un rectangle", "Rendu"})
-        EXPECT_TRUE(ajoutees.contains(QString::fromUtf8(mot))) << mot;
     int controles = 0;
     for (QWidget* c : controle<QWidget>(m, "colonne")->findChildren<QWidget*>()) {
         const bool commande = qobject_cast<QAbstractButton*>(c) || qobject_cast<QListWidget*>(c);
