@@ -23,7 +23,7 @@ const char* const bulleRectangleEspace =
 QMenu* menuEdition(QMainWindow& fenetre)
 {
     QMenuBar* barre = fenetre.menuBar();
-    if (auto* deja = barre->findChild<QMenu*>(QStringLiteral("mnuedition")))
+    if (auto* deja = fenetre.findChild<QMenu*>(QStringLiteral("mnuedition")))
         return deja;
     auto* menu = new QMenu(QStringLiteral("Édition"), barre);
     menu->setObjectName(QStringLiteral("mnuedition"));
