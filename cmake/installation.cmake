@@ -9,10 +9,16 @@
 #   share/metainfo/org.velorin.Velorin.metainfo.xml
 #   share/man/{fr/,}man1/velorin.1.gz   the manual page, gzip -9n at build time
 #   share/doc/velorin/copyright         the Debian copyright file
+#   share/doc/velorin/changelog.gz      the package's changelog, gzip -9n
+#   share/lintian/overrides/velorin     the lintian lines kept, with why
 include(GNUInstallDirs)
 
 set(VELORIN_ID org.velorin.Velorin)
 set(VELORIN_PAQUET ${CMAKE_SOURCE_DIR}/paquet)
+# Who answers for the package: its Maintainer field, the copyright file's
+# contact and the changelog's signature. The default is a placeholder in
+# the reserved .invalid domain; a published package sets its own address.
+set(VELORIN_MAINTENEUR "Velorin <velorin@velorin.invalid>" CACHE STRING "Nom <adresse> du responsable du paquet")
 
 # PNG icons drawn from the SVG at build time.
 add_executable(icone_png tools/icone_png.cpp)
@@ -40,8 +46,26 @@ add_custom_command(OUTPUT ${VELORIN_MAN}.gz
 add_custom_target(page_manuel ALL DEPENDS ${VELORIN_MAN}.gz)
 
 configure_file(${VELORIN_PAQUET}/${VELORIN_ID}.metainfo.xml.in ${CMAKE_BINARY_DIR}/${VELORIN_ID}.metainfo.xml @ONLY)
+configure_file(${VELORIN_PAQUET}/copyright.in ${CMAKE_BINARY_DIR}/doc/copyright @ONLY)
+# The changelog of a native package, compressed like the manual page.
+configure_file(${VELORIN_PAQUET}/changelog.in ${CMAKE_BINARY_DIR}/doc/changelog @ONLY)
+add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/doc/changelog.gz
+  COMMAND gzip -9nkf ${CMAKE_BINARY_DIR}/doc/changelog
+  DEPENDS ${CMAKE_BINARY_DIR}/doc/changelog
+  COMMENT "Changelog compressé")
+add_custom_target(changelog ALL DEPENDS ${CMAKE_BINARY_DIR}/doc/changelog.gz)
+
+# Bound at load time (no lazy binding): the hardening Debian asks of programs.
+target_link_options(velorin PRIVATE LINKER:-z,relro,-z,now)
 
 install(TARGETS velorin RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+# A stripped program keeps no compiler identification either (.comment),
+# as Debian's own stripping does.
+install(CODE "if(CMAKE_INSTALL_DO_STRIP)
+  execute_process(COMMAND \"${CMAKE_OBJCOPY}\" --remove-section=.comment
+                          \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/velorin\"
+                  COMMAND_ERROR_IS_FATAL ANY)
+endif()")
 # The factory folder as the build made it (shipped parameter files, the
 # galleries written from their sources, the help pages).
 install(DIRECTORY $<TARGET_FILE_DIR:velorin>/usine/ DESTINATION ${CMAKE_INSTALL_DATADIR}/velorin)
@@ -51,17 +75,29 @@ install(DIRECTORY ${VELORIN_ICONES}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/
 install(FILES ${CMAKE_BINARY_DIR}/${VELORIN_ID}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${VELORIN_MAN}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/fr/man1)
 install(FILES ${VELORIN_MAN}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-install(FILES ${VELORIN_PAQUET}/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/velorin)
+install(FILES ${CMAKE_BINARY_DIR}/doc/copyright ${CMAKE_BINARY_DIR}/doc/changelog.gz
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/velorin)
+install(FILES ${VELORIN_PAQUET}/velorin.lintian-overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides
+        RENAME velorin)
 
 # The Debian package: `make paquet` (the target `package`).
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME velorin)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-set(CPACK_PACKAGE_CONTACT "Velorin <velorin@localhost>")
+set(CPACK_PACKAGE_CONTACT "${VELORIN_MAINTENEUR}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "tracé de courbes et de surfaces dans le plan et dans l'espace")
-set(CPACK_PACKAGE_DESCRIPTION
-    "Velorin trace des courbes et des surfaces mathématiques, dans le plan et dans l'espace, à partir de formules tapées comme dans un cahier, rangées dans des catalogues. Interface et aide en français.")
+# Lines of at most 80 columns, as the control file wants them.
+string(JOIN "\n" CPACK_PACKAGE_DESCRIPTION
+  "Velorin trace des courbes et des surfaces mathématiques, dans le plan et"
+  "dans l'espace, à partir de formules tapées comme dans un cahier : fonctions"
+  "y = f(x), courbes paramétrées, surfaces, coordonnées sphériques, nuages,"
+  "points, droites, plans et segments, rangés dans des catalogues."
+  ""
+  "Le dessin montre le repère, les courbes, leurs tangentes et projections ;"
+  "il se tourne, se zoome, se légende, se mémorise, s'imprime et s'exporte en"
+  "PNG, SVG, PDF, TikZ ou animation GIF. Une ligne de commande calcule des"
+  "formules et exporte les dessins sans fenêtre. Interface et aide en français.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION math)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)

@@ -85,7 +85,7 @@ TEST(Exporter, MenuImageDeLEcranEtRefus)
     QStringList titres;
     for (const QAction* a : b.m->menuBar()->actions())
         titres << a->text();
-    EXPECT_EQ(titres.mid(titres.size() - 4).join('|'), QStringLiteral("Mémorisation|Exporter|Édition|?"));
+    EXPECT_EQ(titres.mid(titres.size() - 5).join(QLatin1Char('|')), QStringLiteral("Mémorisation|Exporter|Édition|Rendu|?"));
     EXPECT_EQ(article(*b.m, "mnuexpo", 0)->text() + '|' + article(*b.m, "mnuexpo", 1)->text() + '|' +
                   article(*b.m, "mnuexpo", 2)->text(),
               QStringLiteral("Image de l'écran…|Animation du tour complet…|Figure LaTeX (TikZ)…"));

@@ -21,7 +21,7 @@ usine="Espace_courbes/Lisurf.lsu Espace_courbes/mem.log Espace_courbes/memprovi.
 # ---- Installed files; the manual pages as Debian wants them: gzip -9n (no name nor time stamp), no groff warning.
 for f in bin/velorin $(printf "share/velorin/%s " $usine) share/velorin/Aide/index.htm \
          share/icons/hicolor/scalable/apps/org.velorin.Velorin.svg share/icons/hicolor/48x48/apps/org.velorin.Velorin.png \
-         share/man/fr/man1/velorin.1.gz share/man/man1/velorin.1.gz share/doc/velorin/copyright \
+         share/man/fr/man1/velorin.1.gz share/man/man1/velorin.1.gz share/doc/velorin/copyright share/doc/velorin/changelog.gz \
          ${meta#"$prefixe/"} ${bureau#"$prefixe/"}; do
     [ -s "$prefixe/$f" ] || echec "fichier installé absent ou vide : $f"
 done

@@ -170,9 +170,16 @@ void Mirado::creeMenus()
              "      B droit + Alt => Création Label", "      ****", "Si repère du plan",
              "      B gauche + Shift=> déplacement du repère", "      B gauche + Alt=> fenêtre à zoomer",
              "----------------------", "Click sur un label", "      B droit=> Couleur", "      B droit +Shift=>Police",
-             "      B droit +Ctrl=>Taille"},
+             "      B droit +Ctrl=>Taille",
+             // What the lines above leave out, after them so that their
+             // indexes stay.
+             "----------------------", "Sans touche", "      B gauche glissé=> rotation (espace), déplacement (plan)",
+             "      Molette=> zoom (plan : autour de la souris)",
+             "      Édition → Nouveau label… puis click => Création Label",
+             "      Édition → Grossir un rectangle… (plan) => fenêtre à zoomer", "      Menu Rendu => style du dessin"},
             aucun);
     mnuaf[10]->setEnabled(false);
+    mnuaf[15]->setEnabled(false);
 
     // Pruning and points in memory.
     mnupara[8]->setEnabled(true);

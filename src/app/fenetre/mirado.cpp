@@ -16,6 +16,7 @@
 #include "app/commandes/impression.h"
 #include "app/edition/edition.h"
 #include "app/fenetre/zone_dessin.h"
+#include "app/gestes/gestes.h"
 #include "app/rendu/menu_rendu.h"
 #include "catalogue/catalogue.h"
 #include "plot/ecran.h"
@@ -43,6 +44,7 @@ Mirado::Mirado(Etat& e, const QString& appli, Boites b, QWidget* parent)
     etiquettes_ = new CommandesEtiquettes(etat, boites, zone_, this);
     relieFigures();
     edition_ = new Edition(*this);
+    gestes_ = new Gestes(*this, zone_, etiquettes_, menuEdition(*this));
     menuBar()->installEventFilter(this);
 
     // Form_Load

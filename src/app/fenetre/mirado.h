@@ -52,6 +52,7 @@ namespace velorin {
 
 class CommandesEtiquettes;
 class Edition;
+class Gestes;
 class MenuRendu;
 struct GeometrieFenetre;
 class Surface;
@@ -241,6 +242,7 @@ private:
     Edition* edition_ = nullptr;                 // the "Édition" menu, undo and redo (app/edition/)
     // Undo puts the state back and rebuilds what shows it, through the window's own routines.
     friend class Edition;
+    Gestes* gestes_ = nullptr;                   // the Alt gestures from the "Édition" menu (app/gestes/)
     QScrollArea* defile_ = nullptr;              // scrolls the side column when it is taller than the window
     QWidget* colonne_ = nullptr;                 // the side column that holds the panels
     QImage image_;

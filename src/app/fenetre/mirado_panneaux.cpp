@@ -24,6 +24,7 @@
 
 #include "app/fenetre/mirado.h"
 #include "app/fenetre/zone_dessin.h"
+#include "app/gestes/gestes.h"
 #include "view/format_nombre.h"
 #include "view/lectures.h"
 #include "view/rotation.h"
@@ -72,10 +73,8 @@ void Mirado::creePanneaux()
 
     Check1 = new QCheckBox(QStringLiteral("Rr"), colonne_);
     Check2 = new QCheckBox(QStringLiteral("Rr"), colonne_);
-    for (QCheckBox* c : {Check1, Check2}) {
-        c->setToolTip(QStringLiteral("Réduire le panneau"));
+    for (QCheckBox* c : {Check1, Check2})
         connect(c, &QCheckBox::toggled, this, [this] { arrangelabel(); });
-    }
     Check1->setObjectName(QStringLiteral("Check1"));
     Check2->setObjectName(QStringLiteral("Check2"));
     Command3 = new QPushButton(QStringLiteral("O&K"), colonne_);
@@ -161,6 +160,7 @@ void Mirado::creePanneaux()
     Label6 = lecture(zone_, "Label6");  // the tip bubble over the drawing
     Label6->setAutoFillBackground(true);
     Label6->hide();
+    bullesColonne(*colonne_);
 }
 
 void Mirado::montrePanneau()
