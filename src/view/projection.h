@@ -23,7 +23,9 @@ bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, doub
 // what hides what: larger is farther from the viewer; a point at or behind
 // the viewer has a depth <= 0. Along any line of sight, depth orders points
 // as the projection stacks them, and its inverse varies linearly across the
-// picture over a flat face.
+// picture over a flat face. In cavalière the depth is 1 / (K + x'), x' the
+// turned x (the viewer looks along the receding axis from +x) and K a
+// constant of the ranges that keeps it positive over the frame's box.
 double profondeur(const Parametres& p, const Vue& v, double x, double y, double z);
 
 // The base frame: every axis over [-10, 10].

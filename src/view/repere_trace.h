@@ -23,6 +23,9 @@ public:
     bool dedans(double x, double y) const;
     // The part of the segment inside the surface.
     void ligne(double x1, double y1, double x2, double y2);
+    // A segment of space showing a and b, whole inside the surface or not
+    // at all.
+    void ligneEspace(double x1, double y1, double x2, double y2, const Point3& a, const Point3& b);
     // Arrow head at (x, y) pointing along the unit vector (ux, uy).
     void fleche(double x, double y, double ux, double uy);
     // Tick of half-length `demi` across the unit direction (ux, uy).
