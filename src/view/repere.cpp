@@ -106,10 +106,9 @@ public:
                 t_.texte(formatNombre(v, motifGraduation(v)), vus_[i].x, vus_[i].y, vus_[i].ux, vus_[i].uy,
                          ecartNombre);
             }
-        if (gradue_)
-            for (int axe = 0; axe < 3; ++axe)
-                graduations(axe, axe == 0 ? p_.xmin : axe == 1 ? p_.ymin : p_.zmin,
-                            axe == 0 ? p_.xmax : axe == 1 ? p_.ymax : p_.zmax);
+        const double mins[3] = {p_.xmin, p_.ymin, p_.zmin}, maxs[3] = {p_.xmax, p_.ymax, p_.zmax};
+        for (int axe = 0; gradue_ && axe < 3; ++axe)
+            graduations(axe, mins[axe], maxs[axe]);
     }
 
 private:

@@ -117,7 +117,7 @@ bool grossirMolette(Parametres& p, const Vue& v, bool modeEspace, double crans, 
     return true;
 }
 
-bool tourneCavaliere(double& tour, double dxPixels)
+bool glisseCavaliere(double& tour, double dxPixels)
 {
     const double t = tour + dxPixels * radiansParPixel * 180 / 3.141592;
     if (dxPixels == 0 || !std::isfinite(t))

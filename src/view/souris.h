@@ -41,7 +41,7 @@ bool tourneVue(Parametres& p, double dxPixels, double dyPixels);
 // (dragged right it turns as the perspective's picture does); the vertical
 // part of a drag has nothing to turn there. Returns false, changing
 // nothing, for a nil horizontal drag.
-bool tourneCavaliere(double& tour, double dxPixels);
+bool glisseCavaliere(double& tour, double dxPixels);
 
 // The wheel's factor per notch: that of "+ 20%".
 inline constexpr double moletteFacteur = 1.2;
