@@ -110,7 +110,8 @@ TEST(SurfaceTikz, GalerieDansLesDeuxStylesEtEtiquettesAccentueesCompileesParPdfl
                 etiquette += ") ";
                 noms.push_back(etiquette += galerie[std::size_t(n - 1)]);
                 e.etiquettes.lb[std::size_t(ajouteEtiquette(e.etiquettes, 600, 600))].texte = noms.back();
-                const std::string nom = "f" + std::to_string(noms.size());
+                std::string nom(1, 'f');
+                nom += std::to_string(noms.size());
                 std::ofstream f(d / (nom + ".tex"));
                 SurfaceTikz s(f, 1024, 768, OptionsTex{});
                 ASSERT_FALSE(redessine(e, s, Redessin{.entrees = {n}})) << lsu << ' ' << n;
