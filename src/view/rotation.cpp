@@ -206,7 +206,7 @@ Erreur debutTourCavaliere(EtatRotation& r, double tour, Axe axe, int sens)
         return refusCavaliere();
     r.angDepart = tour;
     r.angRota = 0;  // ticks made
-    r.axeTour = 3 * sens;
+    r.axeTour = axeTourCavaliere * sens;
     return {};
 }
 

@@ -40,7 +40,7 @@ struct EtatRotation {
     double angDepart = 0;               // angle of the viewer on that circle at the start
     double angPrec = 0;                 // start angle of the previous rotation about Oz
     double angRota = 0;                 // current angle of the viewer on the circle
-    int axeTour = 0;                    // running full turn: +-1 Ox, +-2 Oy, +-3 Oz; 0 none
+    int axeTour = 0;                    // running full turn: +-1 Ox, +-2 Oy, +-3 Oz, +-4 cavalière; 0 none
     int sensTete = 1;                   // +1 or -1: sense of the running head rotation
 };
 
@@ -146,8 +146,11 @@ Erreur pasCavaliere(double& tour, Axe axe, int sens);
 // message.
 Erreur tourneCavaliere(double& tour, int axe, double angle);
 
-// The full turn about Oz (axeTour = 3 x sens, the start kept in angDepart).
-// About any other axis: the message, and nothing starts.
+// The full turn about Oz (axeTour = axeTourCavaliere x sens, the start kept
+// in angDepart, the ticks counted in angRota): a turn started in cavalière
+// stays one to its end. About any other axis: the message, and nothing
+// starts.
+inline constexpr int axeTourCavaliere = 4;
 Erreur debutTourCavaliere(EtatRotation& r, double tour, Axe axe, int sens);
 // One tick of that turn: tour -= sens x 5 degrees; after 72 ticks tour is
 // put back exactly to its start, axeTour = 0 and the function returns true.

@@ -175,6 +175,15 @@ TEST(CommandesVue, EnCavaliereLesRotationsTournentLeSolideOuLeDisent)
         EXPECT_EQ(banc.messages.size(), c.message ? 1 : 0);
         EXPECT_EQ(m.ecran() != avant, !c.message);
     }
+    // The full turn: Timer2's ticks turn the solid, the last one back to the start.
+    auto* timer = controle<QTimer>(m, "Timer2");
+    m.etat.rendu.tourCavaliere = 0;
+    article(m, "mnuroti", 1)->trigger();
+    QMetaObject::invokeMethod(timer, "timeout");
+    EXPECT_DOUBLE_EQ(m.etat.rendu.tourCavaliere, 5);
+    for (int tics = 1; timer->isActive() && tics < 100; ++tics)
+        QMetaObject::invokeMethod(timer, "timeout");
+    EXPECT_EQ(std::tuple(timer->isActive(), m.etat.rendu.tourCavaliere), std::tuple(false, 0.0));
 }
 
 // "Tour complet": each entry starts its timer, whose ticks give the redraws

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QTimer>
+#include <cstdlib>
 
 #include "app/fenetre/mirado.h"
 #include "engine/nombres.h"
@@ -112,7 +113,7 @@ void Mirado::Timer2_Timer()
         Timer2->stop();
         return;
     }
-    if (etat.rendu.cavaliere) {
+    if (std::abs(rotation_.axeTour) == axeTourCavaliere) {
         const bool fini = pasTourCavaliere(rotation_, etat.rendu.tourCavaliere);
         Command3_Click();
         if (fini)
