@@ -40,7 +40,9 @@ inline constexpr const char* messageBaseRetablie = "Pas pochible,je rétablis la
 bool calibre(Parametres& p, Vue& v, bool modeEspace);
 
 // The view for a surface of W x H twips in space (modeEspace) or in the
-// plane: the size, the viewing set-up and the calibration. Returns false
+// plane: the size, the viewing set-up and the calibration. In space with
+// v.cavaliere.active the calibration fits the box of the three ranges,
+// turned by v.cavaliere.tour, into the picture square in cavalière. Returns false
 // when the ranges were refused (the base [-10, 10] is then in force).
 bool ajusteVue(Parametres& p, Vue& v, bool modeEspace, double W, double H);
 
