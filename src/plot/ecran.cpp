@@ -4,6 +4,11 @@ namespace velorin {
 
 bool ajusteVue(Etat& etat, double W, double H)
 {
+    VueCavaliere& c = etat.vue.cavaliere;
+    c.active = etat.rendu.cavaliere;
+    c.angle = etat.rendu.angleCavaliere;
+    c.coef = etat.rendu.coefCavaliere;
+    c.tour = etat.rendu.tourCavaliere;
     return ajusteVue(etat.param, etat.vue, etat.fenetre.modeEspace, W, H);
 }
 
@@ -19,7 +24,12 @@ void effaceEcran(Etat& etat, Surface& surface)
 
 void traceRepere(const Etat& etat, Surface& surface)
 {
-    traceRepere(etat.param, etat.vue, etat.fenetre.modeEspace, couleursRepere(etat).axes, surface);
+    const CouleursRepere c = couleursRepere(etat);
+    OptionsRepere options;
+    options.quadrillage = etat.rendu.quadrillage;
+    options.repereGradue = etat.rendu.repereGradue;
+    options.couleurQuadrillage = couleurQuadrillage(c);
+    traceRepere(etat.param, etat.vue, etat.fenetre.modeEspace, c.axes, surface, options);
 }
 
 }  // namespace velorin

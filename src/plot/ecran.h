@@ -9,7 +9,9 @@
 namespace velorin {
 
 // The view for a surface of W x H twips in the mode in force (see the
-// view's ajusteVue). Returns false when the ranges were refused.
+// view's ajusteVue), in the projection the rendering settings choose
+// (cavalière with its angle, coefficient and turn, or the perspective).
+// Returns false when the ranges were refused.
 bool ajusteVue(Etat& etat, double W, double H);
 
 // Background and frame colours for the parameters, scheme and video
@@ -20,7 +22,8 @@ CouleursRepere couleursRepere(const Etat& etat);
 // etat.couleurs.couleurFond.
 void effaceEcran(Etat& etat, Surface& surface);
 
-// The frame for the viewing values in force, in the frame colour in force.
+// The frame for the viewing values in force, in the frame colour in force,
+// with the grid or the graduations the rendering settings ask for.
 void traceRepere(const Etat& etat, Surface& surface);
 
 }  // namespace velorin

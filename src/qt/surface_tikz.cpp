@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 
 namespace velorin {
 
@@ -74,9 +75,14 @@ std::string texteLatex(const std::string& texte)
             if (cp >= 0 && cp < 0x20)
                 s += ' ';
             else if ((cp >= 0x20 && cp < 0x7F) || (cp >= 0xA0 && cp <= 0xFF) || cp == 0x152 || cp == 0x153 ||
-                     cp == 0x178)
+                     cp == 0x178) {
                 s.append(texte, debut, i - debut);
-            else
+                // No ligature: "ff", "fi", "fl" and "--" stay the letters
+                // typed, and a PDF reader finds them again as text.
+                if (i < texte.size() &&
+                    ((cp == 'f' && std::strchr("fil", texte[i]) && texte[i] != '\0') || (cp == '-' && texte[i] == '-')))
+                    s += "{}";
+            } else
                 s += '?';
         }
     }

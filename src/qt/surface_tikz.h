@@ -24,7 +24,8 @@ namespace velorin {
 // `texte` (UTF-8) written as LaTeX prints it: the characters LaTeX gives a
 // meaning to are escaped, control bytes become spaces, and the characters
 // the T1 encoding has no glyph for become "?" (only ASCII, Latin-1 and the
-// French œ, Œ and Ÿ are kept).
+// French œ, Œ and Ÿ are kept). Ligatures are broken ("f{}l", "-{}-") so
+// that the PDF keeps the letters typed as its text.
 std::string texteLatex(const std::string& texte);
 
 // A width such as "12cm", "90mm" or "12" (centimetres), from 0.5 to 500 cm;

@@ -41,7 +41,18 @@ ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const Demande
         r.erreur = "Tour complet inconnu.";
         return r;
     }
-    const SuiteDuTour suite = suiteDuTour(etat.param, rotation, d.tour, d.pasTete);
+    // In cavalière the turn about Oz turns the solid; the others are refused.
+    std::vector<double> toursCavaliere;
+    SuiteDuTour suite;
+    if (etat.rendu.cavaliere) {
+        if ((r.erreur = suiteDuTourCavaliere(etat.rendu.tourCavaliere, d.tour, toursCavaliere)))
+            return r;
+        const Parametres& p = etat.param;
+        suite.vues.assign(toursCavaliere.size(), VueDuTour{p.Xviseur, p.Yviseur, p.Zviseur, p.Xdirection, p.Ydirection,
+                                                           p.Zdirection, p.Rotadir});
+    } else {
+        suite = suiteDuTour(etat.param, rotation, d.tour, d.pasTete);
+    }
     const double W = d.largeurPx * twipsParPixelEcran, H = d.hauteurPx * twipsParPixelEcran;
     if (double(d.largeurPx) * d.hauteurPx * double(suite.vues.size()) > pixelsTourMax) {
         r.erreur = "Le tour compte " + std::to_string(suite.vues.size()) + " images de " + std::to_string(d.largeurPx) +
@@ -56,6 +67,8 @@ ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const Demande
             if (d.image)
                 d.image(int(i) + 1, int(suite.vues.size()));
             appliqueVue(etat.param, suite.vues[i]);
+            if (!toursCavaliere.empty())
+                etat.rendu.tourCavaliere = toursCavaliere[i];
             if (!ajusteVue(etat, W, H))
                 r.avertissement = messageBaseRetablie;
             return redessine(etat, surface, quoi);

@@ -7,6 +7,7 @@
 // previous content; `projette` reports such a failure to its caller.
 #include "view/projection.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace velorin {
@@ -37,6 +38,65 @@ template <typename T> void affecte(T& cible, double base, double composante, dou
 double distance(double ax, double ay, double az, double bx, double by, double bz)
 {
     return std::sqrt(normeCarree(ax - bx, ay - by, az - bz));
+}
+
+constexpr double radiansParDegre = 3.14159265358979323846 / 180;
+// Cavalière: the share of the picture square that the frame's box fills,
+// the rest left to the arrow heads and the numbers at the axes' ends.
+constexpr double remplissageCavaliere = 0.9;
+
+// Cavalière: the solid turned about Oz, x' = x cos t - y sin t.
+double xTourne(const VueCavaliere& c, double x, double y)
+{
+    return x * c.cosTour - y * c.sinTour;
+}
+
+// Cavalière: the point in picture units, u to the right and w up, before
+// the scale: the turned y and z in true size, plus the turned x along the
+// receding axis.
+void planCavaliere(const VueCavaliere& c, double x, double y, double z, double& u, double& w)
+{
+    const double xt = xTourne(c, x, y), yt = x * c.sinTour + y * c.cosTour;
+    u = yt + c.reculX * xt;
+    w = z + c.reculY * xt;
+}
+
+// Cavalière: the turn, the receding axis, and the scale and origin that fit
+// the box of the three ranges, centred, in the picture square (the
+// perspective's: W - margeEspaceX across, H - margeHauteur down).
+void calibreCavaliere(const Parametres& p, Vue& v)
+{
+    VueCavaliere& c = v.cavaliere;
+    c.cosTour = std::cos(c.tour * radiansParDegre);
+    c.sinTour = std::sin(c.tour * radiansParDegre);
+    // One unit along +x goes left and down: (-coef cos a, -coef sin a) up.
+    c.reculX = -c.coef * std::cos(c.angle * radiansParDegre);
+    c.reculY = -c.coef * std::sin(c.angle * radiansParDegre);
+    const double xm = std::max(std::fabs(p.xmin), std::fabs(p.xmax));
+    const double ym = std::max(std::fabs(p.ymin), std::fabs(p.ymax));
+    // |x'| <= |x| + |y| over the box: K + x' stays above 1 there and far
+    // beyond (see profondeur).
+    c.constanteProfondeur = 1 + 2 * (xm + ym);
+    double umin = HUGE_VAL, umax = -HUGE_VAL, wmin = HUGE_VAL, wmax = -HUGE_VAL;
+    for (int i = 0; i < 8; ++i) {
+        double u, w;
+        planCavaliere(c, i & 1 ? p.xmax : p.xmin, i & 2 ? p.ymax : p.ymin, i & 4 ? p.zmax : p.zmin, u, w);
+        umin = std::min(umin, u);
+        umax = std::max(umax, u);
+        wmin = std::min(wmin, w);
+        wmax = std::max(wmax, w);
+    }
+    const double largeur = v.W - margeEspaceX, hauteur = v.H - margeHauteur;
+    double e = HUGE_VAL;
+    if (umax > umin)
+        e = largeur / (umax - umin);
+    if (wmax > wmin)
+        e = std::min(e, hauteur / (wmax - wmin));
+    if (!std::isfinite(e) || !(e > 0))
+        e = 1;
+    c.echelle = remplissageCavaliere * e;
+    c.origineX = largeur / 2 - c.echelle * (umin + umax) / 2;
+    c.origineY = hauteur / 2 + c.echelle * (wmin + wmax) / 2;
 }
 
 }  // namespace
@@ -97,6 +157,11 @@ bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, doub
     if (!modeEspace) {
         ex = v.decalX + v.echelleX * x;
         ey = v.decalY - v.echelleY * y;
+    } else if (v.cavaliere.active) {
+        double u, w;
+        planCavaliere(v.cavaliere, x, y, z, u, w);
+        ex = v.cavaliere.origineX + v.cavaliere.echelle * u;
+        ey = v.cavaliere.origineY - v.cavaliere.echelle * w;
     } else {
         const double ox = p.Xviseur, oy = p.Yviseur, oz = p.Zviseur;
         const double d1 = distance(x, y, z, ox, oy, oz);
@@ -126,8 +191,19 @@ bool projette(const Parametres& p, const Vue& v, bool modeEspace, double x, doub
     return true;
 }
 
-double profondeur(const Parametres& p, const Vue&, double x, double y, double z)
+double profondeur(const Parametres& p, const Vue& v, double x, double y, double z)
 {
+    // Cavalière: the viewer looks along the receding axis from +x, so a
+    // larger turned x' is nearer. The depth is 1 / (K + x'), K from the
+    // ranges (calibreCavaliere) keeping K + x' > 1 over the frame's box:
+    // positive, ordered along every line of sight (x' grows by 1 for each
+    // step of the receding axis along it), and its inverse K + x' is affine
+    // in x, y, z, hence affine in screen coordinates over a flat face, as
+    // the parallel projection maps the face affinely.
+    if (v.cavaliere.active) {
+        const double d = v.cavaliere.constanteProfondeur + xTourne(v.cavaliere, x, y);
+        return d > 0 ? 1 / d : 0;
+    }
     const double dx = p.Xdirection, dy = p.Ydirection, dz = p.Zdirection;
     const double n = std::sqrt(normeCarree(dx, dy, dz));
     if (n == 0)
@@ -148,6 +224,8 @@ namespace {
 // point that cannot be projected (the viewer sits on it) keeps its old image.
 void calibreEspace(const Parametres& p, Vue& v)
 {
+    if (v.cavaliere.active)
+        calibreCavaliere(p, v);
     projette(p, v, true, 0, 0, 0, v.origineEcranX, v.origineEcranY);
     projette(p, v, true, 1, 0, 0, v.imageUxX, v.imageUxY);
     projette(p, v, true, 0, 1, 0, v.imageUyX, v.imageUyY);

@@ -30,7 +30,9 @@ void projettePoints(const Parametres& p, const Vue& v, bool modeEspace, const do
 // what hides what: larger is farther from the viewer; a point at or behind
 // the viewer has a depth <= 0. Along any line of sight, depth orders points
 // as the projection stacks them, and its inverse varies linearly across the
-// picture over a flat face.
+// picture over a flat face. In cavalière the depth is 1 / (K + x'), x' the
+// turned x (the viewer looks along the receding axis from +x) and K a
+// constant of the ranges that keeps it positive over the frame's box.
 double profondeur(const Parametres& p, const Vue& v, double x, double y, double z);
 
 // The base frame: every axis over [-10, 10].
@@ -45,7 +47,9 @@ inline constexpr const char* messageBaseRetablie = "Pas pochible,je rétablis la
 bool calibre(Parametres& p, Vue& v, bool modeEspace);
 
 // The view for a surface of W x H twips in space (modeEspace) or in the
-// plane: the size, the viewing set-up and the calibration. Returns false
+// plane: the size, the viewing set-up and the calibration. In space with
+// v.cavaliere.active the calibration fits the box of the three ranges,
+// turned by v.cavaliere.tour, into the picture square in cavalière. Returns false
 // when the ranges were refused (the base [-10, 10] is then in force).
 bool ajusteVue(Parametres& p, Vue& v, bool modeEspace, double W, double H);
 

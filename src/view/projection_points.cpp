@@ -134,7 +134,7 @@ void projettePoints(const Parametres& p, const Vue& v, bool modeEspace, const do
 {
     std::size_t fait = 0;
 #if VELORIN_PROJECTION_AVX
-    if (modeEspace && avxEnService())
+    if (modeEspace && !v.cavaliere.active && avxEnService())
         fait = projetteEspaceAvx(p, v, x, y, z, n, sx, sy, projete);
 #endif
     projetteUnParUn(p, v, modeEspace, x + fait, y + fait, z + fait, n - fait, sx + fait, sy + fait, projete + fait);

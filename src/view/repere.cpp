@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "view/format_nombre.h"
+#include "view/graduations.h"
 #include "view/projection.h"
 #include "view/repere_trace.h"
 
@@ -62,7 +63,7 @@ constexpr double procheViseur = 0.05;  // nearest depth drawn in front of the vi
 // picture.
 class RepereEspace {
 public:
-    RepereEspace(const Parametres& p, const Vue& v, TraceRepere& t) : p_(p), v_(v), t_(t)
+    RepereEspace(const Parametres& p, const Vue& v, TraceRepere& t, bool gradue) : p_(p), v_(v), t_(t), gradue_(gradue)
     {
         const double n = std::sqrt(normeCarree(p_.Xdirection, p_.Ydirection, p_.Zdirection));
         if (n > 0) {
@@ -109,13 +110,19 @@ public:
                 t_.texte(formatNombre(v, motifGraduation(v)), vus_[i].x, vus_[i].y, vus_[i].ux, vus_[i].uy,
                          ecartNombre);
             }
+        const double mins[3] = {p_.xmin, p_.ymin, p_.zmin}, maxs[3] = {p_.xmax, p_.ymax, p_.zmax};
+        for (int axe = 0; gradue_ && axe < 3; ++axe)
+            graduations(axe, mins[axe], maxs[axe]);
     }
 
 private:
     static constexpr double tailleTrait = 60, ecartNombre = 90, ecartLettre = 70;
 
+    // Distance in front of the viewer; in cavalière every point is in sight.
     double profondeur(double x, double y, double z) const
     {
+        if (v_.cavaliere.active)
+            return 1;
         return (x - p_.Xviseur) * dx_ + (y - p_.Yviseur) * dy_ + (z - p_.Zviseur) * dz_;
     }
 
@@ -172,6 +179,66 @@ private:
         }
         const double u = (bas + haut) / 2;
         return {a.x + u * (b.x - a.x), a.y + u * (b.y - a.y), a.z + u * (b.z - a.z)};
+    }
+
+    // The ticks and numbers of axis `axe` (0 x, 1 y, 2 z) over [min, max].
+    void graduations(int axe, double min, double max)
+    {
+        const double pas = pasEspace(min, max);
+        if (!(pas > 0))
+            return;
+        const std::string motif = motifPas(pas);
+        const double delta = (max - min) * 1e-3;
+        for (double valeur : valeursGraduees(min, max, pas)) {
+            if (valeur == 0 || std::fabs(valeur - min) < pas * 1e-6 || std::fabs(valeur - max) < pas * 1e-6)
+                continue;
+            double c[3] = {0, 0, 0};
+            c[axe] = valeur;
+            double sx, sy, ax, ay;
+            if (!entier(c[0], c[1], c[2], sx, sy) || !t_.dedans(sx, sy))
+                continue;
+            // The axis's direction on the screen here.
+            double e[3] = {c[0], c[1], c[2]};
+            e[axe] += delta;
+            if (!image(e[0], e[1], e[2], ax, ay) || std::hypot(ax - sx, ay - sy) == 0)
+                continue;
+            const double ux = (ax - sx) / std::hypot(ax - sx, ay - sy), uy = (ay - sy) / std::hypot(ax - sx, ay - sy);
+            // Across the axis, along the other axis that shows most across it.
+            int meilleur = -1;
+            double travers = 0, longueur = 0;
+            for (int j = 0; j < 3; ++j) {
+                if (j == axe)
+                    continue;
+                double f[3] = {c[0], c[1], c[2]};
+                f[j] += delta;
+                double bx, by;
+                if (!image(f[0], f[1], f[2], bx, by))
+                    continue;
+                const double l = std::hypot(bx - sx, by - sy);
+                const double t = l > 0 ? std::fabs(ux * (by - sy) - uy * (bx - sx)) / l : 0;
+                if (t > travers + 1e-9) {
+                    travers = t;
+                    meilleur = j;
+                    longueur = l;
+                }
+            }
+            if (meilleur < 0)
+                continue;
+            const double demi = delta * tailleTrait / longueur;
+            Point3 a{c[0], c[1], c[2]}, b = a;
+            (meilleur == 0 ? a.x : meilleur == 1 ? a.y : a.z) -= demi;
+            (meilleur == 0 ? b.x : meilleur == 1 ? b.y : b.z) += demi;
+            double x1, y1, x2, y2;
+            if (entier(a.x, a.y, a.z, x1, y1) && entier(b.x, b.y, b.z, x2, y2))
+                t_.ligneEspace(x1, y1, x2, y2, a, b);
+            // The number across the axis, on the lower right side.
+            double nx = -uy, ny = ux;
+            if (nx + ny < 0) {
+                nx = -nx;
+                ny = -ny;
+            }
+            t_.texte(formatNombre(valeur, motif), sx, sy, nx, ny, ecartNombre);
+        }
     }
 
     // "I", "J", "K" beside their unit points, across their axis, with a
@@ -235,6 +302,7 @@ private:
     const Parametres& p_;
     const Vue& v_;
     TraceRepere& t_;
+    bool gradue_;
     double dx_ = 0, dy_ = 0, dz_ = 0;
     // The half-axes -x, +x, -y, +y, -z, +z as drawn: `axe` when a line of
     // some length shows (ux, uy its screen direction from the origin's
@@ -250,17 +318,30 @@ private:
 
 }  // namespace
 
-void traceRepere(const Parametres& p, const Vue& v, bool modeEspace, Couleur couleurAxes, Surface& surface)
+void traceRepere(const Parametres& p, const Vue& v, bool modeEspace, Couleur couleurAxes, Surface& surface,
+                 const OptionsRepere& options)
 {
+    if (!modeEspace && options.quadrillage)
+        traceQuadrillage(p, v, options.couleurQuadrillage, surface);
     if (p.axesVisibles == 0)
         return;
     TraceRepere t(surface, couleurAxes);
     if (modeEspace) {
-        RepereEspace r(p, v, t);
+        RepereEspace r(p, v, t, options.repereGradue);
         r.trace();
     } else {
         traceReperePlan(p, v, t);
     }
+}
+
+Couleur couleurQuadrillage(const CouleursRepere& c)
+{
+    Couleur m = 0;
+    for (int decalage = 0; decalage < 24; decalage += 8) {
+        const unsigned fond = (c.fond >> decalage) & 0xFF, axes = (c.axes >> decalage) & 0xFF;
+        m |= ((3 * fond + axes + 2) / 4) << decalage;
+    }
+    return m;
 }
 
 }  // namespace velorin

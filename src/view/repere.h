@@ -48,7 +48,25 @@ void effaceEcran(const Parametres& p, SchemaCouleurs& schema, bool inversionVide
 // numbers, "O" at the origin.
 // No text overlaps another: a number that finds no free place near its
 // point is left out.
-void traceRepere(const Parametres& p, const Vue& v, bool modeEspace, Couleur couleurAxes, Surface& surface);
+//
+// The options of the rendering, off by default: in the plane the grid
+// ("Quadrillage", see traceQuadrillage) under the frame in its own colour;
+// in space the graduations ("Repère gradué"): on each axis a tick and its
+// number at every multiple of the axis's nice step (pasEspace) between the
+// ends, the ends and 0 excepted. A tick is a short segment of space across
+// its axis, drawn as such (LineEspace) so that a surface resolving hidden
+// parts hides it as it hides the solid; its number keeps clear of the other
+// texts or is left out.
+struct OptionsRepere {
+    bool quadrillage = false, repereGradue = false;
+    Couleur couleurQuadrillage = 0x404040;
+};
+void traceRepere(const Parametres& p, const Vue& v, bool modeEspace, Couleur couleurAxes, Surface& surface,
+                 const OptionsRepere& options = {});
+
+// A discreet grid colour on the background in force: a quarter of the way
+// from the background to the frame's colour.
+Couleur couleurQuadrillage(const CouleursRepere& c);
 
 // The format of a number at the end of an axis, by magnitude: "0.000" for 0
 // and for 0.01 <= |v| < 10, "00.00" for 10 <= |v| < 100, "0.00E-00" below

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "view/format_nombre.h"
+#include "view/graduations.h"
 #include "view/projection.h"
 #include "view/repere_trace.h"
 
@@ -14,9 +15,6 @@ namespace {
 
 constexpr double demiGraduation = 50;  // half-length of a tick
 constexpr double ecartNombre = 50;     // between a tick and its number
-constexpr double espacementMin = 600;  // no two ticks closer (40 px at 96 dpi)
-constexpr double aere = 2.5;           // tick spacing / size of a number
-constexpr int graduationsMax = 200;
 // Least room between a number and the edge of the picture: xmin and ymax
 // lie only decalPlanGauche and decalPlanHaut from the edges, and a number
 // centred on such a tick would start outside the picture (a glyph's ink
@@ -29,42 +27,6 @@ constexpr double margeTexte = 3 * twipsParPixelEcran;
 double centreDedans(double centre, double taille, double bord)
 {
     return std::max(margeTexte + taille / 2, std::min(centre, bord - margeTexte - taille / 2));
-}
-
-// Pattern of the numbers of a graduation step: as many decimals as the
-// step needs, scientific form for very large or very small steps.
-std::string motifPas(double pas)
-{
-    if (pas >= 1e6 || pas < 1e-4)
-        return "0.00E+00";
-    const int decimales = std::max(0, static_cast<int>(std::ceil(-std::log10(pas) - 1e-9)));
-    return decimales == 0 ? "0" : "0." + std::string(decimales, '0');
-}
-
-// Values i x pas inside [min, max] (computed from i, never accumulated).
-std::vector<double> valeursGraduees(double min, double max, double pas)
-{
-    std::vector<double> v;
-    const double premier = std::ceil(min / pas - 1e-9), dernier = std::floor(max / pas + 1e-9);
-    if (!(dernier - premier < graduationsMax))
-        return v;
-    for (double i = premier; i <= dernier; ++i)
-        v.push_back(i * pas);
-    return v;
-}
-
-// The smallest step 1, 2 or 5 x 10^k whose ticks lie at least
-// `encombrement(pas)` twips apart, `unite` twips being one unit.
-double choisisPas(double etendue, double unite, const std::function<double(double)>& encombrement)
-{
-    double decade = std::pow(10.0, std::floor(std::log10(etendue)) - 3);
-    for (int essai = 0; essai < 40; ++essai, decade *= 10)
-        for (double m : {1.0, 2.0, 5.0}) {
-            const double pas = m * decade;
-            if (pas * unite >= encombrement(pas) && etendue / pas < graduationsMax)
-                return pas;
-        }
-    return etendue;
 }
 
 class ReperePlan {
@@ -109,13 +71,9 @@ private:
 
     void graduationsX(double yAxe, double x0)
     {
-        const double unite = std::fabs(v_.echelleX);
-        if (!(unite > 0))
+        const double pas = pasPlanX(p_, v_, s_);
+        if (!(pas > 0))
             return;
-        const double pas = choisisPas(p_.xmax - p_.xmin, unite, [&](double essai) {
-            const auto valeurs = valeursGraduees(p_.xmin, p_.xmax, essai);
-            return std::max(espacementMin, aere * largeurMax(valeurs, motifPas(essai)));
-        });
         const std::string motif = motifPas(pas);
         // Numbers under the axis, above it when there is no room below.
         const double dessous = yAxe + ecartNombre + s_.TextHeight() <= s_.Height() ? 1 : -1;
@@ -134,11 +92,9 @@ private:
 
     void graduationsY(double xAxe, double y0)
     {
-        const double unite = std::fabs(v_.echelleY);
-        if (!(unite > 0))
+        const double pas = pasPlanY(p_, v_, s_);
+        if (!(pas > 0))
             return;
-        const double pas = choisisPas(p_.ymax - p_.ymin, unite,
-                                      [&](double) { return std::max(espacementMin, aere * s_.TextHeight()); });
         const std::string motif = motifPas(pas);
         const auto valeurs = valeursGraduees(p_.ymin, p_.ymax, pas);
         // Numbers left of the axis, right of it when there is no room left.

@@ -29,6 +29,14 @@ void TraceRepere::ligne(double x1, double y1, double x2, double y2)
     traits_.push_back({x1, y1, x2, y2});
 }
 
+void TraceRepere::ligneEspace(double x1, double y1, double x2, double y2, const Point3& a, const Point3& b)
+{
+    if (!dedans(x1, y1) || !dedans(x2, y2))
+        return;
+    surface.LineEspace(x1, y1, x2, y2, a, b, couleur_);
+    traits_.push_back({x1, y1, x2, y2});
+}
+
 void TraceRepere::fleche(double x, double y, double ux, double uy)
 {
     constexpr double longueur = 150, demiLargeur = 55;

@@ -41,6 +41,9 @@ public:
     // The marks drawn from now on (lines, arrow heads, ticks) are hidden or
     // seen with the point of space *p; nullptr: they are always seen.
     void attache(const Point3* p) { attache_ = p; }
+    // A segment of space showing a and b, whole inside the surface or not
+    // at all.
+    void ligneEspace(double x1, double y1, double x2, double y2, const Point3& a, const Point3& b);
     // Arrow head at (x, y) pointing along the unit vector (ux, uy).
     void fleche(double x, double y, double ux, double uy);
     // Tick of half-length `demi` across the unit direction (ux, uy).

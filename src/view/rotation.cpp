@@ -172,6 +172,77 @@ bool pasDeTete(Parametres& p, EtatRotation& r, int choixReglage, double pasListe
 
 namespace {
 
+constexpr double pasCavaliereDegres = 5;
+constexpr int ticksTourCavaliere = 72;  // 72 x 5 degrees
+
+Erreur refusCavaliere()
+{
+    return Erreur(std::string(messageRotationCavaliere));
+}
+
+}  // namespace
+
+Erreur pasCavaliere(double& tour, Axe axe, int sens)
+{
+    if (axe != Axe::Oz)
+        return refusCavaliere();
+    tour += sens * pasCavaliereDegres;
+    return {};
+}
+
+Erreur tourneCavaliere(double& tour, int axe, double angle)
+{
+    if (!angleAccepte(angle))
+        return Erreur(std::string());
+    if (axe != 0)
+        return refusCavaliere();
+    tour -= angle * 180 / rotaPI;
+    return {};
+}
+
+Erreur debutTourCavaliere(EtatRotation& r, double tour, Axe axe, int sens)
+{
+    if (axe != Axe::Oz)
+        return refusCavaliere();
+    r.angDepart = tour;
+    r.angRota = 0;  // ticks made
+    r.axeTour = axeTourCavaliere * sens;
+    return {};
+}
+
+bool pasTourCavaliere(EtatRotation& r, double& tour)
+{
+    if (r.axeTour == 0)
+        return false;
+    r.angRota += 1;
+    if (r.angRota >= ticksTourCavaliere) {
+        tour = r.angDepart;
+        r.axeTour = 0;
+        return true;
+    }
+    tour = r.angDepart - (r.axeTour > 0 ? 1 : -1) * pasCavaliereDegres * r.angRota;
+    return false;
+}
+
+Erreur suiteDuTourCavaliere(double tour, int index, std::vector<double>& tours)
+{
+    tours.clear();
+    if (index < 0 || index >= 6)
+        return refusCavaliere();
+    const Axe axes[] = {Axe::Oz, Axe::Oy, Axe::Ox};
+    EtatRotation r;
+    if (auto erreur = debutTourCavaliere(r, tour, axes[index / 2], index % 2 == 0 ? 1 : -1))
+        return erreur;
+    bool fini = false;
+    while (!fini) {
+        fini = pasTourCavaliere(r, tour);
+        tours.push_back(tour);
+    }
+    return {};
+}
+
+namespace {
+
 const char* const nomsTours[nbToursComplets] = {"oz+", "oz-", "oy+", "oy-", "ox+", "ox-", "vision+", "vision-"};
 
 VueDuTour vueDe(const Parametres& p)

@@ -40,7 +40,7 @@ struct EtatRotation {
     double angDepart = 0;               // angle of the viewer on that circle at the start
     double angPrec = 0;                 // start angle of the previous rotation about Oz
     double angRota = 0;                 // current angle of the viewer on the circle
-    int axeTour = 0;                    // running full turn: +-1 Ox, +-2 Oy, +-3 Oz; 0 none
+    int axeTour = 0;                    // running full turn: +-1 Ox, +-2 Oy, +-3 Oz, +-4 cavalière; 0 none
     int sensTete = 1;                   // +1 or -1: sense of the running head rotation
 };
 
@@ -123,6 +123,42 @@ bool finDuTour(Parametres& p, EtatRotation& r);
 // false: the caller disables Timer3 and does not redraw. Otherwise it returns
 // true: the caller redraws and shows the values.
 bool pasDeTete(Parametres& p, EtatRotation& r, int choixReglage, double pasListe);
+
+// ---- Cavalière. The front plane (y to the right, z up) stays in true
+// size and the receding axis keeps its angle: the only rotation that keeps
+// the drawing a cavalière one turns the solid about Oz. The commands about
+// Oz turn `tour` (degrees) as they turn the picture in the perspective:
+// the same command turns the solid the same way in both projections (the
+// viewer turning by +a looks like the solid turning by -a). The commands
+// about Ox, Oy and the head are refused with this message.
+inline constexpr const char* messageRotationCavaliere =
+    "En perspective cavalière, le solide tourne seulement autour de l'axe (zz') : les rotations autour de (xx'), "
+    "de (yy') et de la vision appartiennent à la perspective du programme (menu du rendu).";
+
+// A step of the buttons: about Oz, tour += sens x 5 degrees (the solid
+// turns as the picture does when the perspective's viewer steps by -sens);
+// otherwise the message and nothing changes.
+Erreur pasCavaliere(double& tour, Axe axe, int sens);
+
+// A typed angle (radians, the menu index `axe` as in `tournicotons`): about
+// Oz, tour -= angle in degrees; an angle outside [-3.1416, 3.1416] is
+// refused silently (empty message) as in the perspective; other axes: the
+// message.
+Erreur tourneCavaliere(double& tour, int axe, double angle);
+
+// The full turn about Oz (axeTour = axeTourCavaliere x sens, the start kept
+// in angDepart, the ticks counted in angRota): a turn started in cavalière
+// stays one to its end. About any other axis: the message, and nothing
+// starts.
+inline constexpr int axeTourCavaliere = 4;
+Erreur debutTourCavaliere(EtatRotation& r, double tour, Axe axe, int sens);
+// One tick of that turn: tour -= sens x 5 degrees; after 72 ticks tour is
+// put back exactly to its start, axeTour = 0 and the function returns true.
+bool pasTourCavaliere(EtatRotation& r, double& tour);
+// Every value of `tour` the ticks of the full turn `index` (as for
+// `suiteDuTour`) give, the last one the start; the message for a turn that
+// cavalière does not make.
+Erreur suiteDuTourCavaliere(double tour, int index, std::vector<double>& tours);
 
 // ---- A whole animated turn at once, for the exports that draw every tick
 // without waiting for the timers.

@@ -20,6 +20,34 @@ void regardeOrigine(Parametres& p)
     p.Zdirection = -double(p.Zviseur);
 }
 
+// Cavalière: the surface point (Px, Py) names gives u (right) and w (up)
+// in units; the points shown there have a turned x' = t free, y' = u -
+// reculX t, z = w - reculY t, turned back about Oz to x and y.
+bool solvonsCavaliere(const Vue& v, double Px, double Py, int fixe, double valeur, double& x, double& y, double& z)
+{
+    const VueCavaliere& c = v.cavaliere;
+    const double sx = (Px + 1) * (v.W - margeEspaceX) / 2, sy = (1 - Py) * (v.H - margeHauteur) / 2;
+    if (c.echelle == 0 || fixe < 0 || fixe > 2)
+        return false;
+    const double u = (sx - c.origineX) / c.echelle, w = (c.origineY - sy) / c.echelle;
+    // Each coordinate is a0 + a1 t.
+    const double a0[3] = {u * c.sinTour, u * c.cosTour, w};
+    const double a1[3] = {c.cosTour - c.reculX * c.sinTour, -c.sinTour - c.reculX * c.cosTour, -c.reculY};
+    if (a1[fixe] == 0)
+        return false;
+    const double t = (valeur - a0[fixe]) / a1[fixe];
+    double r[3];
+    for (int i = 0; i < 3; ++i)
+        r[i] = a0[i] + a1[i] * t;
+    r[fixe] = valeur;
+    if (!finis({r[0], r[1], r[2]}))
+        return false;
+    x = r[0];
+    y = r[1];
+    z = r[2];
+    return true;
+}
+
 }  // namespace
 
 bool redes(Parametres& p, const Vue& v, double dx, double dy)
@@ -89,6 +117,15 @@ bool grossirMolette(Parametres& p, const Vue& v, bool modeEspace, double crans, 
     return true;
 }
 
+bool glisseCavaliere(double& tour, double dxPixels)
+{
+    const double t = tour + dxPixels * radiansParPixel * 180 / 3.141592;
+    if (dxPixels == 0 || !std::isfinite(t))
+        return false;
+    tour = t;
+    return true;
+}
+
 bool pointDuPlan(const Vue& v, double sx, double sy, double& x, double& y)
 {
     if (v.echelleX == 0 || v.echelleY == 0)
@@ -108,6 +145,8 @@ void pointPlanProjection(const Vue& v, double sx, double sy, double& Px, double&
 bool solvons(const Parametres& p, const Vue& v, double Px, double Py, int fixe, double valeur, double& x, double& y,
              double& z)
 {
+    if (v.cavaliere.active)
+        return solvonsCavaliere(v, Px, Py, fixe, valeur, x, y, z);
     // The unit vectors of the picture's axes: the reference points lie 0.2
     // from the centre along them.
     const double c[3] = {v.centreVueX, v.centreVueY, v.centreVueZ};

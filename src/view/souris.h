@@ -37,6 +37,12 @@ inline constexpr double elevationMax = 88 * 3.141592 / 180;
 // origin or a nil drag.
 bool tourneVue(Parametres& p, double dxPixels, double dyPixels);
 
+// Cavalière: a drag turns the solid about Oz by dxPixels x 0.5 degree
+// (dragged right it turns as the perspective's picture does); the vertical
+// part of a drag has nothing to turn there. Returns false, changing
+// nothing, for a nil horizontal drag.
+bool glisseCavaliere(double& tour, double dxPixels);
+
 // The wheel's factor per notch: that of "+ 20%".
 inline constexpr double moletteFacteur = 1.2;
 
@@ -63,8 +69,10 @@ void pointPlanProjection(const Vue& v, double sx, double sy, double& Px, double&
 // The point of space seen at (Px, Py) on the projection plane whose
 // coordinate `fixe` (0 x, 1 y, 2 z) equals `valeur`: the line from the
 // viewer through that point of the plane (with the basis set up by
-// `prepareVue`) meets the plane `fixe` = `valeur` there. Returns false when
-// the line of sight is parallel to that plane (no such point).
+// `prepareVue`) meets the plane `fixe` = `valeur` there. In cavalière the
+// line of sight is the parallel to the receding axis through the surface
+// point that (Px, Py) names. Returns false when the line of sight is
+// parallel to that plane (no such point).
 bool solvons(const Parametres& p, const Vue& v, double Px, double Py, int fixe, double valeur, double& x, double& y,
              double& z);
 

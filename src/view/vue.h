@@ -31,6 +31,12 @@ inline constexpr double aireBas = 15;
 struct VueCavaliere {
     bool active = false;
     double angle = 45, coef = 0.5, tour = 0;
+    // Derived by the calibration from the values above and the ranges: the
+    // turn's cosine and sine, the screen offset of one unit along the
+    // receding axis (recul), the scale (twips per unit) and the image of the
+    // origin, and the depth constant (see `profondeur`).
+    double cosTour = 1, sinTour = 0, reculX = 0, reculY = 0;
+    double echelle = 0, origineX = 0, origineY = 0, constanteProfondeur = 1;
 };
 
 struct Vue {

@@ -146,6 +146,46 @@ TEST(CommandesVue, ChaqueControleAtteintSaRoutineEtRedessine)
     EXPECT_TRUE(banc.messages.isEmpty()) << banc.messages.join('|').toStdString();
 }
 
+// In cavalière the rotation controls reach the cavalière routines: about
+// Oz the solid turns and the picture is redrawn, the others say why.
+TEST(CommandesVue, EnCavaliereLesRotationsTournentLeSolideOuLeDisent)
+{
+    struct Cas {
+        Action agit;
+        double tour;  // tourCavaliere after, from 0
+        bool message;
+    };
+    const Cas cas[] = {{clic("Command5_0"), 5, false},
+                       {clic("Command5_5"), 0, true},
+                       {menu("mnurotan", 0, "0.5", "Autour de l'axe (zz')"), -0.5 * 180 / rotaPI, false},
+                       {menu("mnuroti", 6), 0, true},
+                       {glisser(Qt::NoModifier), 100, false}};  // 200 pixels right
+    Banc banc;
+    Mirado& m = banc.demarre(1);
+    m.etat.rendu.cavaliere = true;
+    m.envoie(1);
+    for (const Cas& c : cas) {
+        SCOPED_TRACE(&c - cas);
+        m.etat.rendu.tourCavaliere = 0;
+        m.Command3_Click();
+        const QImage avant = m.ecran().copy();
+        banc.messages.clear();
+        c.agit(m, banc);
+        EXPECT_NEAR(m.etat.rendu.tourCavaliere, c.tour, 1e-4);
+        EXPECT_EQ(banc.messages.size(), c.message ? 1 : 0);
+        EXPECT_EQ(m.ecran() != avant, !c.message);
+    }
+    // The full turn: Timer2's ticks turn the solid, the last one back to the start.
+    auto* timer = controle<QTimer>(m, "Timer2");
+    m.etat.rendu.tourCavaliere = 0;
+    article(m, "mnuroti", 1)->trigger();
+    QMetaObject::invokeMethod(timer, "timeout");
+    EXPECT_DOUBLE_EQ(m.etat.rendu.tourCavaliere, 5);
+    for (int tics = 1; timer->isActive() && tics < 100; ++tics)
+        QMetaObject::invokeMethod(timer, "timeout");
+    EXPECT_EQ(std::tuple(timer->isActive(), m.etat.rendu.tourCavaliere), std::tuple(false, 0.0));
+}
+
 // "Tour complet": each entry starts its timer, whose ticks give the redraws
 // of the view module's turn, and stops it at the end.
 TEST(CommandesVue, ToursCompletsParLesMinuteries)

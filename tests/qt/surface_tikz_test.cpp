@@ -1,12 +1,15 @@
 // The TikZ picture: LaTeX's special characters escaped in the texts; every
-// gallery entry of both modes, and a picture with an accented label in a
-// whole document, compiled by pdflatex, the label's text found again in the PDF.
+// gallery entry of both modes in two styles, and a picture with an accented
+// label in a whole document, compiled by pdflatex, the labels' texts found
+// again in the PDF.
 #include <cstdlib>
 #include <fstream>
 
 #include "catalogue/catalogue.h"
 #include "cli/rendu.h"
 #include "commun/commun.h"
+#include "plot/ecran.h"
+#include "plot/redessin.h"
 #include "qt/surface_tikz.h"
 #include "settings/memoire.h"
 
@@ -22,7 +25,8 @@ TEST(SurfaceTikz, EchappementDesCaracteresSpeciauxDeLatex)
         {"Été œ ÿ", "Été œ ÿ"},  // kept: the T1 encoding prints them
         {"α→x", "??x"},          // no glyph: pdflatex would stop
         {"a\tb\n", "a b "},
-        {"a\xff\xc3", "a??"},  // control bytes; invalid or cut UTF-8
+        {"a\xff\xc3", "a??"},                                  // control bytes; invalid or cut UTF-8
+        {"trèfle affiné x--y", "trèf{}le af{}f{}iné x-{}-y"},  // ligatures: the PDF's text would lose the letters
     };
     for (const auto& [texte, attendu] : cas)
         EXPECT_EQ(texteLatex(texte), attendu) << texte;
@@ -61,33 +65,68 @@ bool pdflatex(const DossierTemporaire& d, const std::string& tex)
     return std::system(commande.c_str()) == 0;
 }
 
-TEST(SurfaceTikz, GalerieEtEtiquetteAccentueeCompileesParPdflatex)
+// The names of a gallery in its entries' order: the comment above each
+// entry of its source.
+std::vector<std::string> nomsDeLaGalerie(const std::string& source)
+{
+    std::vector<std::string> noms;
+    std::istringstream lignes(lisFichier(fs::path(VELORIN_SOURCE_DIR) / "data/sources" / source));
+    std::string ligne, commentaire;
+    while (std::getline(lignes, ligne))
+        if (ligne.starts_with("# "))
+            commentaire = ligne.substr(2);
+        else if (!ligne.empty() && ligne[0] != '#')
+            noms.push_back(commentaire);
+    return noms;
+}
+
+// Every entry with its name as a label, in "Fil de fer" and in the dashed
+// style (space in cavalière with graduations, the plane with its grid).
+TEST(SurfaceTikz, GalerieDansLesDeuxStylesEtEtiquettesAccentueesCompileesParPdflatex)
 {
     if (std::system("command -v pdflatex >/dev/null 2>&1 && command -v pdftotext >/dev/null 2>&1") != 0)
         GTEST_SKIP() << "pdflatex ou pdftotext absent";
     DossierTemporaire d;
     std::string document = "\\documentclass{article}\n\\usepackage[T1]{fontenc}\n\\usepackage[utf8]{inputenc}\n"
                            "\\usepackage{tikz}\n\\begin{document}\n";
-    int entrees = 0;
-    for (const auto& [espace, lsu] : {std::pair(true, "Espace_courbes/Lisurf.lsu"), {false, "Plan_courbes/Lico.lsu"}}) {
-        const fs::path chemin = fs::path(VELORIN_BIN_DIR) / lsu;
-        Catalogue cat;
-        ASSERT_FALSE(ouvrirCatalogue(cat, chemin.string())) << lsu;
-        for (int n = 1; n <= int(cat.nbLignesCatalogue); ++n, ++entrees) {
-            std::string nom(1, 'e');
-            nom += std::to_string(entrees);
-            DemandeRendu r;
-            r.espace = espace, r.catalogue = chemin.string(), r.entrees = {n};
-            r.parametres = memoireParDefaut(chemin.parent_path().string(), espace);
-            r.sortie = d / (nom + ".tex");
-            const ResultatRendu fait = rendu(r);
-            ASSERT_FALSE(fait.erreur) << lsu << ' ' << n << ' ' << fait.erreur.message();
-            document += "\\input{" + nom + "}\\newpage\n";
+    std::vector<std::string> noms;
+    for (StyleRendu style : {StyleRendu::FilDeFer, StyleRendu::Pointilles})
+        for (const auto& [espace, lsu, source] : {std::tuple(true, "Espace_courbes/Lisurf.lsu", "Lisurf.txt"),
+                                                  std::tuple(false, "Plan_courbes/Lico.lsu", "Lico.txt")}) {
+            const fs::path chemin = fs::path(VELORIN_BIN_DIR) / lsu;
+            const std::vector<std::string> galerie = nomsDeLaGalerie(source);
+            for (int n = 1; n <= int(galerie.size()); ++n) {
+                Etat e;
+                e.fenetre.metsModeEspace(espace);
+                ASSERT_FALSE(lisMemoire(memoireParDefaut(chemin.parent_path().string(), espace), e.param));
+                ASSERT_FALSE(ouvrirCatalogue(e.catalogue, chemin.string()));
+                ASSERT_EQ(std::size_t(e.catalogue.nbLignesCatalogue), galerie.size()) << lsu;
+                e.rendu.style = style;
+                e.rendu.cavaliere = e.rendu.repereGradue = e.rendu.quadrillage = style != StyleRendu::FilDeFer;
+                ajusteVue(e, 1024 * twipsParPixelEcran, 768 * twipsParPixelEcran);
+                // "(k)" keeps every label apart from the others.
+                std::string etiquette(1, '(');
+                etiquette += std::to_string(noms.size());
+                etiquette += ") ";
+                noms.push_back(etiquette += galerie[std::size_t(n - 1)]);
+                e.etiquettes.lb[std::size_t(ajouteEtiquette(e.etiquettes, 600, 600))].texte = noms.back();
+                std::string nom(1, 'f');
+                nom += std::to_string(noms.size());
+                std::ofstream f(d / (nom + ".tex"));
+                SurfaceTikz s(f, 1024, 768, OptionsTex{});
+                ASSERT_FALSE(redessine(e, s, Redessin{.entrees = {n}})) << lsu << ' ' << n;
+                s.termine();
+                document += "\\input{" + nom + "}\\newpage\n";
+            }
         }
-    }
     ecrisFichier(d / "galerie.tex", document + "\\end{document}\n");
     ASSERT_TRUE(pdflatex(d, "galerie.tex")) << lisFichier(d / "galerie.log");
-    EXPECT_EQ(texteDuPdf(d, "galerie.pdf").second, entrees);
+    const auto [texte, pages] = texteDuPdf(d, "galerie.pdf");
+    EXPECT_EQ(pages, int(noms.size()));
+    for (std::string nom : noms) {
+        std::erase(nom, ' ');
+        EXPECT_NE(texte.find(nom), std::string::npos) << nom;
+    }
 
     // A whole document: one page, the label's text as it was given.
     const std::string etiquette = "Été à 100 % & co_x {y} $#";

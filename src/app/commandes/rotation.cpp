@@ -1,6 +1,7 @@
 // Turning the point of view from the window: the six step buttons, the
 // full turns and the head rotation of the "ROTATION" menu with their timers,
-// and the typed angle.
+// and the typed angle. In cavalière they turn the solid about Oz or say
+// why they do not (view/rotation.h).
 //
 // `pauseActive` is false while a rotation is being stepped and true
 // otherwise; each tick of the full turn switches it off for its step and on
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QTimer>
+#include <cstdlib>
 
 #include "app/fenetre/mirado.h"
 #include "engine/nombres.h"
@@ -25,12 +27,26 @@ int sensDe(int index)
     return index % 2 == 0 ? 1 : -1;
 }
 
+// A rotation refused in cavalière: its message shown (none for an angle
+// out of range). True when refused.
+bool refuse(const Boites& boites, QWidget* fenetre, const Erreur& erreur)
+{
+    if (erreur && !erreur.message().empty())
+        boites.message(fenetre, QString::fromStdString(erreur.message()));
+    return static_cast<bool>(erreur);
+}
+
 }  // namespace
 
 void Mirado::Command5_Click(int index)
 {
     if (index < 0 || index > 5 || refuseSiOccupe())
         return;
+    if (etat.rendu.cavaliere) {
+        if (!refuse(boites, this, pasCavaliere(etat.rendu.tourCavaliere, axesMenu[index / 2], sensDe(index))))
+            Command3_Click();
+        return;
+    }
     velorin::tournicoti(etat.param, rotation_, axesMenu[index / 2], 0, sensDe(index));
     affviseur();
     Command3_Click();
@@ -41,6 +57,14 @@ void Mirado::mnuroti_Click(int index)
     if (index < 0 || index > 7)
         return;
     EtatFenetre& f = etat.fenetre;
+    if (etat.rendu.cavaliere) {
+        const Axe axe = index < 6 ? axesMenu[index / 2] : Axe::Ox;  // the head turns no solid either
+        if (!refuse(boites, this, debutTourCavaliere(rotation_, etat.rendu.tourCavaliere, axe, sensDe(index)))) {
+            Timer2->setInterval(rotaIntervalleTour);
+            Timer2->start();
+        }
+        return;
+    }
     f.pauseActive = false;
     if (index < 6) {
         if (velorin::tournicoti(etat.param, rotation_, axesMenu[index / 2], 1, sensDe(index))) {
@@ -70,6 +94,11 @@ void Mirado::mnurotan_Click(int index)
     bool trop = false;
     const double angle = nombreEnTete(reponse->toStdString(), trop);
     // An angle out of range is refused without a word.
+    if (etat.rendu.cavaliere) {
+        if (!trop && !refuse(boites, this, tourneCavaliere(etat.rendu.tourCavaliere, index, angle)))
+            Command3_Click();
+        return;
+    }
     if (trop || velorin::tournicotons(etat.param, rotation_, index, angle))
         return;
     affviseur();
@@ -82,6 +111,13 @@ void Mirado::Timer2_Timer()
         return;
     if (rotation_.axeTour == 0) {
         Timer2->stop();
+        return;
+    }
+    if (std::abs(rotation_.axeTour) == axeTourCavaliere) {
+        const bool fini = pasTourCavaliere(rotation_, etat.rendu.tourCavaliere);
+        Command3_Click();
+        if (fini)
+            Timer2->stop();
         return;
     }
     etat.fenetre.pauseActive = false;

@@ -118,7 +118,9 @@ void Mirado::Form_MouseMove(QPoint pixels, Qt::MouseButtons boutons, Qt::Keyboar
     bool change;
     if (etat.fenetre.modeEspace) {
         const QPoint d = pixels - geste_.dernier;
-        change = tourneVue(etat.param, d.x(), d.y());
+        // In cavalière the drag turns the solid about Oz.
+        change = etat.rendu.cavaliere ? glisseCavaliere(etat.rendu.tourCavaliere, d.x())
+                                      : tourneVue(etat.param, d.x(), d.y());
     } else {
         const QPointF d = enTwips(pixels) - enTwips(geste_.dernier);
         change = velorin::redes(etat.param, etat.vue, d.x(), d.y());
