@@ -173,9 +173,10 @@ TEST(Projection, PointsEnBlocCommeUnParUn)
                 double ax = 0, ay = 0;
                 const bool attendu = projette(e.p, e.v, espace, x[i], y[i], z[i], ax, ay);
                 ASSERT_EQ(projete[i], attendu) << i << " (" << x[i] << ", " << y[i] << ", " << z[i] << ")";
-                if (attendu)
+                if (attendu) {
                     EXPECT_TRUE(std::memcmp(&sx[i], &ax, sizeof ax) == 0 && std::memcmp(&sy[i], &ay, sizeof ay) == 0)
                         << i << " : " << sx[i] << ", " << sy[i] << " / " << ax << ", " << ay;
+                }
             }
         }
     }

@@ -210,20 +210,22 @@ void Mirado::ajusteTitreTrace()
     titre->setToolTip(QString());
     if (!barreDeborde())
         return;
-    // The widest shortened caption with which every menu shows; when even
-    // the shortest does not do (a very narrow window), the shortest: "Dans"
-    // and the ends of the path stay readable.
+    // The widest shortened caption with which every menu shows: "Dans "
+    // stays, the path is shortened in its middle; when even "Dans …" does
+    // not do (a very narrow window), that one.
     const QFontMetrics fm(menuBar()->font());
-    int bas = fm.horizontalAdvance(QStringLiteral("Dans …/…lsu")), haut = fm.horizontalAdvance(titreTrace_);
+    const QString dans = titreTrace_.left(5), chemin = titreTrace_.mid(5);
+    const auto court = [&](int largeur) { return dans + fm.elidedText(chemin, Qt::ElideMiddle, largeur); };
+    int bas = fm.horizontalAdvance(QChar(0x2026)), haut = fm.horizontalAdvance(chemin);
     while (bas < haut) {
         const int milieu = (bas + haut + 1) / 2;
-        mnutrace->setTitle(fm.elidedText(titreTrace_, Qt::ElideMiddle, milieu));
+        mnutrace->setTitle(court(milieu));
         if (barreDeborde())
             haut = milieu - 1;
         else
             bas = milieu;
     }
-    mnutrace->setTitle(fm.elidedText(titreTrace_, Qt::ElideMiddle, bas));
+    mnutrace->setTitle(court(bas));
     titre->setToolTip(titreTrace_);
 }
 
