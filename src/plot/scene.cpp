@@ -115,6 +115,16 @@ void Scene::Print(const std::string& texte)
     CurrentY += TextHeight();
 }
 
+void Scene::PrintEspace(const std::string& texte, double x, double y, const Point3& a)
+{
+    Print(texte);
+    Texte& t = textes_.back();
+    t.ancreX = x;
+    t.ancreY = y;
+    t.profondeur = profondeurDe(a);
+    t.espace = true;
+}
+
 void Scene::Clear(Couleur fond)
 {
     garde(Operation::Effacement, 0, 0, 0, 0, fond);
@@ -206,6 +216,8 @@ void Scene::rejoue(const Operation& op, const ImageProfondeur& image)
     case Operation::Effacement: cible_.Clear(op.couleur); break;
     case Operation::Texte: {
         const Texte& t = textes_[static_cast<std::size_t>(op.x2)];
+        if (t.espace && image.cache(t.ancreX, t.ancreY, t.profondeur))
+            break;
         cible_.CurrentX = op.x1;
         cible_.CurrentY = op.y1;
         cible_.ForeColor = t.encre;

@@ -47,6 +47,7 @@ public:
     void FaceEspace(const Point3* sommets, const double* xs, const double* ys, int n, Couleur couleur) override;
     void Circle(double x, double y, double rayon, Couleur couleur) override;
     void Print(const std::string& texte) override;
+    void PrintEspace(const std::string& texte, double x, double y, const Point3& a) override;
     void Clear(Couleur fond) override;
     double Width() const override { return cible_.Width(); }
     double Height() const override { return cible_.Height(); }
@@ -77,6 +78,10 @@ private:
         double taille;
         bool gras, italique, souligne;
         Couleur encre;
+        // A text about a point of space: the point's image and depth, and
+        // whether it has one (a text about a hidden point is left out).
+        double ancreX = 0, ancreY = 0, profondeur = 0;
+        bool espace = false;
     };
     struct Face {
         std::uint32_t debut;  // first corner in xs_, ys_, ps_

@@ -107,8 +107,10 @@ public:
         for (int i = 0; i < 6; ++i)
             if (vus_[i].bout) {
                 const double v = bouts[i].valeur;
+                t_.attache(&bouts_[i]);
                 t_.texte(formatNombre(v, motifGraduation(v)), vus_[i].x, vus_[i].y, vus_[i].ux, vus_[i].uy,
                          ecartNombre);
+                t_.attache(nullptr);
             }
         const double mins[3] = {p_.xmin, p_.ymin, p_.zmin}, maxs[3] = {p_.xmax, p_.ymax, p_.zmax};
         for (int axe = 0; gradue_ && axe < 3; ++axe)
@@ -237,7 +239,10 @@ private:
                 nx = -nx;
                 ny = -ny;
             }
+            const Point3 ancre{c[0], c[1], c[2]};
+            t_.attache(&ancre);
             t_.texte(formatNombre(valeur, motif), sx, sy, nx, ny, ecartNombre);
+            t_.attache(nullptr);
         }
     }
 
@@ -267,12 +272,17 @@ private:
                 nx = -nx;
                 ny = -ny;
             }
+            t_.attache(&unite);
             t_.texte(u.nom, sx, sy, nx, ny, ecartLettre);
+            t_.attache(nullptr);
         }
         double ox, oy;
         if (entier(0, 0, 0, ox, oy) && t_.dedans(ox, oy)) {
             const double a = angleLibre();
+            const Point3 origine{0, 0, 0};
+            t_.attache(&origine);
             t_.texte("O", ox, oy, std::cos(a), std::sin(a), ecartLettre);
+            t_.attache(nullptr);
         }
     }
 

@@ -62,7 +62,10 @@ bool TraceRepere::texte(const std::string& t, double px, double py, double ux, d
     occupes_.push_back(*cadre);
     surface.CurrentX = cadre->x;
     surface.CurrentY = cadre->y;
-    surface.Print(t);
+    if (attache_)
+        surface.PrintEspace(t, px, py, *attache_);
+    else
+        surface.Print(t);
     return true;
 }
 

@@ -38,7 +38,7 @@ public:
                            x2 == bx && y2 == by ? b : versEspace(x2, y2), couleur_);
         traits_.push_back({x1, y1, x2, y2});
     }
-    // The marks drawn from now on (lines, arrow heads, ticks) are hidden or
+    // The marks drawn from now on (lines, arrow heads, ticks, texts) are hidden or
     // seen with the point of space *p; nullptr: they are always seen.
     void attache(const Point3* p) { attache_ = p; }
     // A segment of space showing a and b, whole inside the surface or not

@@ -43,6 +43,16 @@ public:
         (void)a;
         PSet(x, y, couleur);
     }
+    // The text about a point of space a shown at (x, y) (a number or letter
+    // of the frame), written like Print; a surface that resolves hidden
+    // parts leaves it out where it finds that point hidden.
+    virtual void PrintEspace(const std::string& texte, double x, double y, const Point3& a)
+    {
+        (void)x;
+        (void)y;
+        (void)a;
+        Print(texte);
+    }
     // A face: the polygon of n corners (xs[i], ys[i]) filled in `couleur`,
     // without outline (its edges are drawn as lines). Drawn only by the
     // style "Faces ombrées"; a surface that cannot fill ignores it.

@@ -169,6 +169,28 @@ TEST(RedessinSolide, LignesCacheesParLesFaces)
     }
 }
 
+// The numbers and letters of the frame about points inside a sphere are left
+// out with those points; those outside stay, in every style that resolves.
+TEST(RedessinSolide, TextesDuRepereCachesAvecLeurPoint)
+{
+    for (const StyleRendu style : {StyleRendu::Pointilles, StyleRendu::FacesOmbrees}) {
+        DossierTemporaire dossier;
+        Etat etat = etatCalibre(true);
+        etat.rendu = {.style = style, .repereGradue = true};
+        ASSERT_FALSE(ouvrirCatalogue(etat.catalogue, dossier / "essai.lsu"));
+        ASSERT_FALSE(ecrisLigne(etat.catalogue, 1, {4, "R=f1(a,t)=3][Agh=f2(a,t)=t][Agv=f3(a,t)=a/2"}));
+        SurfaceEnregistreuse sortie(etat.vue.W, etat.vue.H);
+        ASSERT_FALSE(redessine(etat, sortie, {.entrees = {1}}));
+        std::multiset<std::string> textes;
+        for (const OperationDessin& op : sortie.operations())
+            if (op.genre == OperationDessin::Genre::Texte)
+                textes.insert(op.texte);
+        EXPECT_EQ(std::tuple(textes.count("2"), textes.count("-2"), textes.count("O"), textes.count("I")),
+                  std::tuple(0u, 0u, 0u, 0u)) << "un texte d'un point dans la sphère est écrit";
+        EXPECT_GE(textes.count("4"), 2u) << "un texte d'un point hors de la sphère manque";
+    }
+}
+
 // A curve added to the picture in a style that resolves hidden parts: the
 // curves already drawn cannot be cut by the new surface, so everything is
 // drawn again with it; "Fil de fer" adds the curve alone.
