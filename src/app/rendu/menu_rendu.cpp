@@ -1,6 +1,7 @@
 #include "app/rendu/menu_rendu.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QFile>
 #include <QMainWindow>
 #include <QMenu>
@@ -71,6 +72,12 @@ MenuRendu::MenuRendu(QMainWindow& fenetre, QMenu* avant, Etat& etat, const Boite
             [this] { modifie([](Rendu& r) { r.quadrillage = !r.quadrillage; }); });
     gradue_ = article(menu_, "Repère gradué", "mnugradue", 0);
     connect(gradue_, &QAction::triggered, this, [this] { modifie([](Rendu& r) { r.repereGradue = !r.repereGradue; }); });
+    // One choice of each list: shown as such (radio marks).
+    for (const auto* liste : {&styles_, &angles_, &coefs_}) {
+        auto* groupe = new QActionGroup(this);
+        for (QAction* a : *liste)
+            groupe->addAction(a);
+    }
     marque();
 }
 
