@@ -17,15 +17,11 @@ set -uo pipefail
 n=5
 if [ "${1:-}" = -n ]; then n=$2; shift 2; fi
 [ $# -ge 1 ] || { echo "usage : gif_tour.sh [-n N] VELORIN [VELORIN ...]" >&2; exit 2; }
-[ -x /usr/bin/time ] || { echo "/usr/bin/time manque (apt-get install time)" >&2; exit 2; }
-command -v gnuplot >/dev/null || { echo "gnuplot manque (apt-get install gnuplot-nox)" >&2; exit 2; }
-galerie="$(dirname "$1")/Espace_courbes/Lisurf.lsu"
-[ -f "$galerie" ] || { echo "$galerie manque (cmake --build ... --target galeries)" >&2; exit 2; }
+source "$(dirname "${BASH_SOURCE[0]}")/commun.sh"
+verifieOutils
 dossier=$(mktemp -d)
 trap 'rm -rf "$dossier"' EXIT
-cp "$galerie" "$dossier/tore.lsu"
-"$1" catalogue ajoute "$dossier/tore.lsu" --genre 2 '(3+cos(a))*cos(t)' '(3+cos(a))*sin(t)' 'sin(a)' >/dev/null || exit 2
-entree=$("$1" catalogue liste "$dossier/tore.lsu" | wc -l)
+entree=$(toreDansCatalogue "$1" "$dossier") || exit 2
 pas=0.0634343  # 6.28 / 99
 cat >"$dossier/mem.log" <<FIN
 -4,4,-4,4,-4,4
@@ -74,12 +70,6 @@ print(n)
 FIN
 }
 
-# Median and spread of a list of numbers: "median (min-max)".
-resume() {
-    tr ' ' '\n' <<<"$1" | grep . | sort -g |
-        awk '{v[NR] = $1} END {m = NR % 2 ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2; printf "%.10g (%.10g-%.10g)", m, v[1], v[NR]}'
-}
-mediane() { resume "$1" | cut -d' ' -f1; }
 
 declare -A reel cpu mem taille
 noms=("$@" gnuplot)

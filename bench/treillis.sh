@@ -23,15 +23,11 @@ while [ $# -gt 0 ]; do
     esac
 done
 [ $# -ge 1 ] || { echo "usage : treillis.sh [-n N] [-p \"800 200\"] VELORIN [VELORIN ...]" >&2; exit 2; }
-[ -x /usr/bin/time ] || { echo "/usr/bin/time manque (apt-get install time)" >&2; exit 2; }
-command -v gnuplot >/dev/null || { echo "gnuplot manque (apt-get install gnuplot-nox)" >&2; exit 2; }
-galerie="$(dirname "$1")/Espace_courbes/Lisurf.lsu"
-[ -f "$galerie" ] || { echo "$galerie manque (cmake --build ... --target galeries)" >&2; exit 2; }
+source "$(dirname "${BASH_SOURCE[0]}")/commun.sh"
+verifieOutils
 dossier=$(mktemp -d)
 trap 'rm -rf "$dossier"' EXIT
-cp "$galerie" "$dossier/tore.lsu"
-"$1" catalogue ajoute "$dossier/tore.lsu" --genre 2 '(3+cos(a))*cos(t)' '(3+cos(a))*sin(t)' 'sin(a)' >/dev/null || exit 2
-entree=$("$1" catalogue liste "$dossier/tore.lsu" | wc -l)
+entree=$(toreDansCatalogue "$1" "$dossier") || exit 2
 cat >"$dossier/tore.gp" <<'FIN'
 set term pngcairo size 1600,1000
 set output ARG1
@@ -48,12 +44,6 @@ unset key
 splot (3+cos(u))*cos(v), (3+cos(u))*sin(v), sin(u) with lines
 FIN
 
-# Median and spread of a list of numbers: "median (min-max)".
-resume() {
-    tr ' ' '\n' <<<"$1" | grep . | sort -g |
-        awk '{v[NR] = $1} END {m = NR % 2 ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2; printf "%.10g (%.10g-%.10g)", m, v[1], v[NR]}'
-}
-mediane() { resume "$1" | cut -d' ' -f1; }
 
 noms=("$@" gnuplot)
 g=${#noms[@]}
