@@ -68,17 +68,11 @@ for ((i = 1; i <= n; i++)); do
                 terminal=$([ "$f" = png ] && echo pngcairo || echo svg)
                 commande=(gnuplot -c "$dossier/tore.gp" "$terminal" "$sortie")
             fi
-            mesure=$(/usr/bin/time -v "${commande[@]}" 2>&1 >/dev/null)
-            code=$?
-            kb=$(sed -n 's/.*Maximum resident set size (kbytes): //p' <<<"$mesure")
-            s=$(sed -n 's/.*Elapsed (wall clock) time (h:mm:ss or m:ss): //p' <<<"$mesure" |
-                awk -F: '{t = 0; for (k = 1; k <= NF; k++) t = t * 60 + $k; print t}')
-            c=$(awk '/User time|System time/ {t += $NF} END {print t}' <<<"$mesure")
-            octets=$(stat -c %s "$sortie" 2>/dev/null || echo 0)
-            echo "${noms[b - 1]} $f run $i : ${s} s, CPU ${c} s, $((kb / 1024)) Mo, $octets octets, code $code"
+            read -r s c mo octets code < <(chronometre "$sortie" "${commande[@]}")
+            echo "${noms[b - 1]} $f run $i : ${s} s, CPU ${c} s, $mo Mo, $octets octets, code $code"
             reel[$b$f]+="$s "
             cpu[$b$f]+="$c "
-            mem[$b$f]+="$((kb / 1024)) "
+            mem[$b$f]+="$mo "
             taille[$b$f]+="$octets "
         done
     done

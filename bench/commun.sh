@@ -26,3 +26,18 @@ resume() {
         awk '{v[NR] = $1} END {m = NR % 2 ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2; printf "%.10g (%.10g-%.10g)", m, v[1], v[NR]}'
 }
 mediane() { resume "$1" | cut -d' ' -f1; }
+
+# Runs COMMANDE... under /usr/bin/time -v and prints "seconds cpu Mo bytes
+# code": wall time, user + system time, peak memory, the size of SORTIE
+# afterwards (0 when missing) and the exit code.
+chronometre() {
+    local sortie=$1 mesure code kb s c
+    shift
+    mesure=$(/usr/bin/time -v "$@" 2>&1 >/dev/null)
+    code=$?
+    kb=$(sed -n 's/.*Maximum resident set size (kbytes): //p' <<<"$mesure")
+    s=$(sed -n 's/.*Elapsed (wall clock) time (h:mm:ss or m:ss): //p' <<<"$mesure" |
+        awk -F: '{t = 0; for (k = 1; k <= NF; k++) t = t * 60 + $k; print t}')
+    c=$(awk '/User time|System time/ {t += $NF} END {print t}' <<<"$mesure")
+    echo "$s $c $((kb / 1024)) $(stat -c %s "$sortie" 2>/dev/null || echo 0) $code"
+}

@@ -72,17 +72,11 @@ FIN
             else
                 commande=(gnuplot -c "$dossier/tore.gp" "$sortie" "$p")
             fi
-            mesure=$(/usr/bin/time -v "${commande[@]}" 2>&1 >/dev/null)
-            code=$?
-            kb=$(sed -n 's/.*Maximum resident set size (kbytes): //p' <<<"$mesure")
-            s=$(sed -n 's/.*Elapsed (wall clock) time (h:mm:ss or m:ss): //p' <<<"$mesure" |
-                awk -F: '{t = 0; for (k = 1; k <= NF; k++) t = t * 60 + $k; print t}')
-            c=$(awk '/User time|System time/ {t += $NF} END {print t}' <<<"$mesure")
-            octets=$(stat -c %s "$sortie" 2>/dev/null || echo 0)
-            echo "$p x $p ${noms[b - 1]} run $i : ${s} s, CPU ${c} s, $((kb / 1024)) Mo, $octets octets, code $code"
+            read -r s c mo octets code < <(chronometre "$sortie" "${commande[@]}")
+            echo "$p x $p ${noms[b - 1]} run $i : ${s} s, CPU ${c} s, $mo Mo, $octets octets, code $code"
             reel[$b]+="$s "
             cpu[$b]+="$c "
-            mem[$b]+="$((kb / 1024)) "
+            mem[$b]+="$mo "
             taille[$b]+="$octets "
         done
     done
