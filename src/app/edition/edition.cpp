@@ -215,6 +215,16 @@ std::array<int, 4> Edition::cadre() const
 
 void Edition::annule()
 {
+    parcours(&Historique::aAnnuler, &Historique::annule);
+}
+
+void Edition::retablis()
+{
+    parcours(&Historique::aRetablir, &Historique::retablis);
+}
+
+void Edition::parcours(const Pas* (Historique::*haut)() const, std::optional<Pas> (Historique::*prends)(Pas))
+{
     if (m_.refuseSiOccupe())
         return;
     // A full turn or a head rotation in progress stops where it is.
@@ -222,28 +232,12 @@ void Edition::annule()
     m_.Timer3->stop();
     m_.etat.fenetre.pauseActive = true;
     valide();
-    if (const Pas* haut = historique_.aAnnuler()) {
-        Pas maintenant = pareilMaintenant(m_.etat, *haut);
-        if (haut->cadreFenetre)
+    if (const Pas* pas = (historique_.*haut)()) {
+        // The state now, kept for the opposite way.
+        Pas maintenant = pareilMaintenant(m_.etat, *pas);
+        if (pas->cadreFenetre)
             maintenant.cadreFenetre = cadre();
-        applique(*historique_.annule(std::move(maintenant)));
-    }
-    actualise();
-}
-
-void Edition::retablis()
-{
-    if (m_.refuseSiOccupe())
-        return;
-    m_.Timer2->stop();
-    m_.Timer3->stop();
-    m_.etat.fenetre.pauseActive = true;
-    valide();
-    if (const Pas* haut = historique_.aRetablir()) {
-        Pas maintenant = pareilMaintenant(m_.etat, *haut);
-        if (haut->cadreFenetre)
-            maintenant.cadreFenetre = cadre();
-        applique(*historique_.retablis(std::move(maintenant)));
+        applique(*(historique_.*prends)(std::move(maintenant)));
     }
     actualise();
 }

@@ -70,6 +70,9 @@ private:
     void observeBoutons();
     void valide();    // the step in waiting into the history, if its action changed something
     void libelles();  // the entries' captions and availability
+    // Undo or redo: the step on top (`haut`) taken (`prends`) against the
+    // state now, then put back; refused during a tracing.
+    void parcours(const Pas* (Historique::*haut)() const, std::optional<Pas> (Historique::*prends)(Pas));
     void applique(const Pas& pas);
     std::array<int, 4> cadre() const;
 
