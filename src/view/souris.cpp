@@ -20,6 +20,27 @@ void regardeOrigine(Parametres& p)
     p.Zdirection = -double(p.Zviseur);
 }
 
+// The point o + t d of a line where the coordinate `fixe` (0 x, 1 y, 2 z)
+// equals `valeur`, that coordinate set exactly: false when the line runs
+// along that plane or the point is not finite.
+bool pointOuCoordonneeVaut(const double o[3], const double d[3], int fixe, double valeur, double& x, double& y,
+                           double& z)
+{
+    if (fixe < 0 || fixe > 2 || d[fixe] == 0)
+        return false;
+    const double t = (valeur - o[fixe]) / d[fixe];
+    double r[3];
+    for (int i = 0; i < 3; ++i)
+        r[i] = o[i] + t * d[i];
+    r[fixe] = valeur;
+    if (!finis({r[0], r[1], r[2]}))
+        return false;
+    x = r[0];
+    y = r[1];
+    z = r[2];
+    return true;
+}
+
 // Cavalière: the surface point (Px, Py) names gives u (right) and w (up)
 // in units; the points shown there have a turned x' = t free, y' = u -
 // reculX t, z = w - reculY t, turned back about Oz to x and y.
@@ -33,19 +54,7 @@ bool solvonsCavaliere(const Vue& v, double Px, double Py, int fixe, double valeu
     // Each coordinate is a0 + a1 t.
     const double a0[3] = {u * c.sinTour, u * c.cosTour, w};
     const double a1[3] = {c.cosTour - c.reculX * c.sinTour, -c.sinTour - c.reculX * c.cosTour, -c.reculY};
-    if (a1[fixe] == 0)
-        return false;
-    const double t = (valeur - a0[fixe]) / a1[fixe];
-    double r[3];
-    for (int i = 0; i < 3; ++i)
-        r[i] = a0[i] + a1[i] * t;
-    r[fixe] = valeur;
-    if (!finis({r[0], r[1], r[2]}))
-        return false;
-    x = r[0];
-    y = r[1];
-    z = r[2];
-    return true;
+    return pointOuCoordonneeVaut(a0, a1, fixe, valeur, x, y, z);
 }
 
 }  // namespace
@@ -156,19 +165,7 @@ bool solvons(const Parametres& p, const Vue& v, double Px, double Py, int fixe, 
     double vise[3];
     for (int i = 0; i < 3; ++i)
         vise[i] = c[i] + Px * h[i] + Py * w[i] - o[i];
-    if (fixe < 0 || fixe > 2 || vise[fixe] == 0)
-        return false;
-    const double t = (valeur - o[fixe]) / vise[fixe];
-    double r[3];
-    for (int i = 0; i < 3; ++i)
-        r[i] = o[i] + t * vise[i];
-    r[fixe] = valeur;
-    if (!finis({r[0], r[1], r[2]}))
-        return false;
-    x = r[0];
-    y = r[1];
-    z = r[2];
-    return true;
+    return pointOuCoordonneeVaut(o, vise, fixe, valeur, x, y, z);
 }
 
 }  // namespace velorin
