@@ -34,7 +34,7 @@ void Scene::echange(Memoire& m)
     ps_.swap(m.ps);
 }
 
-Scene::~Scene()
+void Scene::oublie()
 {
     operations_.clear();
     textes_.clear();
@@ -42,6 +42,11 @@ Scene::~Scene()
     xs_.clear();
     ys_.clear();
     ps_.clear();
+}
+
+Scene::~Scene()
+{
+    oublie();
     if (operations_.capacity() > memoire().operations.capacity())
         echange(memoire());
 }
@@ -298,12 +303,7 @@ void Scene::resous()
     cible_.FontBold = FontBold;
     cible_.FontItalic = FontItalic;
     cible_.FontUnderline = FontUnderline;
-    operations_.clear();
-    textes_.clear();
-    faces_.clear();
-    xs_.clear();
-    ys_.clear();
-    ps_.clear();
+    oublie();
 }
 
 }  // namespace velorin

@@ -94,6 +94,7 @@ private:
     struct Memoire;
     static Memoire& memoire();
     void echange(Memoire& m);
+    void oublie();  // everything recorded, the memory kept
 
     void garde(Operation::Genre genre, double x1, double y1, double x2, double y2, Couleur couleur, double p1 = 0,
                double p2 = 0);
