@@ -26,14 +26,7 @@ dossier=$(mktemp -d)
 trap 'rm -rf "$dossier"' EXIT
 entree=$(toreDansCatalogue "$1" "$dossier") || exit 2
 pas=0.0315578  # 6.28 / 199
-cat >"$dossier/mem.log" <<FIN
--4,4,-4,4,-4,4
-0,6.28,$pas,0,6.28,$pas
-200,40,20,7.5,5,5.5
-5,-7.5,-5,-5.5,0,0,1,0
-0,0,0,0,0,0,1,0,0
-0,0,#FALSE#
-FIN
+memoireParametres "$dossier/mem.log" "$pas" 4 7.5,5,5.5 -7.5,-5,-5.5
 # ARG1: the terminal (pngcairo or svg), ARG2: the output.
 cat >"$dossier/tore.gp" <<'FIN'
 set term ARG1 size 1600,1000

@@ -41,3 +41,18 @@ chronometre() {
     c=$(awk '/User time|System time/ {t += $NF} END {print t}' <<<"$mesure")
     echo "$s $c $((kb / 1024)) $(stat -c %s "$sortie" 2>/dev/null || echo 0) $code"
 }
+
+# Writes the parameter file FICHIER of a measure: a and t over [0, 6.28] by
+# PAS, every axis over [-BORNE, BORNE] (4 unless given), the viewer at VISEUR
+# looking along DIRECTION (15,10,7.5 and -15,-10,-7.5 unless given).
+memoireParametres() {
+    local b=${3:-4}
+    cat >"$1" <<FIN
+-$b,$b,-$b,$b,-$b,$b
+0,6.28,$2,0,6.28,$2
+200,40,20,${4:-15,10,7.5}
+5,${5:--15,-10,-7.5},0,0,1,0
+0,0,0,0,0,0,1,0,0
+0,0,#FALSE#
+FIN
+}

@@ -23,14 +23,7 @@ dossier=$(mktemp -d)
 trap 'rm -rf "$dossier"' EXIT
 entree=$(toreDansCatalogue "$1" "$dossier") || exit 2
 pas=0.0634343  # 6.28 / 99
-cat >"$dossier/mem.log" <<FIN
--4,4,-4,4,-4,4
-0,6.28,$pas,0,6.28,$pas
-200,40,20,15,10,7.5
-5,-15,-10,-7.5,0,0,1,0
-0,0,0,0,0,0,1,0,0
-0,0,#FALSE#
-FIN
+memoireParametres "$dossier/mem.log" "$pas"
 cat >"$dossier/tore.gp" <<'FIN'
 set term gif animate delay 5 size 1600,1000
 set output ARG1

@@ -13,21 +13,15 @@ set -uo pipefail
 n=3
 if [ "${1:-}" = -n ]; then n=$2; shift 2; fi
 [ $# -ge 1 ] || { echo "usage : memoire_export.sh [-n N] VELORIN [VELORIN ...]" >&2; exit 2; }
-[ -x /usr/bin/time ] || { echo "/usr/bin/time manque (apt-get install time)" >&2; exit 2; }
+source "$(dirname "${BASH_SOURCE[0]}")/commun.sh"
+verifieOutils sansgnuplot
 galerie="$(dirname "$1")/Espace_courbes/Lisurf.lsu"
 [ -f "$galerie" ] || { echo "$galerie manque (cmake --build ... --target galeries)" >&2; exit 2; }
 dossier=$(mktemp -d)
 trap 'rm -rf "$dossier"' EXIT
 cp "$galerie" "$dossier/"
 pas=0.0028098  # 6.28 / 2235
-cat >"$dossier/mem.log" <<FIN
--10,10,-10,10,-10,10
-0,6.28,$pas,0,6.28,$pas
-200,40,20,15,10,7.5
-5,-15,-10,-7.5,0,0,1,0
-0,0,0,0,0,0,1,0,0
-0,0,#FALSE#
-FIN
+memoireParametres "$dossier/mem.log" "$pas" 10
 entrees=()
 for e in 7 8 9 10 11 12; do entrees+=(--entree "$e"); done
 

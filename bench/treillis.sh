@@ -53,14 +53,7 @@ for p in $maillages; do
     pas=$(awk -v p="$p" 'BEGIN {printf "%.7f", int(6.28 / (p - 1) * 1e7) / 1e7}')
     mkdir -p "$dossier/$p"
     cp "$dossier/tore.lsu" "$dossier/$p/"
-    cat >"$dossier/$p/mem.log" <<FIN
--4,4,-4,4,-4,4
-0,6.28,$pas,0,6.28,$pas
-200,40,20,15,10,7.5
-5,-15,-10,-7.5,0,0,1,0
-0,0,0,0,0,0,1,0,0
-0,0,#FALSE#
-FIN
+    memoireParametres "$dossier/$p/mem.log" "$pas"
     declare -A reel=() cpu=() mem=() taille=()
     for ((i = 1; i <= n; i++)); do
         for b in $(seq 1 $g); do
