@@ -5,6 +5,7 @@
 #include "base/chemins.h"
 #include "base/ecriture.h"
 #include "base/texte_sur.h"
+#include "settings/nom_valeur.h"
 #include "engine/nombres.h"
 
 namespace velorin {
@@ -61,30 +62,16 @@ std::string texteCouleurs(const SchemaCouleurs& schema)
 Erreur analyseCouleurs(const std::string& contenu, const std::string& chemin, SchemaCouleurs& schema)
 {
     SchemaCouleurs lu = schema;
-    int numero = 0;
-    for (const std::string& texteLigne : lignesDuTexte(contenu)) {
-        std::string_view ligne = texteLigne;
-        ++numero;
-        ligne = sansBlancsAuxBouts(ligne, " \t");
-        if (ligne.empty() || ligne.front() == '#')
-            continue;
-        const std::string debut = "Fichier " + texteCite(chemin) + ", ligne " + std::to_string(numero) + " : ";
-        const auto egal = ligne.find('=');
-        if (egal == std::string_view::npos)
-            return debut + "« nom=valeur » attendu, lu " + texteCite(ligne) +
-                   ". Les couleurs en vigueur sont conservées.";
-        const std::string_view nom = sansBlancsAuxBouts(ligne.substr(0, egal), " \t");
-        const std::string_view valeur = sansBlancsAuxBouts(ligne.substr(egal + 1), " \t");
-        const Membre* trouve = nullptr;
+    auto lis = [&lu](std::string_view nom, std::string_view valeur) -> std::string {
         for (const Membre& m : membres)
             if (nom == m.nom)
-                trouve = &m;
-        if (!trouve)
-            return debut + "couleur inconnue " + texteCite(nom) + ". Les couleurs en vigueur sont conservées.";
-        if (!lisValeur(valeur, lu.*trouve->membre))
-            return debut + "la valeur " + texteCite(valeur) + " de " + trouve->nom +
-                   " n'est pas une couleur (un entier de 0 à 16777215). Les couleurs en vigueur sont conservées.";
-    }
+                return lisValeur(valeur, lu.*m.membre) ? std::string{}
+                                                       : "la valeur " + texteCite(valeur) + " de " + m.nom +
+                                                             " n'est pas une couleur (un entier de 0 à 16777215)";
+        return "couleur inconnue " + texteCite(nom);
+    };
+    if (auto erreur = lisNomsValeurs(contenu, chemin, "Les couleurs en vigueur sont conservées.", lis))
+        return erreur;
     schema = lu;
     return {};
 }

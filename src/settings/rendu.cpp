@@ -7,6 +7,7 @@
 #include "base/ecriture.h"
 #include "base/texte_sur.h"
 #include "engine/nombres.h"
+#include "settings/nom_valeur.h"
 #include "settings/texte_nombre.h"
 
 namespace velorin {
@@ -89,21 +90,11 @@ std::string texteRendu(const Rendu& r)
 Erreur analyseRendu(const std::string& contenu, const std::string& chemin, Rendu& rendu)
 {
     Rendu lu = rendu;
-    int numero = 0;
-    for (const std::string& texteLigne : lignesDuTexte(contenu)) {
-        ++numero;
-        const std::string_view ligne = sansBlancsAuxBouts(texteLigne, " \t");
-        if (ligne.empty() || ligne.front() == '#')
-            continue;
-        const std::string debut = "Fichier " + texteCite(chemin) + ", ligne " + std::to_string(numero) + " : ";
-        const auto egal = ligne.find('=');
-        if (egal == std::string_view::npos)
-            return debut + "« nom=valeur » attendu, lu " + texteCite(ligne) + ". Le rendu en vigueur est conservé.";
-        const std::string refus = lisReglage(sansBlancsAuxBouts(ligne.substr(0, egal), " \t"),
-                                             sansBlancsAuxBouts(ligne.substr(egal + 1), " \t"), lu);
-        if (!refus.empty())
-            return debut + refus + ". Le rendu en vigueur est conservé.";
-    }
+    if (auto erreur = lisNomsValeurs(contenu, chemin, "Le rendu en vigueur est conservé.",
+                                     [&lu](std::string_view nom, std::string_view valeur) {
+                                         return lisReglage(nom, valeur, lu);
+                                     }))
+        return erreur;
     rendu = lu;
     return {};
 }
