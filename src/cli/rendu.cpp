@@ -360,6 +360,10 @@ void assureApplication()
     // that is not there (QT_QPA_PLATFORM=xcb without DISPLAY) would abort.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || !affichageDisponible())
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // No event loop runs here: Qt's own event dispatcher, lighter than
+    // GLib's, is enough.
+    if (qEnvironmentVariableIsEmpty("QT_NO_GLIB"))
+        qputenv("QT_NO_GLIB", "1");
     // Without a session folder Qt makes one itself but says so on the error
     // output, which must hold only our messages: make it first, silently.
     prepareDossierSession();

@@ -6,6 +6,7 @@
 #include "qt/dessin_fichier.h"
 
 #include <QPainter>
+#include <QRegion>
 
 #include <algorithm>
 #include <cctype>
@@ -37,15 +38,23 @@ QString titreSvg(const std::string& titre)
     return nom.toHtmlEscaped().replace(QLatin1Char('\''), QStringLiteral("&apos;"));
 }
 
-// Draws on a painter begun on `appareil`, then ends it.
-Erreur peins(QPaintDevice& appareil, double W, double H, const DessinSurface& dessin, const std::string& cible)
+// Draws on a painter begun on `appareil` (kept to the rows `seules`, see
+// dessineSurImage), then ends it.
+Erreur peins(QPaintDevice& appareil, double W, double H, const DessinSurface& dessin, const std::string& cible,
+             std::optional<LignesImage> seules = std::nullopt)
 {
     QPainter peintre;
     if (!peintre.begin(&appareil) || !peintre.isActive())
         return echecDessin(cible);
+    const int L = appareil.width(), Hpx = appareil.height();
+    if (seules)
+        peintre.setClipRegion(QRegion(0, seules->debut, L, seules->fin - seules->debut) + QRegion(0, 0, 1, 1) +
+                              QRegion(L - 1, Hpx - 1, 1, 1));
     Erreur erreur;
     {
         SurfaceQPainter surface(peintre, W, H);
+        if (seules)
+            surface.limiteAuxLignes(seules->debut, seules->fin);
         erreur = dessin(surface);
     }
     const bool fini = peintre.end();
@@ -79,12 +88,14 @@ FormatSortie formatSortie(const std::string& chemin)
     return FormatSortie::Inconnu;
 }
 
-Erreur dessineSurImage(QImage& image, const DessinSurface& dessin, const std::string& cible)
+Erreur dessineSurImage(QImage& image, const DessinSurface& dessin, const std::string& cible,
+                       std::optional<LignesImage> seules)
 {
     if (image.isNull())
         return "L'image de " + texteCite(cible) + " est trop grande pour la mémoire.";
     const double r = image.devicePixelRatio();
-    return peins(image, image.width() / r * twipsParPixelEcran, image.height() / r * twipsParPixelEcran, dessin, cible);
+    return peins(image, image.width() / r * twipsParPixelEcran, image.height() / r * twipsParPixelEcran, dessin, cible,
+                 seules);
 }
 
 Erreur dessineDansFichier(EcritureEntiere& fichier, FormatSortie format, int largeurPx, int hauteurPx,

@@ -6,6 +6,7 @@
 #pragma once
 #include <QImage>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "base/ecriture.h"
@@ -34,8 +35,18 @@ using DessinSurface = std::function<Erreur(Surface&)>;
 Erreur dessineDansFichier(EcritureEntiere& fichier, FormatSortie format, int largeurPx, int hauteurPx,
                           const std::string& titre, const DessinSurface& dessin, const OptionsTex& tex = {});
 
+// Rows [debut, fin) of a picture.
+struct LignesImage {
+    int debut = 0, fin = 0;
+};
+
 // Draws `dessin` over the whole of `image` (made by imagePourSurface); a
-// failure of the painter names `cible`.
-Erreur dessineSurImage(QImage& image, const DessinSurface& dessin, const std::string& cible);
+// failure of the painter names `cible`. Given `seules`, only those rows are
+// written, each pixel of them as the whole drawing makes it: the painter's
+// clip is those rows and the two far corner pixels, so that its bounding box
+// stays the whole picture and every line, text and face is computed as over
+// the whole picture.
+Erreur dessineSurImage(QImage& image, const DessinSurface& dessin, const std::string& cible,
+                       std::optional<LignesImage> seules = std::nullopt);
 
 }  // namespace velorin

@@ -18,58 +18,40 @@ struct Rectangle {
 
 }  // namespace
 
-// The picture before, kept by runs of one colour row by row: a drawing is
-// mostly long runs of its background, so it costs a few hundred kilobytes
-// where the full picture would take four bytes a pixel. A word holds a
-// colour (0xRRGGBB) and the run's length less one in its top byte (a longer
-// run takes several words), so that a row never takes more words than
-// pixels. The pictures are opaque (0xFF alpha).
-struct ImageParPlages {
-    int largeur = 0;
-    std::vector<std::vector<std::uint32_t>> lignes;
-
-    ImageParPlages(int l, int h) : largeur(l), lignes(std::size_t(h)) { }
-
-    void ecris(int y, const QRgb* pixels)
-    {
-        std::vector<std::uint32_t>& mots = lignes[std::size_t(y)];
-        mots.clear();
-        for (int x = 0; x < largeur;) {
-            const std::uint32_t c = pixels[x] & 0xFFFFFF;
-            int n = 1;
-            while (n < 256 && x + n < largeur && (pixels[x + n] & 0xFFFFFF) == c)
-                ++n;
-            mots.push_back(std::uint32_t(n - 1) << 24 | c);
-            x += n;
-        }
-        mots.shrink_to_fit();
+void ImageParPlages::ecris(int y, const QRgb* pixels)
+{
+    std::vector<std::uint32_t>& mots = lignes[std::size_t(y)];
+    mots.clear();
+    for (int x = 0; x < largeur;) {
+        const std::uint32_t c = pixels[x] & 0xFFFFFF;
+        int n = 1;
+        while (n < 256 && x + n < largeur && (pixels[x + n] & 0xFFFFFF) == c)
+            ++n;
+        mots.push_back(std::uint32_t(n - 1) << 24 | c);
+        x += n;
     }
+    mots.shrink_to_fit();
+}
 
-    // Row y into `pixels` (largeur of them).
-    void lis(int y, QRgb* pixels) const
-    {
-        for (std::uint32_t mot : lignes[std::size_t(y)]) {
-            const int n = int(mot >> 24) + 1;
-            std::fill_n(pixels, n, QRgb(0xFF000000u | (mot & 0xFFFFFF)));
-            pixels += n;
-        }
+void ImageParPlages::lis(int y, QRgb* pixels) const
+{
+    for (std::uint32_t mot : lignes[std::size_t(y)]) {
+        const int n = int(mot >> 24) + 1;
+        std::fill_n(pixels, n, QRgb(0xFF000000u | (mot & 0xFFFFFF)));
+        pixels += n;
     }
-};
+}
 
 namespace {
 
-// Where `image` differs from `avant` (same size, 32-bit pixels); empty when
-// they are the same. `tampon` holds a row of `avant`.
-Rectangle difference(const ImageParPlages& avant, const QImage& image, std::vector<QRgb>& tampon)
+// Where `image` differs from `avant` (same size); empty when they are the
+// same. `a` and `b` hold a row of each.
+Rectangle difference(const ImageParPlages& avant, const ImageParPlages& image, std::vector<QRgb>& a,
+                     std::vector<QRgb>& b)
 {
-    const int L = image.width(), H = image.height();
+    const int L = image.largeur, H = int(image.lignes.size());
+    auto ligneEgale = [&](int y) { return avant.lignes[std::size_t(y)] == image.lignes[std::size_t(y)]; };
     int y0 = 0, y1 = H - 1;
-    const std::size_t octets = std::size_t(L) * 4;
-    QRgb* a = tampon.data();
-    auto ligneEgale = [&](int y) {
-        avant.lis(y, a);
-        return std::memcmp(a, image.constScanLine(y), octets) == 0;
-    };
     while (y0 < H && ligneEgale(y0))
         ++y0;
     if (y0 == H)
@@ -78,8 +60,8 @@ Rectangle difference(const ImageParPlages& avant, const QImage& image, std::vect
         --y1;
     int x0 = L, x1 = -1;
     for (int y = y0; y <= y1; ++y) {
-        avant.lis(y, a);
-        const auto* b = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        avant.lis(y, a.data());
+        image.lis(y, b.data());
         int g = 0;
         while (g < x0 && a[g] == b[g])
             ++g;
@@ -107,14 +89,16 @@ namespace {
 // The colours of the pixels of `image` that differ from `avant` in a
 // rectangle (all of them when there is no `avant`), with their counts.
 // Counted by runs: a drawing is mostly long runs of one colour.
-std::unordered_map<std::uint32_t, std::size_t> comptes(const ImageParPlages* avant, const QImage& image,
-                                                       const Rectangle& r, std::vector<QRgb>& tampon)
+std::unordered_map<std::uint32_t, std::size_t> comptes(const ImageParPlages* avant, const ImageParPlages& image,
+                                                       const Rectangle& r, std::vector<QRgb>& tampon,
+                                                       std::vector<QRgb>& ligne)
 {
     std::unordered_map<std::uint32_t, std::size_t> n;
     n.reserve(1024);
     const bool tout = !avant;
     for (int y = r.y; y < r.y + r.h; ++y) {
-        const auto* p = reinterpret_cast<const QRgb*>(image.constScanLine(y)) + r.x;
+        image.lis(y, ligne.data());
+        const QRgb* p = ligne.data() + r.x;
         if (!tout)
             avant->lis(y, tampon.data());
         const auto* a = tout ? p : tampon.data() + r.x;
@@ -248,13 +232,24 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
         source.format() == QImage::Format_RGB32 ? source : source.convertToFormat(QImage::Format_RGB32);
     if (image.width() != largeur_ || image.height() != hauteur_)
         return erreur_ = echec("une image d'une autre taille");
+    ImageParPlages plages(largeur_, hauteur_);
+    for (int y = 0; y < hauteur_; ++y)
+        plages.ecris(y, reinterpret_cast<const QRgb*>(image.constScanLine(y)));
+    return ajoute(std::move(plages), delaiMs);
+}
+
+Erreur GifAnime::ajoute(ImageParPlages image, int delaiMs)
+{
+    if (erreur_)
+        return erreur_;
+    if (image.largeur != largeur_ || int(image.lignes.size()) != hauteur_)
+        return erreur_ = echec("une image d'une autre taille");
     Rectangle r{0, 0, largeur_, hauteur_};
     const bool premiere = !precedente_;
-    if (premiere)
-        precedente_ = std::make_unique<ImageParPlages>(largeur_, hauteur_);
     tampon_.resize(std::size_t(largeur_));
+    ligne_.resize(std::size_t(largeur_));
     if (!premiere) {
-        r = difference(*precedente_, image, tampon_);
+        r = difference(*precedente_, image, tampon_, ligne_);
         // A picture like the one before still needs its place in the
         // animation, for its delay: one unchanged pixel.
         if (r.l == 0)
@@ -262,7 +257,7 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
     }
     // The palette of the frame before is kept while it shows every changed
     // colour exactly: most frames of a turn add no colour.
-    const auto changees = comptes(premiere ? nullptr : precedente_.get(), image, r, tampon_);
+    const auto changees = comptes(premiere ? nullptr : precedente_.get(), image, r, tampon_, ligne_);
     bool garde = palette_ && (palette_->exacte || changees.empty());
     for (auto k = changees.begin(); garde && k != changees.end(); ++k)
         garde = palette_->indices.count(k->first) != 0;
@@ -294,7 +289,8 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
     GifFreeMapObject(carte);
     std::vector<GifPixelType> ligne(std::size_t(r.l));
     for (int y = r.y; bon && y < r.y + r.h; ++y) {
-        const auto* p = reinterpret_cast<const QRgb*>(image.constScanLine(y)) + r.x;
+        image.lis(y, ligne_.data());
+        const QRgb* p = ligne_.data() + r.x;
         if (!premiere)
             precedente_->lis(y, tampon_.data());
         const auto* a = premiere ? p : tampon_.data() + r.x;
@@ -316,10 +312,8 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
     }
     if (!bon)
         return erreur_ = echec("une image");
-    // The picture before is brought up to date where it changed: the rows
-    // of the rectangle (outside it, the two pictures are the same).
-    for (int y = r.y; y < r.y + r.h; ++y)
-        precedente_->ecris(y, reinterpret_cast<const QRgb*>(image.constScanLine(y)));
+    // The picture added is the one before the next.
+    precedente_ = std::make_unique<ImageParPlages>(std::move(image));
     return {};
 }
 

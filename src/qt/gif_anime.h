@@ -15,6 +15,8 @@
 #pragma once
 #include <QImage>
 #include <gif_lib.h>
+
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -24,7 +26,23 @@
 namespace velorin {
 
 struct PaletteGif;
-struct ImageParPlages;
+
+// A picture kept by runs of one colour row by row: a drawing is mostly long
+// runs of its background, so it costs a few hundred kilobytes where the full
+// picture would take four bytes a pixel. A word holds a colour (0xRRGGBB) and
+// the run's length less one in its top byte (a longer run takes several
+// words), so that a row never takes more words than pixels, and two rows
+// with the same pixels have the same words. The pictures are opaque.
+struct ImageParPlages {
+    int largeur = 0;
+    std::vector<std::vector<std::uint32_t>> lignes;
+
+    ImageParPlages(int l, int h) : largeur(l), lignes(std::size_t(h)) { }
+    // Row y from `pixels` (largeur of them).
+    void ecris(int y, const QRgb* pixels);
+    // Row y into `pixels` (largeur of them).
+    void lis(int y, QRgb* pixels) const;
+};
 
 class GifAnime {
 public:
@@ -38,6 +56,9 @@ public:
     // Adds a picture of the size given at the start, shown for `delaiMs`
     // (GIF keeps hundredths of a second).
     Erreur ajoute(const QImage& image, int delaiMs);
+    // The same, for a picture already kept by runs, of the size given at the
+    // start.
+    Erreur ajoute(ImageParPlages image, int delaiMs);
     // Ends the GIF data; the caller then finishes `fichier`. The first
     // failure met since the start, if any.
     Erreur termine();
@@ -49,7 +70,7 @@ private:
     GifFileType* gif_ = nullptr;
     int largeur_, hauteur_;
     std::unique_ptr<ImageParPlages> precedente_;  // the last picture added
-    std::vector<QRgb> tampon_;                    // a row of it
+    std::vector<QRgb> tampon_, ligne_;            // a row of it, a row of the picture added
     std::unique_ptr<PaletteGif> palette_;         // the last frame's
     Erreur erreur_;
     bool ecritureEchouee_ = false;

@@ -150,9 +150,13 @@ void SurfaceQPainter::Acheve()
         trait_.clear();
         return;
     }
-    painter_->setPen(stylo(traitCouleur_, traitLargeur_, traitStyle_));
-    painter_->setBrush(Qt::NoBrush);
-    painter_->drawPolyline(trait_);
+    // Antialiasing reaches a pixel beyond half the pen's width.
+    const QRectF boite = trait_.boundingRect();
+    if (!horsDesLignes(boite.top(), boite.bottom(), epaisseur(traitLargeur_) / 2 + 2)) {
+        painter_->setPen(stylo(traitCouleur_, traitLargeur_, traitStyle_));
+        painter_->setBrush(Qt::NoBrush);
+        painter_->drawPolyline(trait_);
+    }
     trait_.clear();
 }
 
@@ -191,7 +195,8 @@ void SurfaceQPainter::PSet(double x, double y, Couleur couleur)
     const QPointF c = point(x, y);
     const QRectF carre(std::floor(c.x() - cote / 2 + 0.5), std::floor(c.y() - cote / 2 + 0.5),
                        std::max(1.0, std::round(cote)), std::max(1.0, std::round(cote)));
-    painter_->fillRect(carre, couleurQt(couleur));
+    if (!horsDesLignes(carre.top(), carre.bottom(), 1))
+        painter_->fillRect(carre, couleurQt(couleur));
     CurrentX = x;
     CurrentY = y;
 }
@@ -199,9 +204,12 @@ void SurfaceQPainter::PSet(double x, double y, Couleur couleur)
 void SurfaceQPainter::Circle(double x, double y, double rayon, Couleur couleur)
 {
     Acheve();
+    const QPointF c = point(x, y);
+    if (horsDesLignes(c.y() - std::abs(rayon * ky_), c.y() + std::abs(rayon * ky_), epaisseur(DrawWidth) / 2 + 2))
+        return;
     painter_->setPen(stylo(couleur, DrawWidth, DrawStyle));
     painter_->setBrush(Qt::NoBrush);
-    painter_->drawEllipse(point(x, y), rayon * kx_, rayon * ky_);
+    painter_->drawEllipse(c, rayon * kx_, rayon * ky_);
 }
 
 void SurfaceQPainter::Print(const std::string& texte)
@@ -232,6 +240,9 @@ void SurfaceQPainter::Face(const double* xs, const double* ys, int n, Couleur co
     face_.resize(n);
     for (int i = 0; i < n; ++i)
         face_[i] = point(xs[i], ys[i]);
+    const QRectF boite = face_.boundingRect();
+    if (horsDesLignes(boite.top(), boite.bottom(), 2))
+        return;
     const QColor c = couleurQt(couleur);
     if (matriciel_) {
         painter_->setPen(Qt::NoPen);

@@ -30,6 +30,7 @@
 #include <QPainter>
 #include <QPolygonF>
 #include <QString>
+#include <cmath>
 #include <memory>
 
 #include "view/surface.h"
@@ -63,6 +64,15 @@ public:
     double TextHeight() const override;
     void Acheve() override;
 
+    // Leaves out the lines, points, circles and faces that cannot reach the
+    // device rows [debut, fin): the painter is kept to those rows by its
+    // clip, so this changes no pixel and only spares the work.
+    void limiteAuxLignes(double debut, double fin)
+    {
+        ligneDebut_ = debut;
+        ligneFin_ = fin;
+    }
+
     // Twips per logical pixel of the device (15 at 96 dpi).
     double twipsParPixel() const { return 1 / kx_; }
     QPainter& painter() { return *painter_; }
@@ -73,6 +83,11 @@ private:
     // Pen width of `largeur` pixels, in device units.
     double epaisseur(int largeur) const;
     QPen stylo(Couleur couleur, int largeur, int style) const;
+    // Whether device rows haut..bas, widened by `marge`, miss the rows drawn.
+    bool horsDesLignes(double haut, double bas, double marge) const
+    {
+        return bas + marge < ligneDebut_ || haut - marge >= ligneFin_;
+    }
 
     std::unique_ptr<QPainter> propre_;  // the painter this surface began, if any
     QPainter* painter_ = nullptr;
@@ -80,6 +95,7 @@ private:
     double kx_ = 1, ky_ = 1;  // logical pixels per twip
     bool matriciel_ = true;   // the device is a bitmap
     QPolygonF face_;          // reused by Face
+    double ligneDebut_ = -HUGE_VAL, ligneFin_ = HUGE_VAL;  // see limiteAuxLignes
 
     // The polyline being gathered and the pen it was started with.
     QPolygonF trait_;

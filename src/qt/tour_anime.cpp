@@ -1,5 +1,6 @@
 #include "qt/tour_anime.h"
 
+#include <algorithm>
 #include <memory>
 
 #include "base/chemins.h"
@@ -10,10 +11,61 @@
 #include "plot/redessin.h"
 #include "qt/dessin_fichier.h"
 #include "qt/gif_anime.h"
+#include "qt/image_en_bandes.h"
 #include "qt/surface_qpainter.h"
 #include "view/projection.h"
 
 namespace velorin {
+
+namespace {
+
+// What the hooks of a redraw answered: after each curve (go on or stop),
+// and the calls of the interruption test that answered yes.
+struct ReponsesDuRedessin {
+    std::vector<char> apres;
+    std::size_t appels = 0;
+    std::vector<std::size_t> interruptions;
+};
+
+// `quoi` whose answers are kept in `reponses`.
+Redessin enregistre(const Redessin& quoi, ReponsesDuRedessin& reponses)
+{
+    Redessin r = quoi;
+    r.apres = [&quoi, &reponses](const OptionsTrace& o, const ResultatTrace& t) {
+        const bool suite = quoi.apres ? quoi.apres(o, t) : !t.erreur;
+        reponses.apres.push_back(suite);
+        return suite;
+    };
+    if (quoi.crochets.interrompu)
+        r.crochets.interrompu = [&quoi, &reponses] {
+            const bool oui = quoi.crochets.interrompu();
+            if (oui)
+                reponses.interruptions.push_back(reponses.appels);
+            ++reponses.appels;
+            return oui;
+        };
+    return r;
+}
+
+// `quoi` again, silent: nothing shown, no pause, no beep, each hook
+// answering as in `reponses`, so that the same redraw draws the same.
+Redessin rejoue(const Redessin& quoi, const ReponsesDuRedessin& reponses)
+{
+    Redessin r = quoi;
+    r.progres = nullptr;
+    r.avant = nullptr;
+    r.crochets = {};
+    r.apres = [&reponses, k = std::size_t(0)](const OptionsTrace&, const ResultatTrace&) mutable {
+        return k >= reponses.apres.size() || reponses.apres[k++];
+    };
+    if (quoi.crochets.interrompu)
+        r.crochets.interrompu = [&reponses, appel = std::size_t(0)]() mutable {
+            return std::binary_search(reponses.interruptions.begin(), reponses.interruptions.end(), appel++);
+        };
+    return r;
+}
+
+}  // namespace
 
 ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const DemandeTour& d, const Redessin& quoi)
 {
@@ -61,16 +113,20 @@ ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const Demande
                    "choisissez une taille plus petite.";
         return r;
     }
+    // The view of picture i, as the timers set it.
+    auto prepareVue = [&](std::size_t i) {
+        if (d.image)
+            d.image(int(i) + 1, int(suite.vues.size()));
+        appliqueVue(etat.param, suite.vues[i]);
+        if (!toursCavaliere.empty())
+            etat.rendu.tourCavaliere = toursCavaliere[i];
+        if (!ajusteVue(etat, W, H))
+            r.avertissement = messageBaseRetablie;
+    };
     // One redraw, as the window's "O&K" command makes it.
     auto dessinVue = [&](std::size_t i) -> DessinSurface {
         return [&, i](Surface& surface) -> Erreur {
-            if (d.image)
-                d.image(int(i) + 1, int(suite.vues.size()));
-            appliqueVue(etat.param, suite.vues[i]);
-            if (!toursCavaliere.empty())
-                etat.rendu.tourCavaliere = toursCavaliere[i];
-            if (!ajusteVue(etat, W, H))
-                r.avertissement = messageBaseRetablie;
+            prepareVue(i);
             return redessine(etat, surface, quoi);
         };
     };
@@ -82,11 +138,34 @@ ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const Demande
         if ((r.erreur = fichier.ouverture()))
             return r;
         GifAnime gif(fichier, d.largeurPx, d.hauteurPx);
-        QImage image = imagePourSurface(d.largeurPx, d.hauteurPx);
+        // The hidden parts are resolved against a depth picture of the whole
+        // size: drawing them in bands would save no memory.
+        int lignes = d.lignesParBande > 0 ? d.lignesParBande : (1 << 19) / (4 * std::max(1, d.largeurPx));
+        if (etat.fenetre.modeEspace && renduCache(etat.rendu))
+            lignes = d.hauteurPx;
+        ImageEnBandes image(d.largeurPx, d.hauteurPx, lignes);
         for (std::size_t i = 0; i < suite.vues.size(); ++i) {
-            if ((r.erreur = dessineSurImage(image, dessinVue(i), d.sortie)))
-                return r;
-            if ((r.erreur = gif.ajoute(image, suite.intervalleMs)))
+            ImageParPlages plages(d.largeurPx, d.hauteurPx);
+            Etat avant;
+            ReponsesDuRedessin reponses;
+            for (int k = 0; k < std::max(1, image.bandes()); ++k) {
+                // The first band is the picture's redraw; each next one draws
+                // the same again from the state the first started from.
+                const DessinSurface dessin = [&, i, k](Surface& surface) -> Erreur {
+                    if (k == 0) {
+                        prepareVue(i);
+                        avant = etat;
+                        return redessine(etat, surface, enregistre(quoi, reponses));
+                    }
+                    Etat copie = avant;
+                    return redessine(copie, surface, rejoue(quoi, reponses));
+                };
+                if ((r.erreur = image.dessine(k, dessin, d.sortie)))
+                    return r;
+                for (int y = image.premiereLigne(k); y < image.premiereLigne(k + 1); ++y)
+                    plages.ecris(y, image.ligne(y));
+            }
+            if ((r.erreur = gif.ajoute(std::move(plages), suite.intervalleMs)))
                 return r;
         }
         if ((r.erreur = gif.termine()) || (r.erreur = fichier.termine()))

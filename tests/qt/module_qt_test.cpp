@@ -8,10 +8,14 @@
 #include <QTemporaryDir>
 #include <gif_lib.h>
 
+#include <cstring>
+#include <random>
+
 #include "commun/commun.h"
 #include "plot/redessin.h"
 #include "qt/dessin_fichier.h"
 #include "qt/gif_anime.h"
+#include "qt/image_en_bandes.h"
 #include "qt/png_rapide.h"
 #include "qt/surface_qpainter.h"
 #include "qt/tour_anime.h"
@@ -133,13 +137,15 @@ TEST(TourAnime, ChaqueImageEstLeRedessinDeSonInstant)
         compte.progres = [&] { ++courbes; };
         for (const char* sortie : {"t_%02d.txt", "a.gif"}) {
             Etat etat = depart;
-            const ResultatTour r =
-                exporteTour(etat, EtatRotation{}, {tourDeNom(axe), 1.0, dossier / sortie, 200, 150, "", {}}, compte);
+            // The GIF's pictures in bands of 17 rows: the hooks still run once a picture.
+            const ResultatTour r = exporteTour(
+                etat, EtatRotation{}, {tourDeNom(axe), 1.0, dossier / sortie, 200, 150, "", {}, {}, 17}, compte);
             ASSERT_FALSE(r.erreur) << r.erreur.message();
             EXPECT_EQ(std::size_t(r.images), n) << axe;
         }
         // The GIF's frames laid one over the other end on the last redraw,
-        // drawn again here at once: no frame left a stale pixel behind.
+        // drawn again here at once: no frame left a stale pixel behind, no
+        // band differs from the whole picture.
         Etat fin = depart;
         appliqueVue(fin.param, suite.vues.back());
         ajusteVue(fin, 200 * twipsParPixelEcran, 150 * twipsParPixelEcran);
@@ -194,6 +200,53 @@ TEST(TourAnime, ToutOuRien)
         for (const char* nom : {"t_01.txt", "t_01.png", "a.gif"})
             EXPECT_EQ(lisFichier(dossier / nom), "ancien") << sortie;
         EXPECT_TRUE(echecA > 0 || disque >= 0 || courbes == 0) << "drawn before the refusal: " << sortie;
+    }
+}
+
+// A picture drawn band after band is the whole picture bit for bit, whatever the bands' height: wide,
+// dashed and dotted lines, polylines, points, circles, faces and texts across the bands' edges (a clip that
+// changes how the painter computes a line, or a drawing left out too near its band, changes pixels).
+TEST(ImageEnBandes, ChaqueBandeEstLImageEntiere)
+{
+    const auto dessin = [](Surface& s) -> Erreur {
+        s.Clear(0x201008);
+        std::mt19937 g(7);
+        std::uniform_real_distribution<double> X(-600, 5100), Y(-600, 3600), D(-3000, 3000);
+        for (int i = 0; i < 600; ++i) {
+            s.DrawWidth = 1 + i % 3;
+            s.DrawStyle = i / 6 % 3;
+            const double x = X(g), y = Y(g), dx = D(g), dy = D(g);
+            const Couleur c = Couleur(g() & 0xFFFFFF);
+            const double xs[] = {x, x + dx, x - dy}, ys[] = {y, y + dy, y + dx};
+            switch (i % 6) {
+            case 0: s.Circle(x, y, std::abs(dx) / 3, c); break;
+            case 1: s.PSet(x, y, c); break;
+            case 2: s.Face(xs, ys, 3, c); break;
+            case 3:
+                s.CurrentX = x;
+                s.CurrentY = y;
+                s.ForeColor = c;
+                s.Print("Tore 3.14");
+                break;
+            default:  // a polyline of three pieces
+                s.Line(x, y, x + dx, y + dy, c);
+                s.Line(x + dx, y + dy, x + 2 * dx, y, c);
+                s.Line(x + 2 * dx, y, x + dy, y - dx, c);
+            }
+        }
+        return {};
+    };
+    QImage entiere = imagePourSurface(300, 200);
+    ASSERT_FALSE(dessineSurImage(entiere, dessin, ""));
+    for (const int lignes : {1, 7, 64, 200}) {
+        ImageEnBandes bandes(300, 200, lignes);
+        int fausses = 0;
+        for (int k = 0; k < bandes.bandes(); ++k) {
+            ASSERT_FALSE(bandes.dessine(k, dessin, ""));
+            for (int y = bandes.premiereLigne(k); y < bandes.premiereLigne(k + 1); ++y)
+                fausses += std::memcmp(bandes.ligne(y), entiere.constScanLine(y), 300 * 4) != 0;
+        }
+        EXPECT_EQ(fausses, 0) << "bandes de " << lignes << " lignes";
     }
 }
 
