@@ -28,7 +28,7 @@ resume() {
 mediane() { resume "$1" | cut -d' ' -f1; }
 
 # Runs COMMANDE... under /usr/bin/time -v and prints "seconds cpu Mo bytes
-# code": wall time, user + system time, peak memory, the size of SORTIE
+# code": wall time, user + system time, peak memory (to 0.1 Mo), the size of SORTIE
 # afterwards (0 when missing) and the exit code.
 chronometre() {
     local sortie=$1 mesure code kb s c
@@ -39,7 +39,7 @@ chronometre() {
     s=$(sed -n 's/.*Elapsed (wall clock) time (h:mm:ss or m:ss): //p' <<<"$mesure" |
         awk -F: '{t = 0; for (k = 1; k <= NF; k++) t = t * 60 + $k; print t}')
     c=$(awk '/User time|System time/ {t += $NF} END {print t}' <<<"$mesure")
-    echo "$s $c $((kb / 1024)) $(stat -c %s "$sortie" 2>/dev/null || echo 0) $code"
+    echo "$s $c $(awk -v k="$kb" 'BEGIN {printf "%.1f", k / 1024}') $(stat -c %s "$sortie" 2>/dev/null || echo 0) $code"
 }
 
 # Writes the parameter file FICHIER of a measure: a and t over [0, 6.28] by
