@@ -57,7 +57,8 @@ int ouvreFenetre(int argc, char** argv)
     const std::filesystem::path dossier = velorin::dossierExecutableCourant().toStdString();
     std::string echecs;
     for (const std::filesystem::path& chemin :
-         {dossier / VELORIN_MODULE_FENETRE, (dossier / VELORIN_MODULE_INSTALLE / VELORIN_MODULE_FENETRE).lexically_normal()}) {
+         {dossier / VELORIN_MODULE_FENETRE,
+          (dossier / VELORIN_MODULE_INSTALLE / VELORIN_MODULE_FENETRE).lexically_normal()}) {
         // Every symbol bound now: a module that does not match the program
         // is refused here, not in the middle of the session.
         void* module = dlopen(chemin.c_str(), RTLD_NOW | RTLD_LOCAL);
@@ -67,9 +68,12 @@ int ouvreFenetre(int argc, char** argv)
         }
         const char* raison = dlerror();
         echecs += "  " + velorin::texteCite(chemin.string()) + " : " + velorin::extraitSur(raison ? raison : "") + "\n";
+        if (module)
+            dlclose(module);
     }
-    std::fprintf(stderr, "velorin : la fenêtre ne peut pas s'ouvrir : son module n'a pas pu être chargé.\n%s"
-                         "Les commandes calcule, exporte, catalogue et sansfenetre marchent sans lui (velorin --help).\n",
+    std::fprintf(stderr,
+                 "velorin : la fenêtre ne peut pas s'ouvrir : son module n'a pas pu être chargé.\n%s"
+                 "Les commandes calcule, exporte, catalogue et sansfenetre marchent sans lui (velorin --help).\n",
                  echecs.c_str());
     return 2;
 }

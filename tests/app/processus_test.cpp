@@ -194,7 +194,8 @@ TEST(Demarrage, FenetreParSonModuleEtModuleAbsentDit)
                           attendu = "la fenêtre ne peut pas s'ouvrir : son module n'a pas pu être chargé.\n  « " +
                                     dossier / VELORIN_MODULE_FENETRE + " » : ";
         EXPECT_EQ(std::pair(avecModule || p.exitCode() == 2, contient(erreurs, attendu.c_str())),
-                  std::pair(true, !avecModule)) << erreurs;
+                  std::pair(true, !avecModule))
+            << erreurs;
     }
 }
 
@@ -342,7 +343,8 @@ TEST_F(Exporte, NeChargeNiLeModuleNiLesBibliothequesDeLaFenetre)
 {
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert("LD_DEBUG", "files");
-    const Sortie s = lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--sortie", chemin("a.png")}, env);
+    const Sortie s =
+        lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--sortie", chemin("a.png")}, env);
     ASSERT_TRUE(s.code == 0 && contient(s.erreurs, "libQt6Gui")) << s.erreurs;
     for (const char* bibliotheque : {"libQt6Widgets", "libQt6PrintSupport", VELORIN_MODULE_FENETRE})
         EXPECT_FALSE(contient(s.erreurs, bibliotheque)) << bibliotheque;
