@@ -2,8 +2,9 @@
 #
 # Installed layout under the prefix:
 #   bin/velorin
-#   lib/velorin/libvelorin_fenetre.so   the window's module, which the program
-#       loads from ../lib/velorin relative to its own folder
+#   lib/velorin/libvelorin_fenetre.so   the window's module (lib/<multiarch
+#       triplet>/velorin for the prefix /usr), which the program loads by
+#       the path from its own folder (../lib/velorin)
 #   share/velorin/{Espace_courbes,Plan_courbes,Aide}/...   factory files, read
 #       by the program as ../share/velorin from its own folder
 #   share/applications/org.velorin.Velorin.desktop
