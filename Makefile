@@ -51,14 +51,17 @@ test: build
 
 # The package is built apart, with the flags dpkg-buildflags gives a Debian
 # package (hardening included: fortified functions, stack protector,
-# immediate binding), without the tests. lintian then fails on any error or
-# warning; the lines it keeps are explained in paquet/velorin.lintian-overrides.
+# immediate binding), without the tests, for the prefix /usr as Debian
+# builds its packages (the window's module then goes to the private folder
+# /usr/lib/<multiarch triplet>/velorin, which is none of ldconfig's). lintian
+# then fails on any error or warning; the lines it keeps are explained in
+# paquet/velorin.lintian-overrides.
 paquet: PAQUETS += lintian
 paquet: deps
 	export DEB_BUILD_MAINT_OPTIONS=hardening=+all; \
 	CXXFLAGS="$$(dpkg-buildflags --get CPPFLAGS) $$(dpkg-buildflags --get CXXFLAGS)" \
 	LDFLAGS="$$(dpkg-buildflags --get LDFLAGS)" \
-	cmake -S . -B $(BUILD_PAQUET) -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=OFF
+	cmake -S . -B $(BUILD_PAQUET) -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=OFF -DCMAKE_INSTALL_PREFIX=/usr
 	cmake --build $(BUILD_PAQUET) -j $(JOBS)
 	rm -f $(BUILD_PAQUET)/velorin_*.deb
 	cd $(BUILD_PAQUET) && cpack -G DEB

@@ -2,6 +2,9 @@
 #
 # Installed layout under the prefix:
 #   bin/velorin
+#   lib/velorin/libvelorin_fenetre.so   the window's module (lib/<multiarch
+#       triplet>/velorin for the prefix /usr), which the program loads by
+#       the path from its own folder (../lib/velorin)
 #   share/velorin/{Espace_courbes,Plan_courbes,Aide}/...   factory files, read
 #       by the program as ../share/velorin from its own folder
 #   share/applications/org.velorin.Velorin.desktop
@@ -57,15 +60,27 @@ add_custom_target(changelog ALL DEPENDS ${CMAKE_BINARY_DIR}/doc/changelog.gz)
 
 # Bound at load time (no lazy binding): the hardening Debian asks of programs.
 target_link_options(velorin PRIVATE LINKER:-z,relro,-z,now)
+target_link_options(velorin_fenetre PRIVATE LINKER:-z,relro,-z,now)
+
+# The window's module in a private folder of the library folder; the
+# program finds it there by the path from its own folder.
+set(VELORIN_DOSSIER_MODULE ${CMAKE_INSTALL_LIBDIR}/velorin)
+file(RELATIVE_PATH VELORIN_MODULE_RELATIF ${CMAKE_INSTALL_FULL_BINDIR}
+     ${CMAKE_INSTALL_PREFIX}/${VELORIN_DOSSIER_MODULE})
+target_compile_definitions(velorin PRIVATE VELORIN_MODULE_INSTALLE="${VELORIN_MODULE_RELATIF}")
 
 install(TARGETS velorin RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS velorin_fenetre LIBRARY DESTINATION ${VELORIN_DOSSIER_MODULE})
 # A stripped program keeps no compiler identification either (.comment),
-# as Debian's own stripping does.
-install(CODE "if(CMAKE_INSTALL_DO_STRIP)
+# as Debian's own stripping does; nor does its module.
+foreach(installe IN ITEMS ${CMAKE_INSTALL_BINDIR}/velorin
+                          ${VELORIN_DOSSIER_MODULE}/$<TARGET_FILE_NAME:velorin_fenetre>)
+  install(CODE "if(CMAKE_INSTALL_DO_STRIP)
   execute_process(COMMAND \"${CMAKE_OBJCOPY}\" --remove-section=.comment
-                          \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/velorin\"
+                          \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${installe}\"
                   COMMAND_ERROR_IS_FATAL ANY)
 endif()")
+endforeach()
 # The factory folder as the build made it (shipped parameter files, the
 # galleries written from their sources, the help pages).
 install(DIRECTORY $<TARGET_FILE_DIR:velorin>/usine/ DESTINATION ${CMAKE_INSTALL_DATADIR}/velorin)

@@ -4,6 +4,9 @@
 // everywhere.
 #include <cstdio>
 #include <cstring>
+#include <dlfcn.h>
+#include <filesystem>
+#include <string>
 
 #include "app/lancement.h"
 #include "base/ecriture.h"
@@ -11,9 +14,18 @@
 #include "cli/commandes.h"
 #include "cli/sortie_standard.h"
 #include "qt/demarrage.h"
+#include "qt/dossiers.h"
 
 #ifndef VELORIN_VERSION
 #define VELORIN_VERSION "inconnue"
+#endif
+// The window's module: its file name, and its folder once installed,
+// relative to the program's folder (both given by the build).
+#ifndef VELORIN_MODULE_FENETRE
+#define VELORIN_MODULE_FENETRE "libvelorin_fenetre.so"
+#endif
+#ifndef VELORIN_MODULE_INSTALLE
+#define VELORIN_MODULE_INSTALLE "../lib/velorin"
 #endif
 
 namespace {
@@ -34,6 +46,36 @@ constexpr const char* kUsage =
 bool egal(const char* a, const char* b)
 {
     return std::strcmp(a, b) == 0;
+}
+
+// Opens the window through its module, loaded only now so that the
+// sub-commands never load the window's libraries: the module beside the
+// program (the build folder), else in its installed folder. Each file tried
+// and why it failed are said when none can be loaded.
+int ouvreFenetre(int argc, char** argv)
+{
+    const std::filesystem::path dossier = velorin::dossierExecutableCourant().toStdString();
+    std::string echecs;
+    for (const std::filesystem::path& chemin :
+         {dossier / VELORIN_MODULE_FENETRE,
+          (dossier / VELORIN_MODULE_INSTALLE / VELORIN_MODULE_FENETRE).lexically_normal()}) {
+        // Every symbol bound now: a module that does not match the program
+        // is refused here, not in the middle of the session.
+        void* module = dlopen(chemin.c_str(), RTLD_NOW | RTLD_LOCAL);
+        if (module) {
+            if (auto* lance = reinterpret_cast<decltype(&velorin_lanceFenetre)>(dlsym(module, "velorin_lanceFenetre")))
+                return lance(argc, argv);
+        }
+        const char* raison = dlerror();
+        echecs += "  " + velorin::texteCite(chemin.string()) + " : " + velorin::extraitSur(raison ? raison : "") + "\n";
+        if (module)
+            dlclose(module);
+    }
+    std::fprintf(stderr,
+                 "velorin : la fenêtre ne peut pas s'ouvrir : son module n'a pas pu être chargé.\n%s"
+                 "Les commandes calcule, exporte, catalogue et sansfenetre marchent sans lui (velorin --help).\n",
+                 echecs.c_str());
+    return 2;
 }
 
 }  // namespace
@@ -66,7 +108,7 @@ int main(int argc, char** argv)
             return 2;
         }
         prepareDossierSession();
-        return lanceFenetre(argc, argv);
+        return ouvreFenetre(argc, argv);
     }
     const char* commande = argv[1];
     if (egal(commande, "calcule"))

@@ -15,10 +15,9 @@
 #define VELORIN_VERSION "inconnue"
 #endif
 
-namespace velorin {
-
-int lanceFenetre(int argc, char** argv)
+extern "C" int velorin_lanceFenetre(int argc, char** argv)
 {
+    using namespace velorin;
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("velorin"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELORIN_VERSION));
@@ -42,5 +41,3 @@ int lanceFenetre(int argc, char** argv)
     fenetre.show();
     return app.exec();
 }
-
-}  // namespace velorin

@@ -166,6 +166,33 @@ TEST(Demarrage, SansFenetreSignaleSesEchecs)
     }
 }
 
+// The window is the module beside the program: with it, the window opens (still running once Qt Widgets
+// is mapped: every symbol bound); without it, the files tried are said, status 2.
+TEST(Demarrage, FenetreParSonModuleEtModuleAbsentDit)
+{
+    for (const bool avecModule : {true, false}) {
+        DossierTemporaire dossier("velorin_module_");
+        for (const std::string nom : {"velorin", VELORIN_MODULE_FENETRE})
+            if (avecModule || nom == "velorin")
+                fs::copy_file(fs::path(VELORIN_BIN_DIR) / nom, dossier / nom);
+        QProcess p;
+        p.setEnvironment(QProcess::systemEnvironment() << "QT_QPA_PLATFORM=offscreen");
+        p.start(QString::fromStdString(dossier / "velorin"), {});
+        const std::string carte = "/proc/" + std::to_string(p.processId()) + "/maps";
+        for (int i = 0; i < 300 && avecModule && !contient(lisFichier(carte), "libQt6Widgets"); ++i)
+            p.waitForFinished(100);
+        p.waitForFinished(avecModule ? 1000 : 30000);
+        EXPECT_EQ(p.state() == QProcess::Running, avecModule);
+        p.kill();
+        p.waitForFinished();
+        const std::string erreurs = p.readAllStandardError().toStdString(),
+                          attendu = "chargé.\n  « " + dossier / VELORIN_MODULE_FENETRE + " » : ";
+        EXPECT_EQ(std::pair(avecModule || p.exitCode() == 2, contient(erreurs, attendu.c_str())),
+                  std::pair(true, !avecModule))
+            << erreurs;
+    }
+}
+
 // calcule reads and writes no file: any folder will do.
 Sortie calcule(const QStringList& arguments, const QString& fichierSortie = {})
 {
@@ -302,6 +329,19 @@ TEST_F(Exporte, ChaqueFormatLaFigureEtLeTour)
     const Sortie r = exporte({"--rendu", "pointilles", "--sortie", chemin("r.txt")});
     EXPECT_EQ(std::tuple(r.code, std::ranges::count(r.erreurs, '\n')), std::tuple(0, 1)) << r.erreurs;
     EXPECT_TRUE(contient(r.erreurs, "rendu.txt », ligne 1 : le style « gris » n'existe pas")) << r.erreurs;
+}
+
+// The window's module and its libraries are for the window alone: an export never loads them
+// (LD_DEBUG=files names every library the loader maps, Qt Gui among them).
+TEST_F(Exporte, NeChargeNiLeModuleNiLesBibliothequesDeLaFenetre)
+{
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert("LD_DEBUG", "files");
+    const Sortie s =
+        lance({"--dossier", chemin(""), "--catalogue", "essai.lsu", "--entree", "1", "--sortie", chemin("a.png")}, env);
+    ASSERT_TRUE(s.code == 0 && contient(s.erreurs, "libQt6Gui")) << s.erreurs;
+    for (const char* bibliotheque : {"libQt6Widgets", "libQt6PrintSupport", VELORIN_MODULE_FENETRE})
+        EXPECT_FALSE(contient(s.erreurs, bibliotheque)) << bibliotheque;
 }
 
 TEST_F(Exporte, UnRefusParFamilleDArguments)

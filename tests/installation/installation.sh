@@ -1,7 +1,8 @@
 #!/bin/bash
 # installation.sh BUILD_DIR: installs the build into a temporary prefix and uses it as a user would. The installed
-# command line with a temporary HOME fills the user's folders there and writes nothing under the prefix; the desktop
-# entry and the metadata validate; every link of the help pages leads to a page (and anchor) that exists.
+# command line with a temporary HOME fills the user's folders there and writes nothing under the prefix; the window
+# opens through its installed module; the desktop entry and the metadata validate; every link of the help pages
+# leads to a page (and anchor) that exists.
 set -u
 echecs=0
 echec() { echo "ÉCHEC : $*" >&2; echecs=$((echecs + 1)); }
@@ -69,6 +70,10 @@ cmp -s "$donnees/Plan_courbes/memprovi.log" "$appli/Plan_courbes/memprovi.log" |
 HOME="$maison" XDG_DATA_HOME="$travail/xdg" "$velorin" exporte --catalogue Lisurf.lsu --entree 2 \
     --sortie "$travail/sorties/xdg.txt" || echec "exporte avec XDG_DATA_HOME"
 [ -s "$travail/xdg/velorin/Espace_courbes/Lisurf.lsu" ] || echec "XDG_DATA_HOME ignoré"
+# The installed program finds the window's module: the window (here the first-start form) waits for the user
+# and is stopped by timeout, where a module not found would end at once with status 2.
+env QT_QPA_PLATFORM=offscreen HOME="$travail/fenetre" timeout 3 "$velorin" 2>"$travail/fenetre.txt"
+[ $? -eq 124 ] || echec "la fenêtre du programme installé ne s'ouvre pas : $(cat "$travail/fenetre.txt")"
 [ "$avant" = "$(etat_prefixe)" ] || echec "quelque chose a été écrit sous le préfixe"
 
 # ---- Desktop entry and metadata
