@@ -53,8 +53,10 @@ Erreur peins(QPaintDevice& appareil, double W, double H, const DessinSurface& de
     Erreur erreur;
     {
         SurfaceQPainter surface(peintre, W, H);
-        if (seules)
+        if (seules) {
             surface.limiteAuxLignes(seules->debut, seules->fin);
+            surface.noteLignes(seules->atteintes);
+        }
         erreur = dessin(surface);
     }
     const bool fini = peintre.end();

@@ -11,6 +11,7 @@
 
 #include "base/ecriture.h"
 #include "base/erreur.h"
+#include "qt/surface_qpainter.h"
 #include "qt/surface_tikz.h"
 #include "view/surface.h"
 
@@ -35,9 +36,11 @@ using DessinSurface = std::function<Erreur(Surface&)>;
 Erreur dessineDansFichier(EcritureEntiere& fichier, FormatSortie format, int largeurPx, int hauteurPx,
                           const std::string& titre, const DessinSurface& dessin, const OptionsTex& tex = {});
 
-// Rows [debut, fin) of a picture.
+// Rows [debut, fin) of a picture, and where to note the rows the drawing
+// reaches (see SurfaceQPainter::noteLignes), if anywhere.
 struct LignesImage {
     int debut = 0, fin = 0;
+    LignesAtteintes* atteintes = nullptr;
 };
 
 // Draws `dessin` over the whole of `image` (made by imagePourSurface); a

@@ -18,28 +18,40 @@ struct Rectangle {
 
 }  // namespace
 
-void ImageParPlages::ecris(int y, const QRgb* pixels)
+void ImageParPlages::efface()
 {
-    std::vector<std::uint32_t>& mots = lignes[std::size_t(y)];
-    mots.clear();
-    for (int x = 0; x < largeur;) {
+    mots_.clear();
+    debuts_.assign(1, 0);
+}
+
+void ImageParPlages::ajoute(const QRgb* pixels)
+{
+    for (int x = 0; x < largeur_;) {
         const std::uint32_t c = pixels[x] & 0xFFFFFF;
         int n = 1;
-        while (n < 256 && x + n < largeur && (pixels[x + n] & 0xFFFFFF) == c)
+        while (n < 256 && x + n < largeur_ && (pixels[x + n] & 0xFFFFFF) == c)
             ++n;
-        mots.push_back(std::uint32_t(n - 1) << 24 | c);
+        mots_.push_back(std::uint32_t(n - 1) << 24 | c);
         x += n;
     }
-    mots.shrink_to_fit();
+    debuts_.push_back(mots_.size());
 }
 
 void ImageParPlages::lis(int y, QRgb* pixels) const
 {
-    for (std::uint32_t mot : lignes[std::size_t(y)]) {
-        const int n = int(mot >> 24) + 1;
-        std::fill_n(pixels, n, QRgb(0xFF000000u | (mot & 0xFFFFFF)));
+    for (std::size_t k = debuts_[std::size_t(y)]; k < debuts_[std::size_t(y) + 1]; ++k) {
+        const int n = int(mots_[k] >> 24) + 1;
+        std::fill_n(pixels, n, QRgb(0xFF000000u | (mots_[k] & 0xFFFFFF)));
         pixels += n;
     }
+}
+
+bool ImageParPlages::memeLigne(int y, const ImageParPlages& autre) const
+{
+    const auto i = std::size_t(y);
+    return std::equal(mots_.begin() + std::ptrdiff_t(debuts_[i]), mots_.begin() + std::ptrdiff_t(debuts_[i + 1]),
+                      autre.mots_.begin() + std::ptrdiff_t(autre.debuts_[i]),
+                      autre.mots_.begin() + std::ptrdiff_t(autre.debuts_[i + 1]));
 }
 
 namespace {
@@ -49,8 +61,8 @@ namespace {
 Rectangle difference(const ImageParPlages& avant, const ImageParPlages& image, std::vector<QRgb>& a,
                      std::vector<QRgb>& b)
 {
-    const int L = image.largeur, H = int(image.lignes.size());
-    auto ligneEgale = [&](int y) { return avant.lignes[std::size_t(y)] == image.lignes[std::size_t(y)]; };
+    const int L = image.largeur(), H = image.hauteur();
+    auto ligneEgale = [&](int y) { return image.memeLigne(y, avant); };
     int y0 = 0, y1 = H - 1;
     while (y0 < H && ligneEgale(y0))
         ++y0;
@@ -185,7 +197,7 @@ int GifAnime::ecritOctets(GifFileType* gif, const GifByteType* octets, int n)
 }
 
 GifAnime::GifAnime(EcritureEntiere& fichier, int largeur, int hauteur)
-    : fichier_(fichier), largeur_(largeur), hauteur_(hauteur)
+    : fichier_(fichier), largeur_(largeur), hauteur_(hauteur), precedente_(largeur)
 {
     int code = 0;
     gif_ = EGifOpen(this, ecritOctets, &code);
@@ -232,24 +244,24 @@ Erreur GifAnime::ajoute(const QImage& source, int delaiMs)
         source.format() == QImage::Format_RGB32 ? source : source.convertToFormat(QImage::Format_RGB32);
     if (image.width() != largeur_ || image.height() != hauteur_)
         return erreur_ = echec("une image d'une autre taille");
-    ImageParPlages plages(largeur_, hauteur_);
+    ImageParPlages plages(largeur_);
     for (int y = 0; y < hauteur_; ++y)
-        plages.ecris(y, reinterpret_cast<const QRgb*>(image.constScanLine(y)));
-    return ajoute(std::move(plages), delaiMs);
+        plages.ajoute(reinterpret_cast<const QRgb*>(image.constScanLine(y)));
+    return ajoute(plages, delaiMs);
 }
 
-Erreur GifAnime::ajoute(ImageParPlages image, int delaiMs)
+Erreur GifAnime::ajoute(ImageParPlages& image, int delaiMs)
 {
     if (erreur_)
         return erreur_;
-    if (image.largeur != largeur_ || int(image.lignes.size()) != hauteur_)
+    if (image.largeur() != largeur_ || image.hauteur() != hauteur_)
         return erreur_ = echec("une image d'une autre taille");
     Rectangle r{0, 0, largeur_, hauteur_};
-    const bool premiere = !precedente_;
+    const bool premiere = precedente_.hauteur() == 0;
     tampon_.resize(std::size_t(largeur_));
     ligne_.resize(std::size_t(largeur_));
     if (!premiere) {
-        r = difference(*precedente_, image, tampon_, ligne_);
+        r = difference(precedente_, image, tampon_, ligne_);
         // A picture like the one before still needs its place in the
         // animation, for its delay: one unchanged pixel.
         if (r.l == 0)
@@ -257,7 +269,7 @@ Erreur GifAnime::ajoute(ImageParPlages image, int delaiMs)
     }
     // The palette of the frame before is kept while it shows every changed
     // colour exactly: most frames of a turn add no colour.
-    const auto changees = comptes(premiere ? nullptr : precedente_.get(), image, r, tampon_, ligne_);
+    const auto changees = comptes(premiere ? nullptr : &precedente_, image, r, tampon_, ligne_);
     bool garde = palette_ && (palette_->exacte || changees.empty());
     for (auto k = changees.begin(); garde && k != changees.end(); ++k)
         garde = palette_->indices.count(k->first) != 0;
@@ -292,7 +304,7 @@ Erreur GifAnime::ajoute(ImageParPlages image, int delaiMs)
         image.lis(y, ligne_.data());
         const QRgb* p = ligne_.data() + r.x;
         if (!premiere)
-            precedente_->lis(y, tampon_.data());
+            precedente_.lis(y, tampon_.data());
         const auto* a = premiere ? p : tampon_.data() + r.x;
         std::uint32_t derniere = ~0u;
         GifPixelType index = 0;
@@ -312,8 +324,10 @@ Erreur GifAnime::ajoute(ImageParPlages image, int delaiMs)
     }
     if (!bon)
         return erreur_ = echec("une image");
-    // The picture added is the one before the next.
-    precedente_ = std::make_unique<ImageParPlages>(std::move(image));
+    // The picture added is the one before the next; the caller gets the old
+    // one's memory back.
+    std::swap(precedente_, image);
+    image.efface();
     return {};
 }
 

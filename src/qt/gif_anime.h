@@ -32,16 +32,26 @@ struct PaletteGif;
 // picture would take four bytes a pixel. A word holds a colour (0xRRGGBB) and
 // the run's length less one in its top byte (a longer run takes several
 // words), so that a row never takes more words than pixels, and two rows
-// with the same pixels have the same words. The pictures are opaque.
-struct ImageParPlages {
-    int largeur = 0;
-    std::vector<std::vector<std::uint32_t>> lignes;
-
-    ImageParPlages(int l, int h) : largeur(l), lignes(std::size_t(h)) { }
-    // Row y from `pixels` (largeur of them).
-    void ecris(int y, const QRgb* pixels);
+// with the same pixels have the same words. The rows follow one another in
+// one array, written in order; the pictures are opaque.
+class ImageParPlages {
+public:
+    explicit ImageParPlages(int largeur = 0) : largeur_(largeur) { }
+    int largeur() const { return largeur_; }
+    int hauteur() const { return int(debuts_.size()) - 1; }
+    // Forgets every row (the memory stays, for the next picture).
+    void efface();
+    // Appends the next row from `pixels` (largeur of them).
+    void ajoute(const QRgb* pixels);
     // Row y into `pixels` (largeur of them).
     void lis(int y, QRgb* pixels) const;
+    // Whether row y holds the same pixels as row y of `autre`.
+    bool memeLigne(int y, const ImageParPlages& autre) const;
+
+private:
+    int largeur_;
+    std::vector<std::uint32_t> mots_;
+    std::vector<std::size_t> debuts_{0};  // where each row starts in mots_, then its end
 };
 
 class GifAnime {
@@ -57,8 +67,8 @@ public:
     // (GIF keeps hundredths of a second).
     Erreur ajoute(const QImage& image, int delaiMs);
     // The same, for a picture already kept by runs, of the size given at the
-    // start.
-    Erreur ajoute(ImageParPlages image, int delaiMs);
+    // start; `image` then holds a picture to be written over (efface).
+    Erreur ajoute(ImageParPlages& image, int delaiMs);
     // Ends the GIF data; the caller then finishes `fichier`. The first
     // failure met since the start, if any.
     Erreur termine();
@@ -69,7 +79,7 @@ private:
     EcritureEntiere& fichier_;
     GifFileType* gif_ = nullptr;
     int largeur_, hauteur_;
-    std::unique_ptr<ImageParPlages> precedente_;  // the last picture added
+    ImageParPlages precedente_;  // the last picture added (none at the start)
     std::vector<QRgb> tampon_, ligne_;            // a row of it, a row of the picture added
     std::unique_ptr<PaletteGif> palette_;         // the last frame's
     Erreur erreur_;

@@ -1,9 +1,12 @@
 #include "qt/image_en_bandes.h"
 
+#include "qt/surface_qpainter.h"
+
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace velorin {
 
@@ -56,13 +59,40 @@ Erreur ImageEnBandes::dessine(int k, const DessinSurface& dessin, const std::str
     const std::size_t pas = std::size_t(largeur_) * 4;
     auto* debut = reinterpret_cast<uchar*>(memoire_ + bande_ - std::size_t(premiere_) * pas);
     QImage image(debut, largeur_, hauteur_, qsizetype(pas), QImage::Format_RGB32);
-    for (int y = premiere_; y < fin; ++y) {
-        auto* l = reinterpret_cast<QRgb*>(image.scanLine(y));
-        std::fill(l, l + largeur_, QRgb(0xFF000000u));
-    }
+    auto remplis = [&](QRgb couleur) {
+        for (int y = premiere_; y < fin; ++y) {
+            auto* l = reinterpret_cast<QRgb*>(image.scanLine(y));
+            std::fill(l, l + largeur_, couleur);
+        }
+    };
+    remplis(QRgb(0xFF000000u));
     if (premiere_ == 0 && fin == hauteur_)
         return dessineSurImage(image, dessin, cible);
-    return dessineSurImage(image, dessin, cible, LignesImage{premiere_, fin});
+    // The first band notes the rows the drawing reaches; a later band that
+    // it never reaches holds the clearing's colour only, and is not drawn.
+    if (k == 0) {
+        atteintes_.atteinte.assign(std::size_t(hauteur_), 0);
+        atteintes_.fond.reset();
+    } else if (std::find(atteintes_.atteinte.begin() + premiere_, atteintes_.atteinte.begin() + fin, 1) ==
+               atteintes_.atteinte.begin() + fin) {
+        if (atteintes_.fond)
+            remplis(couleurQt(*atteintes_.fond).rgb());
+        return {};
+    }
+    Erreur erreur =
+        dessineSurImage(image, dessin, cible, LignesImage{premiere_, fin, k == 0 ? &atteintes_ : nullptr});
+    // The pages of the two corner pixels outside the band are given back:
+    // each band has its own.
+    const std::size_t page = std::size_t(sysconf(_SC_PAGESIZE));
+    auto rends = [&](const uchar* pixel) {
+        auto* debutPage = reinterpret_cast<char*>(reinterpret_cast<std::uintptr_t>(pixel) & ~std::uintptr_t(page - 1));
+        if (debutPage + page > memoire_ + bande_ && debutPage < memoire_ + bande_ + std::size_t(fin - premiere_) * pas)
+            return;  // a page of the band itself
+        madvise(debutPage, page, MADV_DONTNEED);
+    };
+    rends(image.constScanLine(0));
+    rends(image.constScanLine(hauteur_ - 1) + pas - 4);
+    return erreur;
 }
 
 }  // namespace velorin

@@ -12,6 +12,7 @@
 
 #include "base/erreur.h"
 #include "qt/dessin_fichier.h"
+#include "qt/surface_qpainter.h"
 
 namespace velorin {
 
@@ -37,6 +38,7 @@ private:
     char* memoire_ = nullptr;
     std::size_t taille_ = 0, bande_ = 0;  // the reservation, and where the band's memory starts in it
     int largeur_ = 0, hauteur_ = 0, lignes_ = 1, bandes_ = 0, premiere_ = 0;
+    LignesAtteintes atteintes_;  // the rows the first band's drawing reaches
 };
 
 }  // namespace velorin

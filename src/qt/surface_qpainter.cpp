@@ -4,6 +4,7 @@
 #include <QPaintDevice>
 #include <sys/mman.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -111,6 +112,16 @@ SurfaceQPainter::~SurfaceQPainter()
     Acheve();
 }
 
+bool SurfaceQPainter::atteint(double haut, double bas, double marge)
+{
+    if (atteintes_ && !atteintes_->atteinte.empty()) {
+        const double n = double(atteintes_->atteinte.size());
+        const double de = std::clamp(std::floor(haut - marge), 0.0, n), a = std::clamp(std::ceil(bas + marge) + 1, 0.0, n);
+        std::fill(atteintes_->atteinte.begin() + std::ptrdiff_t(de), atteintes_->atteinte.begin() + std::ptrdiff_t(a), 1);
+    }
+    return bas + marge >= ligneDebut_ && haut - marge < ligneFin_;
+}
+
 double SurfaceQPainter::epaisseur(int largeur) const
 {
     return std::max(1, largeur) * twipsParPixelEcran * kx_;
@@ -152,7 +163,7 @@ void SurfaceQPainter::Acheve()
     }
     // Antialiasing reaches a pixel beyond half the pen's width.
     const QRectF boite = trait_.boundingRect();
-    if (!horsDesLignes(boite.top(), boite.bottom(), epaisseur(traitLargeur_) / 2 + 2)) {
+    if (atteint(boite.top(), boite.bottom(), epaisseur(traitLargeur_) / 2 + 2)) {
         painter_->setPen(stylo(traitCouleur_, traitLargeur_, traitStyle_));
         painter_->setBrush(Qt::NoBrush);
         painter_->drawPolyline(trait_);
@@ -195,7 +206,7 @@ void SurfaceQPainter::PSet(double x, double y, Couleur couleur)
     const QPointF c = point(x, y);
     const QRectF carre(std::floor(c.x() - cote / 2 + 0.5), std::floor(c.y() - cote / 2 + 0.5),
                        std::max(1.0, std::round(cote)), std::max(1.0, std::round(cote)));
-    if (!horsDesLignes(carre.top(), carre.bottom(), 1))
+    if (atteint(carre.top(), carre.bottom(), 1))
         painter_->fillRect(carre, couleurQt(couleur));
     CurrentX = x;
     CurrentY = y;
@@ -205,7 +216,7 @@ void SurfaceQPainter::Circle(double x, double y, double rayon, Couleur couleur)
 {
     Acheve();
     const QPointF c = point(x, y);
-    if (horsDesLignes(c.y() - std::abs(rayon * ky_), c.y() + std::abs(rayon * ky_), epaisseur(DrawWidth) / 2 + 2))
+    if (!atteint(c.y() - std::abs(rayon * ky_), c.y() + std::abs(rayon * ky_), epaisseur(DrawWidth) / 2 + 2))
         return;
     painter_->setPen(stylo(couleur, DrawWidth, DrawStyle));
     painter_->setBrush(Qt::NoBrush);
@@ -219,7 +230,11 @@ void SurfaceQPainter::Print(const std::string& texte)
     painter_->setFont(f);
     painter_->setPen(couleurQt(ForeColor));
     const QFontMetricsF m(f, painter_->device());
-    painter_->drawText(point(CurrentX, CurrentY) + QPointF(0, m.ascent()), QString::fromStdString(texte));
+    const QPointF coin = point(CurrentX, CurrentY);
+    // A line of text stays within its height; a whole height more is kept
+    // for what a font draws beyond it.
+    if (atteint(coin.y(), coin.y() + m.height(), m.height() + 2))
+        painter_->drawText(coin + QPointF(0, m.ascent()), QString::fromStdString(texte));
     CurrentX = 0;
     CurrentY += TextHeight();
 }
@@ -228,6 +243,8 @@ void SurfaceQPainter::Clear(Couleur fond)
 {
     trait_.clear();
     painter_->fillRect(QRectF(0, 0, largeur_ * kx_, hauteur_ * ky_), couleurQt(fond));
+    if (atteintes_)
+        atteintes_->fond = fond;
     CurrentX = 0;
     CurrentY = 0;
 }
@@ -241,7 +258,7 @@ void SurfaceQPainter::Face(const double* xs, const double* ys, int n, Couleur co
     for (int i = 0; i < n; ++i)
         face_[i] = point(xs[i], ys[i]);
     const QRectF boite = face_.boundingRect();
-    if (horsDesLignes(boite.top(), boite.bottom(), 2))
+    if (!atteint(boite.top(), boite.bottom(), 2))
         return;
     const QColor c = couleurQt(couleur);
     if (matriciel_) {

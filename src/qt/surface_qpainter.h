@@ -32,6 +32,8 @@
 #include <QString>
 #include <cmath>
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "view/surface.h"
 
@@ -39,6 +41,13 @@ namespace velorin {
 
 // The Qt font of a surface's current font state (8 points when its size is not positive).
 QFont policeDe(const Surface& s);
+
+// The device rows a drawing may have reached, and the colour it was last
+// cleared to: every other row holds that colour only.
+struct LignesAtteintes {
+    std::vector<char> atteinte;     // one per device row
+    std::optional<Couleur> fond{};  // none: never cleared
+};
 
 class SurfaceQPainter : public Surface {
 public:
@@ -64,14 +73,17 @@ public:
     double TextHeight() const override;
     void Acheve() override;
 
-    // Leaves out the lines, points, circles and faces that cannot reach the
-    // device rows [debut, fin): the painter is kept to those rows by its
-    // clip, so this changes no pixel and only spares the work.
+    // Leaves out the lines, points, circles, faces and texts that cannot
+    // reach the device rows [debut, fin): the painter is kept to those rows
+    // by its clip, so this changes no pixel and only spares the work.
     void limiteAuxLignes(double debut, double fin)
     {
         ligneDebut_ = debut;
         ligneFin_ = fin;
     }
+    // Notes in `lignes` (kept alive by the caller) the device rows that each
+    // drawing may reach, whether drawn or left out.
+    void noteLignes(LignesAtteintes* lignes) { atteintes_ = lignes; }
 
     // Twips per logical pixel of the device (15 at 96 dpi).
     double twipsParPixel() const { return 1 / kx_; }
@@ -83,11 +95,10 @@ private:
     // Pen width of `largeur` pixels, in device units.
     double epaisseur(int largeur) const;
     QPen stylo(Couleur couleur, int largeur, int style) const;
-    // Whether device rows haut..bas, widened by `marge`, miss the rows drawn.
-    bool horsDesLignes(double haut, double bas, double marge) const
-    {
-        return bas + marge < ligneDebut_ || haut - marge >= ligneFin_;
-    }
+    // Whether a drawing over device rows haut..bas, whose pixels reach at
+    // most `marge` beyond, is to be drawn (see limiteAuxLignes); its rows are
+    // noted (see noteLignes).
+    bool atteint(double haut, double bas, double marge);
 
     std::unique_ptr<QPainter> propre_;  // the painter this surface began, if any
     QPainter* painter_ = nullptr;
@@ -96,6 +107,7 @@ private:
     bool matriciel_ = true;   // the device is a bitmap
     QPolygonF face_;          // reused by Face
     double ligneDebut_ = -HUGE_VAL, ligneFin_ = HUGE_VAL;  // see limiteAuxLignes
+    LignesAtteintes* atteintes_ = nullptr;                 // see noteLignes
 
     // The polyline being gathered and the pen it was started with.
     QPolygonF trait_;

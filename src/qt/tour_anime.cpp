@@ -140,13 +140,13 @@ ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const Demande
         GifAnime gif(fichier, d.largeurPx, d.hauteurPx);
         // The hidden parts are resolved against a depth picture of the whole
         // size: drawing them in bands would save no memory.
-        int lignes = d.lignesParBande > 0 ? d.lignesParBande : (1 << 19) / (4 * std::max(1, d.largeurPx));
+        int lignes = d.lignesParBande > 0 ? d.lignesParBande : (1 << 18) / (4 * std::max(1, d.largeurPx));
         if (etat.fenetre.modeEspace && renduCache(etat.rendu))
             lignes = d.hauteurPx;
         ImageEnBandes image(d.largeurPx, d.hauteurPx, lignes);
+        ImageParPlages plages(d.largeurPx);
+        Etat avant, copie;  // kept from picture to picture: their memory is reused
         for (std::size_t i = 0; i < suite.vues.size(); ++i) {
-            ImageParPlages plages(d.largeurPx, d.hauteurPx);
-            Etat avant;
             ReponsesDuRedessin reponses;
             for (int k = 0; k < std::max(1, image.bandes()); ++k) {
                 // The first band is the picture's redraw; each next one draws
@@ -157,15 +157,15 @@ ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const Demande
                         avant = etat;
                         return redessine(etat, surface, enregistre(quoi, reponses));
                     }
-                    Etat copie = avant;
+                    copie = avant;
                     return redessine(copie, surface, rejoue(quoi, reponses));
                 };
                 if ((r.erreur = image.dessine(k, dessin, d.sortie)))
                     return r;
                 for (int y = image.premiereLigne(k); y < image.premiereLigne(k + 1); ++y)
-                    plages.ecris(y, image.ligne(y));
+                    plages.ajoute(image.ligne(y));
             }
-            if ((r.erreur = gif.ajoute(std::move(plages), suite.intervalleMs)))
+            if ((r.erreur = gif.ajoute(plages, suite.intervalleMs)))
                 return r;
         }
         if ((r.erreur = gif.termine()) || (r.erreur = fichier.termine()))

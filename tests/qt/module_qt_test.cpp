@@ -205,10 +205,12 @@ TEST(TourAnime, ToutOuRien)
 
 // A picture drawn band after band is the whole picture bit for bit, whatever the bands' height: wide,
 // dashed and dotted lines, polylines, points, circles, faces and texts across the bands' edges (a clip that
-// changes how the painter computes a line, or a drawing left out too near its band, changes pixels).
+// changes how the painter computes a line, or a drawing left out too near its band, changes pixels); and a
+// drawing gathered in a few rows, whose other bands are not drawn but filled with the clearing's colour
+// (a band skipped though a text or a line reaches it, or filled with another colour, changes pixels).
 TEST(ImageEnBandes, ChaqueBandeEstLImageEntiere)
 {
-    const auto dessin = [](Surface& s) -> Erreur {
+    const auto partout = [](Surface& s) -> Erreur {
         s.Clear(0x201008);
         std::mt19937 g(7);
         std::uniform_real_distribution<double> X(-600, 5100), Y(-600, 3600), D(-3000, 3000);
@@ -236,17 +238,30 @@ TEST(ImageEnBandes, ChaqueBandeEstLImageEntiere)
         }
         return {};
     };
-    QImage entiere = imagePourSurface(300, 200);
-    ASSERT_FALSE(dessineSurImage(entiere, dessin, ""));
-    for (const int lignes : {1, 7, 64, 200}) {
-        ImageEnBandes bandes(300, 200, lignes);
-        int fausses = 0;
-        for (int k = 0; k < bandes.bandes(); ++k) {
-            ASSERT_FALSE(bandes.dessine(k, dessin, ""));
-            for (int y = bandes.premiereLigne(k); y < bandes.premiereLigne(k + 1); ++y)
-                fausses += std::memcmp(bandes.ligne(y), entiere.constScanLine(y), 300 * 4) != 0;
+    // Rows 60 to 140 of 200: a text, a wide line and a circle near the edges of that stripe.
+    const auto auMilieu = [](Surface& s) -> Erreur {
+        s.Clear(0x996633);
+        s.CurrentX = 300;
+        s.CurrentY = 60 * 15;
+        s.Print("Tore");
+        s.DrawWidth = 3;
+        s.Line(150, 139 * 15, 4000, 120 * 15, 0xFFFFFF);
+        s.Circle(2000, 100 * 15, 40 * 15, 0x00FF00);
+        return {};
+    };
+    for (const auto& [nom, dessin] : {std::pair{"partout", DessinSurface(partout)}, {"au milieu", auMilieu}}) {
+        QImage entiere = imagePourSurface(300, 200);
+        ASSERT_FALSE(dessineSurImage(entiere, dessin, ""));
+        for (const int lignes : {1, 7, 64, 200}) {
+            ImageEnBandes bandes(300, 200, lignes);
+            int fausses = 0;
+            for (int k = 0; k < bandes.bandes(); ++k) {
+                ASSERT_FALSE(bandes.dessine(k, dessin, ""));
+                for (int y = bandes.premiereLigne(k); y < bandes.premiereLigne(k + 1); ++y)
+                    fausses += std::memcmp(bandes.ligne(y), entiere.constScanLine(y), 300 * 4) != 0;
+            }
+            EXPECT_EQ(fausses, 0) << nom << ", bandes de " << lignes << " lignes";
         }
-        EXPECT_EQ(fausses, 0) << "bandes de " << lignes << " lignes";
     }
 }
 
