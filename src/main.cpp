@@ -3,6 +3,7 @@
 // --version answer before anything of Qt is started, so that they work
 // everywhere.
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
 #include <filesystem>
@@ -78,6 +79,16 @@ int ouvreFenetre(int argc, char** argv)
     return 2;
 }
 
+// The end of a sub-command that drew with Qt: every file is written and
+// closed and the standard output flushed by the command itself; the process
+// ends here without tearing down the libraries' statics (Qt's fonts among
+// them), which would only bring their code back into memory for nothing.
+[[noreturn]] void termineSansDemontage(int statut)
+{
+    std::fflush(nullptr);
+    std::_Exit(statut);
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -114,11 +125,11 @@ int main(int argc, char** argv)
     if (egal(commande, "calcule"))
         return commandeCalcule(argc - 1, argv + 1);
     if (egal(commande, "exporte"))
-        return commandeExporte(argc - 1, argv + 1);
+        termineSansDemontage(commandeExporte(argc - 1, argv + 1));
     if (egal(commande, "catalogue"))
         return commandeCatalogue(argc - 1, argv + 1);
     if (egal(commande, "sansfenetre"))
-        return commandeSansFenetre(argc - 1, argv + 1);
+        termineSansDemontage(commandeSansFenetre(argc - 1, argv + 1));
     std::fprintf(stderr, "velorin : commande inconnue %s.\n%s", texteCite(commande).c_str(), kUsage);
     return 2;
 }

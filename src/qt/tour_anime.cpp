@@ -140,7 +140,7 @@ ResultatTour exporteTour(Etat& etat, const EtatRotation& rotation, const Demande
         GifAnime gif(fichier, d.largeurPx, d.hauteurPx);
         // The hidden parts are resolved against a depth picture of the whole
         // size: drawing them in bands would save no memory.
-        int lignes = d.lignesParBande > 0 ? d.lignesParBande : (1 << 18) / (4 * std::max(1, d.largeurPx));
+        int lignes = d.lignesParBande > 0 ? d.lignesParBande : (1 << 17) / (4 * std::max(1, d.largeurPx));
         if (etat.fenetre.modeEspace && renduCache(etat.rendu))
             lignes = d.hauteurPx;
         ImageEnBandes image(d.largeurPx, d.hauteurPx, lignes);

@@ -32,8 +32,8 @@ struct DemandeTour {
     // Called before each picture is drawn, with its number (from 1) and the
     // number of pictures.
     std::function<void(int, int)> image{};
-    // The rows of a GIF picture drawn at a time (0: as many as fit in a
-    // quarter of a megabyte); each band is the same redraw again.
+    // The rows of a GIF picture drawn at a time (0: as many as fit in 128
+    // kilobytes); each band is the same redraw again.
     int lignesParBande = 0;
 };
 
