@@ -162,7 +162,7 @@ void SurfaceQPainter::Acheve()
         return;
     }
     // Antialiasing reaches a pixel beyond half the pen's width.
-    const QRectF boite = trait_.boundingRect();
+    const QRectF boite = borne_ ? trait_.boundingRect() : QRectF();
     if (atteint(boite.top(), boite.bottom(), epaisseur(traitLargeur_) / 2 + 2)) {
         painter_->setPen(stylo(traitCouleur_, traitLargeur_, traitStyle_));
         painter_->setBrush(Qt::NoBrush);
@@ -257,7 +257,7 @@ void SurfaceQPainter::Face(const double* xs, const double* ys, int n, Couleur co
     face_.resize(n);
     for (int i = 0; i < n; ++i)
         face_[i] = point(xs[i], ys[i]);
-    const QRectF boite = face_.boundingRect();
+    const QRectF boite = borne_ ? face_.boundingRect() : QRectF();
     if (!atteint(boite.top(), boite.bottom(), 2))
         return;
     const QColor c = couleurQt(couleur);

@@ -80,10 +80,15 @@ public:
     {
         ligneDebut_ = debut;
         ligneFin_ = fin;
+        borne_ = true;
     }
     // Notes in `lignes` (kept alive by the caller) the device rows that each
     // drawing may reach, whether drawn or left out.
-    void noteLignes(LignesAtteintes* lignes) { atteintes_ = lignes; }
+    void noteLignes(LignesAtteintes* lignes)
+    {
+        atteintes_ = lignes;
+        borne_ = borne_ || lignes;
+    }
 
     // Twips per logical pixel of the device (15 at 96 dpi).
     double twipsParPixel() const { return 1 / kx_; }
@@ -108,6 +113,7 @@ private:
     QPolygonF face_;          // reused by Face
     double ligneDebut_ = -HUGE_VAL, ligneFin_ = HUGE_VAL;  // see limiteAuxLignes
     LignesAtteintes* atteintes_ = nullptr;                 // see noteLignes
+    bool borne_ = false;  // rows limited or noted: the extent of each drawing is needed
 
     // The polyline being gathered and the pen it was started with.
     QPolygonF trait_;
