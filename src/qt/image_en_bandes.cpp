@@ -1,12 +1,12 @@
 #include "qt/image_en_bandes.h"
 
-#include "qt/surface_qpainter.h"
-
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
+
+#include "qt/surface_qpainter.h"
 
 namespace velorin {
 

@@ -28,8 +28,11 @@ public:
     int bandes() const { return bandes_; }
     // Rows [premiereLigne(k), premiereLigne(k + 1)) make band k.
     int premiereLigne(int k) const { return std::min(hauteur_, k * lignes_); }
-    // Band k's rows cleared to black, then `dessin` drawn over them. A
-    // failure of the painter names `cible`.
+    // Band k's rows cleared to black, then `dessin` drawn over them. Band 0
+    // comes first: it notes the rows its drawing reaches, and a later band
+    // that none of them falls in is filled with the colour the drawing was
+    // cleared to, without drawing it again. A failure of the painter names
+    // `cible`.
     Erreur dessine(int k, const DessinSurface& dessin, const std::string& cible);
     // Row y of the band drawn last.
     const QRgb* ligne(int y) const;
