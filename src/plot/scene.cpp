@@ -9,6 +9,32 @@
 
 namespace velorin {
 
+namespace {
+
+// The font of `de` given to `vers`: the scene measures and draws its texts
+// on the real surface with its own font.
+void copiePolice(const Surface& de, Surface& vers)
+{
+    vers.FontName = de.FontName;
+    vers.FontSize = de.FontSize;
+    vers.FontBold = de.FontBold;
+    vers.FontItalic = de.FontItalic;
+    vers.FontUnderline = de.FontUnderline;
+}
+
+// The position, pen and font of `de` given to `vers`.
+void copiePlume(const Surface& de, Surface& vers)
+{
+    vers.CurrentX = de.CurrentX;
+    vers.CurrentY = de.CurrentY;
+    vers.ForeColor = de.ForeColor;
+    vers.DrawWidth = de.DrawWidth;
+    vers.DrawStyle = de.DrawStyle;
+    copiePolice(de, vers);
+}
+
+}  // namespace
+
 // A redraw while the view is dragged finds its memory ready: no growing and
 // no asking the system again for what the previous redraw used.
 struct Scene::Memoire {
@@ -55,16 +81,7 @@ Scene::Scene(Surface& cible, const Parametres& p, const Vue& v, StyleRendu style
     : cible_(cible), p_(p), v_(v), style_(style)
 {
     echange(memoire());
-    CurrentX = cible.CurrentX;
-    CurrentY = cible.CurrentY;
-    ForeColor = cible.ForeColor;
-    DrawWidth = cible.DrawWidth;
-    DrawStyle = cible.DrawStyle;
-    FontName = cible.FontName;
-    FontSize = cible.FontSize;
-    FontBold = cible.FontBold;
-    FontItalic = cible.FontItalic;
-    FontUnderline = cible.FontUnderline;
+    copiePlume(cible, *this);
 }
 
 double Scene::profondeurDe(const Point3& a) const
@@ -138,21 +155,13 @@ void Scene::Clear(Couleur fond)
 
 double Scene::TextWidth(const std::string& texte) const
 {
-    cible_.FontName = FontName;
-    cible_.FontSize = FontSize;
-    cible_.FontBold = FontBold;
-    cible_.FontItalic = FontItalic;
-    cible_.FontUnderline = FontUnderline;
+    copiePolice(*this, cible_);
     return cible_.TextWidth(texte);
 }
 
 double Scene::TextHeight() const
 {
-    cible_.FontName = FontName;
-    cible_.FontSize = FontSize;
-    cible_.FontBold = FontBold;
-    cible_.FontItalic = FontItalic;
-    cible_.FontUnderline = FontUnderline;
+    copiePolice(*this, cible_);
     return cible_.TextHeight();
 }
 
@@ -293,16 +302,7 @@ void Scene::resous()
     for (std::size_t i = apresEffacement; i < operations_.size(); ++i)
         rejoue(operations_[i], image);
 
-    cible_.CurrentX = CurrentX;
-    cible_.CurrentY = CurrentY;
-    cible_.ForeColor = ForeColor;
-    cible_.DrawWidth = DrawWidth;
-    cible_.DrawStyle = DrawStyle;
-    cible_.FontName = FontName;
-    cible_.FontSize = FontSize;
-    cible_.FontBold = FontBold;
-    cible_.FontItalic = FontItalic;
-    cible_.FontUnderline = FontUnderline;
+    copiePlume(*this, cible_);
     oublie();
 }
 
