@@ -16,7 +16,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <fstream>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -31,6 +30,8 @@
 #include "view/rotation.h"
 #include "view/souris.h"
 #include "view/surface_enregistreuse.h"
+
+#include "noms_galerie.h"
 
 using namespace velorin;
 
@@ -48,21 +49,6 @@ const Galerie galeries[] = {
     {true, "Espace_courbes", "Lisurf.lsu", "Lisurf.txt"},
     {false, "Plan_courbes", "Lico.lsu", "Lico.txt"},
 };
-
-// The entries' names: the comment line just above each entry of the source.
-std::vector<std::string> nomsDesEntrees(const Galerie& g)
-{
-    std::ifstream f(std::string(VELORIN_SOURCE_DIR) + "/data/sources/" + g.source);
-    std::vector<std::string> noms;
-    std::string ligne, commentaire;
-    while (std::getline(f, ligne)) {
-        if (ligne.rfind("# ", 0) == 0)
-            commentaire = ligne.substr(2);
-        else if (!ligne.empty() && ligne[0] != '#')
-            noms.push_back(commentaire);
-    }
-    return noms;
-}
 
 // The state the window has after the entry was sent: parameters read, view
 // calibrated for the drawing area, the curve in row 1 of the drawn-curves
@@ -143,7 +129,7 @@ int main(int argc, char** argv)
     // The drawing runs in a process that has started Qt, as in the program.
     assureApplication();
     for (const Galerie& g : galeries) {
-        const std::vector<std::string> noms = nomsDesEntrees(g);
+        const std::vector<std::string> noms = nomsDesEntrees(g.source);
         for (std::size_t i = 0; i < noms.size(); ++i) {
             const int entree = int(i) + 1;
             const std::string nom = std::string(g.espace ? "espace/" : "plan/") + (entree < 10 ? "0" : "") +

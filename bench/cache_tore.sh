@@ -21,10 +21,7 @@ n=5
 if [ "${1:-}" = -n ]; then n=$2; shift 2; fi
 [ $# -ge 1 ] || { echo "usage : cache_tore.sh [-n N] VELORIN [VELORIN ...]" >&2; exit 2; }
 source "$(dirname "${BASH_SOURCE[0]}")/commun.sh"
-verifieOutils
-dossier=$(mktemp -d)
-trap 'rm -rf "$dossier"' EXIT
-entree=$(toreDansCatalogue "$1" "$dossier") || exit 2
+prepareDossierTore "$1"
 pas=0.0315578  # 6.28 / 199
 memoireParametres "$dossier/mem.log" "$pas" 4 7.5,5,5.5 -7.5,-5,-5.5
 # ARG1: the terminal (pngcairo or svg), ARG2: the output.

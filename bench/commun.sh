@@ -20,6 +20,15 @@ toreDansCatalogue() {
     "$1" catalogue liste "$2/tore.lsu" | wc -l
 }
 
+# The folder of a measure, removed when the script ends, holding the torus
+# catalogue made from the gallery beside VELORIN: sets `dossier` and `entree`.
+prepareDossierTore() {
+    verifieOutils
+    dossier=$(mktemp -d)
+    trap 'rm -rf "$dossier"' EXIT
+    entree=$(toreDansCatalogue "$1" "$dossier") || exit 2
+}
+
 # Median and spread of a list of numbers: "median (min-max)".
 resume() {
     tr ' ' '\n' <<<"$1" | grep . | sort -g |

@@ -18,10 +18,7 @@ n=5
 if [ "${1:-}" = -n ]; then n=$2; shift 2; fi
 [ $# -ge 1 ] || { echo "usage : gif_tour.sh [-n N] VELORIN [VELORIN ...]" >&2; exit 2; }
 source "$(dirname "${BASH_SOURCE[0]}")/commun.sh"
-verifieOutils
-dossier=$(mktemp -d)
-trap 'rm -rf "$dossier"' EXIT
-entree=$(toreDansCatalogue "$1" "$dossier") || exit 2
+prepareDossierTore "$1"
 pas=0.0634343  # 6.28 / 99
 memoireParametres "$dossier/mem.log" "$pas"
 cat >"$dossier/tore.gp" <<'FIN'

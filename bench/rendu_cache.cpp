@@ -15,7 +15,6 @@
 #include <QImage>
 
 #include <cstdlib>
-#include <fstream>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -33,6 +32,8 @@
 #include "view/souris.h"
 #include "view/surface_enregistreuse.h"
 
+#include "noms_galerie.h"
+
 using namespace velorin;
 
 namespace {
@@ -43,21 +44,6 @@ constexpr double W = kLargeur * twipsParPixelEcran, H = kHauteur * twipsParPixel
 const StyleRendu styles[] = {StyleRendu::FilDeFer, StyleRendu::Pointilles, StyleRendu::Effaces,
                              StyleRendu::FacesOmbrees};
 const char* const nomsStyles[] = {"filaire", "pointilles", "effaces", "faces"};
-
-// The entries' names: the comment line just above each entry of the source.
-std::vector<std::string> nomsDesEntrees()
-{
-    std::ifstream f(std::string(VELORIN_SOURCE_DIR) + "/data/sources/Lisurf.txt");
-    std::vector<std::string> noms;
-    std::string ligne, commentaire;
-    while (std::getline(f, ligne)) {
-        if (ligne.rfind("# ", 0) == 0)
-            commentaire = ligne.substr(2);
-        else if (!ligne.empty() && ligne[0] != '#')
-            noms.push_back(commentaire);
-    }
-    return noms;
-}
 
 // The state after the entry was sent once (on a journal that goes nowhere):
 // its row 1 in the table, the view calibrated for 1600 x 1000.
@@ -94,7 +80,7 @@ void redessineLigne(Etat& e, QImage& image)
 {
     ajusteVue(e, W, H);
     SurfaceQPainter surface(image, W, H);
-    redessine(e, surface, Redessin{.lignes = {1}, .etiquettes = false});
+    static_cast<void>(redessine(e, surface, Redessin{.lignes = {1}, .etiquettes = false}));
     surface.Acheve();
 }
 
@@ -164,7 +150,7 @@ int main(int argc, char** argv)
         const std::string nom = std::string("Tore/") + nomsStyles[s];
         benchmark::RegisterBenchmark(nom.c_str(), Tore, styles[s], nom)->Unit(benchmark::kMillisecond);
     }
-    const std::vector<std::string> noms = nomsDesEntrees();
+    const std::vector<std::string> noms = nomsDesEntrees("Lisurf.txt");
     for (std::size_t i = 0; i < noms.size(); ++i)
         for (int s = 0; s < 4; ++s) {
             const int entree = int(i) + 1;

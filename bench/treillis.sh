@@ -24,10 +24,7 @@ while [ $# -gt 0 ]; do
 done
 [ $# -ge 1 ] || { echo "usage : treillis.sh [-n N] [-p \"800 200\"] VELORIN [VELORIN ...]" >&2; exit 2; }
 source "$(dirname "${BASH_SOURCE[0]}")/commun.sh"
-verifieOutils
-dossier=$(mktemp -d)
-trap 'rm -rf "$dossier"' EXIT
-entree=$(toreDansCatalogue "$1" "$dossier") || exit 2
+prepareDossierTore "$1"
 cat >"$dossier/tore.gp" <<'FIN'
 set term pngcairo size 1600,1000
 set output ARG1
