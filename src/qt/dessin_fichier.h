@@ -11,11 +11,12 @@
 
 #include "base/ecriture.h"
 #include "base/erreur.h"
-#include "qt/surface_qpainter.h"
 #include "qt/surface_tikz.h"
 #include "view/surface.h"
 
 namespace velorin {
+
+struct LignesAtteintes;  // qt/surface_qpainter.h
 
 // The output formats, from the extension of the output file (case ignored).
 // A ".fig" is not a picture: the command line writes the figure of what it
