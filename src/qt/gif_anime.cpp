@@ -16,12 +16,82 @@ struct Rectangle {
     int x = 0, y = 0, l = 0, h = 0;
 };
 
+// A run is written as a number in 7-bit groups, lowest first, the top bit of
+// each byte saying that another follows: the colour's number times 16 plus the
+// run's length when it is below 16 (0 otherwise, the length less 16 then
+// following as a number of its own). Colour number 0 is a colour written out
+// (three bytes) after the run; the numbers from 1 name the picture's first
+// colours in the order they appear.
+constexpr std::uint32_t couleursNumerotees = 4095;
+constexpr std::size_t tailleTable = 8192;  // twice the numbered colours: short probes
+
+void ecrisNombre(std::vector<std::uint8_t>& octets, std::uint32_t v)
+{
+    while (v >= 0x80) {
+        octets.push_back(std::uint8_t(v | 0x80));
+        v >>= 7;
+    }
+    octets.push_back(std::uint8_t(v));
+}
+
+std::uint32_t lisNombre(const std::uint8_t*& p)
+{
+    std::uint32_t v = 0;
+    for (int decalage = 0;; decalage += 7) {
+        const std::uint8_t o = *p++;
+        v |= std::uint32_t(o & 0x7F) << decalage;
+        if (!(o & 0x80))
+            return v;
+    }
+}
+
 }  // namespace
+
+// A run read back: its colour (0xRRGGBB) and length.
+struct ImageParPlages::Plage {
+    std::uint32_t couleur;
+    int longueur;
+};
+
+ImageParPlages::Plage ImageParPlages::lisPlage(const std::uint8_t*& p) const
+{
+    const std::uint32_t v = lisNombre(p);
+    Plage plage{0, int(v & 15)};
+    if (plage.longueur == 0)
+        plage.longueur = int(lisNombre(p)) + 16;
+    if (const std::uint32_t numero = v >> 4)
+        plage.couleur = couleurs_[numero - 1];
+    else {
+        plage.couleur = std::uint32_t(p[0]) << 16 | std::uint32_t(p[1]) << 8 | p[2];
+        p += 3;
+    }
+    return plage;
+}
+
+std::uint32_t ImageParPlages::numero(std::uint32_t couleur)
+{
+    if (table_.empty())
+        table_.assign(tailleTable, 0);
+    std::size_t k = (couleur * 0x9E3779B1u) >> 19;  // 13 bits: the table's size
+    for (;; k = (k + 1) & (tailleTable - 1)) {
+        if (table_[k] == 0) {
+            if (couleurs_.size() == couleursNumerotees)
+                return 0;
+            couleurs_.push_back(couleur);
+            table_[k] = std::uint16_t(couleurs_.size());
+            return table_[k];
+        }
+        if (couleurs_[table_[k] - 1u] == couleur)
+            return table_[k];
+    }
+}
 
 void ImageParPlages::efface()
 {
-    mots_.clear();
+    octets_.clear();
     debuts_.assign(1, 0);
+    couleurs_.clear();
+    std::fill(table_.begin(), table_.end(), 0);
 }
 
 void ImageParPlages::ajoute(const QRgb* pixels)
@@ -29,29 +99,42 @@ void ImageParPlages::ajoute(const QRgb* pixels)
     for (int x = 0; x < largeur_;) {
         const std::uint32_t c = pixels[x] & 0xFFFFFF;
         int n = 1;
-        while (n < 256 && x + n < largeur_ && (pixels[x + n] & 0xFFFFFF) == c)
+        while (x + n < largeur_ && (pixels[x + n] & 0xFFFFFF) == c)
             ++n;
-        mots_.push_back(std::uint32_t(n - 1) << 24 | c);
+        const std::uint32_t num = numero(c);
+        ecrisNombre(octets_, num << 4 | std::uint32_t(n < 16 ? n : 0));
+        if (n >= 16)
+            ecrisNombre(octets_, std::uint32_t(n - 16));
+        if (num == 0)
+            octets_.insert(octets_.end(), {std::uint8_t(c >> 16), std::uint8_t(c >> 8), std::uint8_t(c)});
         x += n;
     }
-    debuts_.push_back(mots_.size());
+    debuts_.push_back(octets_.size());
 }
 
 void ImageParPlages::lis(int y, QRgb* pixels) const
 {
-    for (std::size_t k = debuts_[std::size_t(y)]; k < debuts_[std::size_t(y) + 1]; ++k) {
-        const int n = int(mots_[k] >> 24) + 1;
-        std::fill_n(pixels, n, QRgb(0xFF000000u | (mots_[k] & 0xFFFFFF)));
-        pixels += n;
+    const std::uint8_t* p = octets_.data() + debuts_[std::size_t(y)];
+    for (int x = 0; x < largeur_;) {
+        const Plage plage = lisPlage(p);
+        std::fill_n(pixels + x, plage.longueur, QRgb(0xFF000000u | plage.couleur));
+        x += plage.longueur;
     }
 }
 
 bool ImageParPlages::memeLigne(int y, const ImageParPlages& autre) const
 {
-    const auto i = std::size_t(y);
-    return std::equal(mots_.begin() + std::ptrdiff_t(debuts_[i]), mots_.begin() + std::ptrdiff_t(debuts_[i + 1]),
-                      autre.mots_.begin() + std::ptrdiff_t(autre.debuts_[i]),
-                      autre.mots_.begin() + std::ptrdiff_t(autre.debuts_[i + 1]));
+    // Runs are as long as they can be: two rows hold the same pixels when
+    // they have the same runs.
+    const std::uint8_t* p = octets_.data() + debuts_[std::size_t(y)];
+    const std::uint8_t* q = autre.octets_.data() + autre.debuts_[std::size_t(y)];
+    for (int x = 0; x < largeur_;) {
+        const Plage a = lisPlage(p), b = autre.lisPlage(q);
+        if (a.couleur != b.couleur || a.longueur != b.longueur)
+            return false;
+        x += a.longueur;
+    }
+    return true;
 }
 
 namespace {

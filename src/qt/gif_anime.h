@@ -28,12 +28,12 @@ namespace velorin {
 struct PaletteGif;
 
 // A picture kept by runs of one colour row by row: a drawing is mostly long
-// runs of its background, so it costs a few hundred kilobytes where the full
-// picture would take four bytes a pixel. A word holds a colour (0xRRGGBB) and
-// the run's length less one in its top byte (a longer run takes several
-// words), so that a row never takes more words than pixels, and two rows
-// with the same pixels have the same words. The rows follow one another in
-// one array, written in order; the pictures are opaque.
+// runs of its background and short runs of its lines' blends, so it costs a
+// few hundred kilobytes where the full picture would take four bytes a pixel.
+// A run takes a byte or two: its length and the colour's number in a list of
+// the picture's first 4095 colours (a later colour is written out whole).
+// Runs are as long as they can be. The rows follow one another in one array,
+// written in order; the pictures are opaque.
 class ImageParPlages {
 public:
     explicit ImageParPlages(int largeur = 0) : largeur_(largeur) { }
@@ -49,9 +49,14 @@ public:
     bool memeLigne(int y, const ImageParPlages& autre) const;
 
 private:
+    struct Plage;
+    Plage lisPlage(const std::uint8_t*& p) const;
+    std::uint32_t numero(std::uint32_t couleur);  // 0 when the list is full
     int largeur_;
-    std::vector<std::uint32_t> mots_;
-    std::vector<std::size_t> debuts_{0};  // where each row starts in mots_, then its end
+    std::vector<std::uint8_t> octets_;
+    std::vector<std::size_t> debuts_{0};  // where each row starts in octets_, then its end
+    std::vector<std::uint32_t> couleurs_;  // the numbered colours, number 1 first
+    std::vector<std::uint16_t> table_;     // colour numbers by hash of the colour (0: free)
 };
 
 class GifAnime {

@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <gif_lib.h>
 
+#include <algorithm>
 #include <cstring>
 #include <random>
 
@@ -105,6 +106,34 @@ TEST(GifAnime, ChaqueImageRelueAvecSonDelai)
         EXPECT_EQ(faux, 0) << "image " << i + 1;
     }
     EXPECT_EQ(relues[1].rectangle, QRect(5, 5, 15, 17));  // only where the picture changed
+}
+
+// Rows read back as added, and compared by their pixels, whatever the
+// numbers their colours got in each picture: runs longer than a byte can
+// count, more colours than the numbered list holds.
+TEST(ImageParPlages, LignesRelues)
+{
+    constexpr int L = 5000;
+    std::vector<QRgb> uni(L, 0xFFFFFFFFu), toutes(L), decale(L);
+    for (int x = 0; x < L; ++x)
+        toutes[std::size_t(x)] = 0xFF000000u | std::uint32_t(x * 2654435761u >> 8);
+    std::rotate_copy(toutes.begin(), toutes.begin() + 1, toutes.end(), decale.begin());
+    std::vector<QRgb> presque = uni;
+    presque.back() = 0xFF000001u;
+    ImageParPlages a(L), b(L);
+    for (const auto* ligne : {&uni, &toutes, &decale, &uni})
+        a.ajoute(ligne->data());
+    for (const auto* ligne : {&decale, &toutes, &toutes, &presque})
+        b.ajoute(ligne->data());
+    std::vector<QRgb> lue(L);
+    const std::vector<QRgb>* attendues[] = {&uni, &toutes, &decale, &uni};
+    for (int y = 0; y < 4; ++y) {
+        a.lis(y, lue.data());
+        EXPECT_TRUE(lue == *attendues[y]) << "ligne " << y;
+    }
+    const bool memes[] = {false, true, false, false};
+    for (int y = 0; y < 4; ++y)
+        EXPECT_EQ(a.memeLigne(y, b), memes[y]) << "ligne " << y;
 }
 
 // The journal of one redraw (clearing, then the frame) with the values of `vue`.
