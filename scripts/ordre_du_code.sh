@@ -1,8 +1,9 @@
 #!/bin/bash
 # Writes cmake/ordre_du_code.txt: the code sections of the functions that
 # velorin runs for the exports measured in bench/ (the full-turn GIF of the
-# torus trellis, its PNG with both families, its hidden-part PNG), in the
-# order they have in VELORIN. The link of the program lays these functions
+# torus trellis, its PNG with both families, its hidden-part PNG): those of
+# the GIF first, then those only the next exports run, each group in the
+# order it has in VELORIN. The link of the program lays these functions
 # out side by side (gold, --section-ordering-file), so that an export maps
 # into memory only the pages of the code it runs, not the whole program.
 #
@@ -44,15 +45,16 @@ python3 - "$velorin" "$arbre" "$racine/cmake/ordre_du_code.txt" "$dossier"/appel
 import bisect, glob, subprocess, sys
 velorin, arbre, sortie, appels = sys.argv[1], sys.argv[2], sys.argv[3], sys.argv[4:]
 
-# Addresses of the instructions run in the program, from every run.
-adresses = set()
-for fichier in appels:
+# Addresses of the instructions run in the program, each with the first run
+# that ran it.
+adresses = {}
+for rang, fichier in enumerate(appels):
     objet = None
     for ligne in open(fichier):
         if ligne.startswith("ob="):
             objet = ligne[3:].strip()
         elif objet == velorin and ligne.startswith("0x"):
-            adresses.add(int(ligne.split()[0], 16))
+            adresses.setdefault(int(ligne.split()[0], 16), rang)
 
 # The program's functions, by address; those with an instruction run.
 fonctions = []
@@ -63,11 +65,12 @@ for ligne in subprocess.run(["nm", "-S", "--defined-only", velorin], capture_out
         fonctions.append((int(champs[0], 16), int(champs[1], 16), champs[3]))
 fonctions.sort()
 debuts = [f[0] for f in fonctions]
-lancees = {}
-for a in adresses:
+lancees = {}  # name: (first run, address)
+for a, rang in adresses.items():
     i = bisect.bisect_right(debuts, a) - 1
     if i >= 0 and a < fonctions[i][0] + fonctions[i][1]:
-        lancees[fonctions[i][2]] = fonctions[i][0]
+        cle = (rang, fonctions[i][0])
+        lancees[fonctions[i][2]] = min(lancees.get(fonctions[i][2], cle), cle)
 
 # The section of each one in the objects linked into the program.
 sections = {}
