@@ -54,7 +54,7 @@ private:
     std::uint32_t numero(std::uint32_t couleur);  // 0 when the list is full
     int largeur_;
     std::vector<std::uint8_t> octets_;
-    std::vector<std::size_t> debuts_{0};  // where each row starts in octets_, then its end
+    std::vector<std::size_t> debuts_{0};   // where each row starts in octets_, then its end
     std::vector<std::uint32_t> couleurs_;  // the numbered colours, number 1 first
     std::vector<std::uint16_t> table_;     // colour numbers by hash of the colour (0: free)
 };
@@ -84,9 +84,9 @@ private:
     EcritureEntiere& fichier_;
     GifFileType* gif_ = nullptr;
     int largeur_, hauteur_;
-    ImageParPlages precedente_;  // the last picture added (none at the start)
-    std::vector<QRgb> tampon_, ligne_;            // a row of it, a row of the picture added
-    std::unique_ptr<PaletteGif> palette_;         // the last frame's
+    ImageParPlages precedente_;            // the last picture added (none at the start)
+    std::vector<QRgb> tampon_, ligne_;     // a row of it, a row of the picture added
+    std::unique_ptr<PaletteGif> palette_;  // the last frame's
     Erreur erreur_;
     bool ecritureEchouee_ = false;
 };
