@@ -23,7 +23,8 @@ struct Rectangle {
 // (three bytes) after the run; the numbers from 1 name the picture's first
 // colours in the order they appear.
 constexpr std::uint32_t couleursNumerotees = 4095;
-constexpr std::size_t tailleTable = 8192;  // twice the numbered colours: short probes
+constexpr int bitsTable = 13;
+constexpr std::size_t tailleTable = std::size_t(1) << bitsTable;  // twice the numbered colours: short probes
 
 void ecrisNombre(std::vector<std::uint8_t>& octets, std::uint32_t v)
 {
@@ -72,7 +73,7 @@ std::uint32_t ImageParPlages::numero(std::uint32_t couleur)
 {
     if (table_.empty())
         table_.assign(tailleTable, 0);
-    std::size_t k = (couleur * 0x9E3779B1u) >> 19;  // 13 bits: the table's size
+    std::size_t k = (couleur * 0x9E3779B1u) >> (32 - bitsTable);  // the hash's top bits
     for (;; k = (k + 1) & (tailleTable - 1)) {
         if (table_[k] == 0) {
             if (couleurs_.size() == couleursNumerotees)
